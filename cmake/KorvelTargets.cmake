@@ -1,0 +1,67 @@
+# One function per kind of target, so that warnings, definitions and output folders are said once.
+
+add_library(korvel_build_rules INTERFACE)
+target_compile_features(korvel_build_rules INTERFACE cxx_std_20)
+target_include_directories(korvel_build_rules INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  korvel_build_rules
+  INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Wcast-align -Wformat=2 -Wundef
+    -Wextra-semi -Werror=return-type
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op
+    -Wuseless-cast -Wsuggest-override>
+    $<$<CXX_COMPILER_ID:Clang>:-Wthread-safety -Wdocumentation
+    -Wno-gnu-zero-variadic-macro-arguments>)
+target_compile_definitions(
+  korvel_build_rules
+  INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+    QT_NO_FOREACH QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(KORVEL_SANITIZERS)
+  set(sanitizer_flags -fsanitize=${KORVEL_SANITIZERS} -fno-omit-frame-pointer
+                      -fno-sanitize-recover=all)
+  target_compile_options(korvel_build_rules INTERFACE ${sanitizer_flags})
+  target_link_options(korvel_build_rules INTERFACE ${sanitizer_flags})
+endif()
+
+# A static library that ends up in one of the products: position independent, hidden symbols.
+function(korvel_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_link_libraries(${name} PRIVATE korvel_build_rules)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  set_target_properties(
+    ${name} PROPERTIES AUTOMOC ON POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
+                       VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
+endfunction()
+
+# A program that users start; it lands in <build>/bin.
+function(korvel_program name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE korvel_build_rules)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON CXX_VISIBILITY_PRESET hidden
+                                           VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
+endfunction()
+
+# A GoogleTest program; it lands in <build>/tests, every case is a ctest of its own.
+#   korvel_test(NAME client_tests SOURCES ... LIBRARIES ... [DEFINITIONS ...] [LABEL client])
+function(korvel_test)
+  cmake_parse_arguments(arg "" "NAME;LABEL" "SOURCES;LIBRARIES;DEFINITIONS" ${ARGN})
+  add_executable(${arg_NAME} ${arg_SOURCES})
+  target_link_libraries(${arg_NAME} PRIVATE korvel_build_rules ${arg_LIBRARIES} GTest::gmock_main)
+  target_compile_definitions(${arg_NAME} PRIVATE ${arg_DEFINITIONS})
+  set_target_properties(
+    ${arg_NAME} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF RUNTIME_OUTPUT_DIRECTORY
+                                                         ${PROJECT_BINARY_DIR}/tests)
+  if(NOT arg_LABEL)
+    set(arg_LABEL unit)
+  endif()
+  gtest_discover_tests(
+    ${arg_NAME}
+    TEST_PREFIX ${arg_NAME}.
+    DISCOVERY_TIMEOUT 60
+    DISCOVERY_MODE PRE_TEST
+    PROPERTIES TIMEOUT 60 LABELS ${arg_LABEL})
+endfunction()
