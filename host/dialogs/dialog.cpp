@@ -1,0 +1,34 @@
+#include "host/dialogs/dialog.h"
+
+#include <cstdio>
+
+template class MockFactory<Dialog>;
+
+namespace {
+
+void say(const tr::Tr &message)
+{
+    std::fputs(qPrintable(message.ui() + u'\n'), stderr);
+}
+
+} // namespace
+
+Dialog::~Dialog() = default;
+
+void Dialog::showMessage(const tr::Tr &message, EDialogKind, EDialogDuration)
+{
+    say(message);
+}
+
+bool Dialog::showChoice(
+    const tr::Tr &question, const tr::Tr &, const tr::Tr &, EDialogKind, EDialogDuration)
+{
+    say(question);
+    return true;
+}
+
+core::BasicDialog::Result Dialog::showInputTextForm(const InputTextFormParameters &parameters)
+{
+    say(parameters.message);
+    return {};
+}

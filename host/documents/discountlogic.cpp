@@ -1,0 +1,80 @@
+#include "host/documents/discountlogic.h"
+
+#include <algorithm>
+
+template class MockFactory<DiscountLogic>;
+
+DiscountLogic::~DiscountLogic() = default;
+
+namespace {
+
+using Setter = void (GoodsItem::*)(double);
+using Getter = double (GoodsItem::*)() const;
+
+void removeApplied(AbstractDocument &document, Setter setApplied)
+{
+    const auto positions = document.getGoods();
+    for (const auto &position : positions)
+        (position.data()->*setApplied)(0.0);
+}
+
+void apply(
+    AbstractDocument &document, const DocumentImpact &impact, Getter applied, Setter setApplied)
+{
+    const auto detail = impact.getDetail();
+    const auto position = document.getPosition(detail->getPosition());
+    if (!position)
+        return;
+    (position.data()->*setApplied)((position.data()->*applied)() + detail->getDiscountSum());
+    position->setAppliedQuantity(position->getBquant());
+}
+
+void removeLoyalty(AbstractDocument &document)
+{
+    removeApplied(document, &GoodsItem::setAppliedDiscount);
+    removeApplied(document, &GoodsItem::setAppliedPoints);
+    document.setEffects({});
+    document.recalculate();
+}
+
+void prepareForSending(AbstractDocument &document)
+{
+    const bool isReturn = document.getOperationKind() == EOperationKind::GoodsComeBack;
+    const auto positions = document.getGoods();
+    for (const auto &position : positions)
+        if (!isReturn || position->isRecalcable())
+            position->recalculate();
+}
+
+} // namespace
+
+void DiscountLogic::process(
+    const QSharedPointer<AbstractDocument> &document, EDiscountProcessing mode) const
+{
+    switch (mode) {
+    case EDiscountProcessing::RemoveLoyalty:
+        removeLoyalty(*document);
+        break;
+    case EDiscountProcessing::PrepareForSending:
+        prepareForSending(*document);
+        break;
+    }
+}
+
+void DiscountLogic::applyDiscounts(const QSharedPointer<AbstractDocument> &document,
+    const QList<QSharedPointer<DiscountImpact>> &impacts) const
+{
+    removeApplied(*document, &GoodsItem::setAppliedDiscount);
+    for (const auto &impact : impacts)
+        apply(*document, *impact, &GoodsItem::getAppliedDiscount, &GoodsItem::setAppliedDiscount);
+    document->recalculate();
+}
+
+void DiscountLogic::applyPoints(const QSharedPointer<AbstractDocument> &document,
+    const QList<QSharedPointer<BonusImpact>> &impacts) const
+{
+    removeApplied(*document, &GoodsItem::setAppliedPoints);
+    for (const auto &impact : impacts)
+        apply(*document, *impact, &GoodsItem::getAppliedPoints, &GoodsItem::setAppliedPoints);
+    document->recalculate();
+}

@@ -1,0 +1,3 @@
+#include "host/framework/basicplugin.h"
+
+BasicPlugin::~BasicPlugin() = default;

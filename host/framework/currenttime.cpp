@@ -1,0 +1,10 @@
+#include "host/framework/currenttime.h"
+
+template class MockFactory<CurrentTime>;
+
+CurrentTime::~CurrentTime() = default;
+
+QDateTime CurrentTime::currentDateTime() const
+{
+    return QDateTime::currentDateTime();
+}

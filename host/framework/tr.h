@@ -1,0 +1,50 @@
+#pragma once
+
+#include "host/export.h"
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+namespace tr {
+
+/// Id of a message that has no translation of its own: its text came from elsewhere.
+POSHOST_EXPORT extern const QString undefined;
+
+/// A message to people: an id that translations are looked up by, and its Russian text.
+///
+/// A value type. Arguments given with `arg` fill "%1", "%2", … of the Russian text and of its
+/// translation alike, so they are kept apart from both until the text is asked for.
+class POSHOST_EXPORT Tr
+{
+public:
+    Tr() = default;
+    /// @param id   id of the message; `tr::undefined` for a text that is not ours.
+    /// @param text Russian text, with "%1", "%2", … where arguments belong.
+    Tr(const QString &id, const QString &text);
+
+    /// Returns this message with the next free placeholder filled.
+    [[nodiscard]] Tr arg(const QString &argument) const;
+
+    [[nodiscard]] QString id() const { return m_id; }
+    /// The Russian text, arguments filled.
+    [[nodiscard]] QString ru() const;
+    /// The text in the language of the interface, arguments filled; Russian where none is loaded.
+    [[nodiscard]] QString ui() const;
+    [[nodiscard]] bool isEmpty() const { return m_text.isEmpty(); }
+
+    /// The message as a value of an event's arguments.
+    operator QVariant() const;
+
+    friend bool operator==(const Tr &left, const Tr &right) = default;
+
+private:
+    QString m_id;
+    QString m_text;
+    QStringList m_arguments;
+};
+
+} // namespace tr
+
+Q_DECLARE_METATYPE(tr::Tr)

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "log4qt/logger.h"
+
+#include "host/export.h"
+
+#include <QString>
+
+namespace Log4Qt {
+
+/// Where loggers come from.
+class POSHOST_EXPORT LogManager
+{
+public:
+    /// The logger of that name, made on first use; never null, never released.
+    static Logger *logger(const QString &name);
+};
+
+} // namespace Log4Qt

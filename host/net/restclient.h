@@ -1,0 +1,65 @@
+#pragma once
+
+#include "host/export.h"
+#include "host/framework/mockfactory.h"
+#include "host/framework/tr.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QUrl>
+
+namespace Log4Qt {
+class Logger;
+}
+
+/// One HTTP POST. `MockFactory<RestClient>::create()`: a fresh one for each exchange.
+///
+/// Blocks the caller until the answer is complete or the limit has passed, name look-up included.
+/// The body goes on the wire at most once; redirects are not followed; certificates are always
+/// verified.
+class POSHOST_EXPORT RestClient
+{
+public:
+    /// Why an exchange failed. HTTP statuses from 300 up stand for themselves.
+    enum Error : int
+    {
+        None = 0,
+        BadAddress = 1, ///< not http or https, or no URL at all
+        ConnectionRefused = 2,
+        NameNotResolved = 3,
+        TlsFailed = 4,
+        TimedOut = 5,
+        AnswerCut = 6, ///< the connection ended inside head or body
+        AnswerTooLarge = 7, ///< more than "RestClient:maxAnswerBytes"
+        BreakerOpen = 8, ///< not tried: too many exchanges in a row had failed
+        ExchangeFailed = 9, ///< anything else
+    };
+
+    RestClient();
+    virtual ~RestClient();
+    Q_DISABLE_COPY_MOVE(RestClient)
+
+    /// Limit for the whole exchange in seconds; 0 or less: the host's default of 15.
+    virtual void setTimeout(int seconds);
+    /// The exchange is logged there, without the value of "Authorization". Not owned; may be null.
+    virtual void setLogger(const Log4Qt::Logger *logger);
+    /// Does the exchange. Reports failure by `errorCode`, never by throwing.
+    virtual void post(
+        const QUrl &url, const QByteArray &body, const QHash<QString, QString> &headers);
+    /// 0 after a 2xx answer, otherwise one of `Error` or the HTTP status.
+    [[nodiscard]] virtual int errorCode() const;
+    /// What a cashier can read; empty when there was no error.
+    [[nodiscard]] virtual tr::Tr errorMessage() const;
+    /// Body of a 2xx answer; empty when the exchange failed.
+    [[nodiscard]] virtual QByteArray responseBody() const;
+
+protected:
+    int m_timeoutSeconds = 0;
+    const Log4Qt::Logger *m_logger = nullptr;
+    int m_errorCode = None;
+    tr::Tr m_errorMessage;
+    QByteArray m_responseBody;
+};
+
+extern template class POSHOST_EXPORT MockFactory<RestClient>;

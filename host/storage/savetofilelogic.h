@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/documents/abstractdocument.h"
+#include "host/framework/mockfactory.h"
+
+#include <QString>
+
+/// Keeps documents on disk. `MockFactory<SaveToFileLogic>::create()`.
+class POSHOST_EXPORT SaveToFileLogic
+{
+public:
+    SaveToFileLogic() = default;
+    virtual ~SaveToFileLogic();
+    Q_DISABLE_COPY_MOVE(SaveToFileLogic)
+
+    /// Writes the document to the state folder, replacing what was there in one step: after a power
+    /// cut either the old or the new document is there, whole.
+    /// @param document never null.
+    /// @param fileName name within the state folder; empty: the open document's own file.
+    /// @throws BasicException when it could not be written; the old file is then untouched.
+    virtual void save(const QSharedPointer<AbstractDocument> &document, const QString &fileName);
+};
+
+extern template class POSHOST_EXPORT MockFactory<SaveToFileLogic>;

@@ -1,0 +1,10 @@
+#include "host/storage/statefolder.h"
+
+#include <QDir>
+
+template class Singleton<StateFolder>;
+
+QString StateFolder::path() const
+{
+    return m_path.isEmpty() ? QDir::homePath() + QStringLiteral("/.korvel") : m_path;
+}
