@@ -46,6 +46,7 @@ public:
 
 private:
     [[nodiscard]] bool isClosedAlready(const AbstractDocument &document) const;
+    [[nodiscard]] qint64 highestInUse() const;
 
     FileLock m_lock;
 };

@@ -4,6 +4,12 @@
 
 #include <QString>
 
+#include <memory>
+
+namespace posix {
+class File;
+}
+
 /// A lock that one process holds on a file as long as this object lives.
 ///
 /// The system releases it when the process ends, however it ends, so a lock file that was left
@@ -18,12 +24,12 @@ public:
     Q_DISABLE_COPY_MOVE(FileLock)
 
     /// Takes the lock without waiting. False when another holder has it.
-    /// @throws StorageError when the file cannot be opened.
+    /// @throws StorageError when the file cannot be opened or written.
     [[nodiscard]] bool tryLock();
     /// Process id of the holder as far as the file tells; empty when it does not.
     [[nodiscard]] QString holder() const;
 
 private:
     QString m_fileName;
-    int m_descriptor = -1;
+    std::unique_ptr<posix::File> m_file;
 };
