@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QHash>
@@ -14,6 +16,11 @@ enum class MessageState : int
     Refused, ///< for good; kept with the answer
     Parked, ///< a person must look
 };
+
+/// "pending", "sending", "delivered", "refused" or "parked".
+[[nodiscard]] POSHOST_EXPORT QString stateName(MessageState state);
+/// The state of that name; `Parked` for an unknown name, which a person must look at.
+[[nodiscard]] POSHOST_EXPORT MessageState stateNamed(const QString &name);
 
 /// A message of the outgoing queue. A record of values.
 struct QueueMessage
