@@ -12,7 +12,7 @@ namespace receipt {
 /// Name of the receipt's template.
 inline constexpr char16_t templateName[] = u"receipt";
 /// Characters in a line of the paper.
-inline constexpr int columns = 40;
+inline constexpr int paperWidth = 40;
 
 /// What the template "receipt" names. Lines with a text on the left and a figure on the right are
 /// padded here, since templates cannot count columns.
