@@ -28,6 +28,7 @@ public:
     [[nodiscard]] QString getEmail() const { return m_email; }
     void setEmail(const QString &email) { m_email = email; }
     [[nodiscard]] bool hasOption(ClientOptions option) const { return m_options.contains(option); }
+    [[nodiscard]] const QSet<ClientOptions> &getOptions() const { return m_options; }
     void setOption(ClientOptions option) { m_options.insert(option); }
 
 private:

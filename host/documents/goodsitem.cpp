@@ -2,12 +2,16 @@
 
 #include "host/documents/money.h"
 
+double GoodsItem::getAppliedShare() const
+{
+    return m_appliedQuantity > 0.0 ? m_quantity / m_appliedQuantity : 0.0;
+}
+
 void GoodsItem::recalculate()
 {
     m_sumBefore = money::roundedToKopecks(m_price * m_quantity);
-    const double share = m_appliedQuantity > 0.0 ? m_quantity / m_appliedQuantity : 0.0;
-    m_sumAfter
-        = money::roundedToKopecks(m_sumBefore - (m_appliedDiscount + m_appliedPoints) * share);
+    const double granted = (m_appliedDiscount + m_appliedPoints) * getAppliedShare();
+    m_sumAfter = money::roundedToKopecks(m_sumBefore - granted);
 }
 
 QSharedPointer<GoodsItem> GoodsItem::copy() const

@@ -78,6 +78,10 @@ public:
     [[nodiscard]] double getAppliedQuantity() const { return m_appliedQuantity; }
     void setAppliedQuantity(double quantity) { m_appliedQuantity = quantity; }
 
+    /// The part of the applied discount and points that falls on the quantity of now: 1 while that
+    /// is the one they were granted for, 0 before any was granted.
+    [[nodiscard]] double getAppliedShare() const;
+
     /// Computes both sums: price × quantity, and that less the applied discount and points, in
     /// proportion where the quantity is not the one they were granted for.
     void recalculate();

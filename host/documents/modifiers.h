@@ -39,6 +39,7 @@ public:
     [[nodiscard]] bool isSet(modifiers::Type type) const { return m_values.contains(type); }
     /// Invalid when the modifier is not set.
     [[nodiscard]] QVariant value(modifiers::Type type) const { return m_values.value(type); }
+    [[nodiscard]] const QMap<modifiers::Type, QVariant> &all() const { return m_values; }
     void set(modifiers::Type type, const QVariant &value) { m_values.insert(type, value); }
     void clear(modifiers::Type type) { m_values.remove(type); }
     void clearAll() { m_values.clear(); }

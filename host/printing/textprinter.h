@@ -7,12 +7,22 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
+
 /// Prints text templates. `MockFactory<TextPrinter>::create()`.
+///
+/// A template is a file `<name>.mustache`: looked for in the folder of the setting
+/// "TextPrinter:templates", then in "../share/korvel/templates" beside the program, then among the
+/// built-in ones. What is printed is appended to the receipt file of the day and shown on the
+/// screen. Texts go out as they are, without escapes.
 class POSHOST_EXPORT TextPrinter
 {
 public:
     /// Copy count that leaves the number to the printer: one.
     static constexpr int defaultCopies = -1;
+
+    /// Shows a printed text to the cashier.
+    using Screen = std::function<void(const QString &text)>;
 
     TextPrinter() = default;
     virtual ~TextPrinter();
@@ -27,6 +37,12 @@ public:
     /// @throws BasicException when the template is missing or the receipt file cannot be written.
     virtual void print(const QString &templateName, const QString &text,
         const QMap<QString, QVariant> &data, int copies, bool cut);
+
+    /// Sets who shows what is printed, for all printers; an empty function: nobody.
+    static void setScreen(Screen screen);
+
+private:
+    static Screen s_screen;
 };
 
 extern template class POSHOST_EXPORT MockFactory<TextPrinter>;

@@ -1,7 +1,108 @@
 #include "host/queue/dbqueuebroker.h"
 
+#include "host/config/config.h"
+#include "host/framework/basicexception.h"
+#include "host/framework/currenttime.h"
+#include "host/framework/session.h"
+#include "host/queue/delivery.h"
+#include "host/queue/messagestore.h"
+#include "host/storage/statefolder.h"
+#include "host/storage/storageerror.h"
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QCoreApplication>
+#include <QUuid>
+
+using namespace Qt::Literals::StringLiterals;
+
 template class Singleton<DBQueueBroker>;
 
+namespace {
+
+const QString databaseSetting = u"Queue:database"_s;
+
+QString databaseFile()
+{
+    const auto *const config = Singleton<Config>::instance();
+    if (config->getString(databaseSetting, {}).contains(u"://"_s))
+        throw StorageError(u"%1: an address where the path of a file was expected; give a path, or "
+                           u"leave the setting out"_s.arg(databaseSetting));
+    const QString usual = Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
+    return config->getPath(databaseSetting, usual);
+}
+
+QHash<QString, QString> headersFrom(const QVariantMap &values)
+{
+    QHash<QString, QString> headers;
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        headers.insert(value.key(), value.value().toString());
+    return headers;
+}
+
+QueueMessage newMessage(const QString &queue, const QVariantMap &contents, const QString &remark)
+{
+    const auto document = Singleton<Session>::instance()->getCurrentDocument();
+    QueueMessage message;
+    message.id = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    message.queue = queue;
+    message.remark = remark;
+    message.url = contents.value(u"url"_s).toString();
+    message.headers = headersFrom(contents.value(u"headers"_s).toMap());
+    message.body = contents.value(u"body"_s).toString().toUtf8();
+    message.correlationId = document ? document->getCorrelationId() : QString();
+    message.enqueued = MockFactory<CurrentTime>::create()->currentDateTime();
+    message.nextAttempt = message.enqueued;
+    return message;
+}
+
+} // namespace
+
+DBQueueBroker::DBQueueBroker() = default;
 DBQueueBroker::~DBQueueBroker() = default;
 
-void DBQueueBroker::enqueue(const QString &, const QMap<QString, QVariant> &, const QString &) { }
+MessageStore &DBQueueBroker::store()
+{
+    // The database driver ends with the application, so the file must be closed before.
+    static const bool closesWithApplication
+        = (qAddPostRoutine([] { Singleton<DBQueueBroker>::reset(); }), true);
+    Q_UNUSED(closesWithApplication)
+    if (!m_store)
+        m_store = std::make_unique<MessageStore>(databaseFile());
+    return *m_store;
+}
+
+void DBQueueBroker::enqueue(
+    const QString &queue, const QMap<QString, QVariant> &message, const QString &remark)
+{
+    try {
+        store().append(newMessage(queue, message, remark));
+    } catch (const StorageError &error) {
+        const QString reason = QString::fromUtf8(error.what());
+        Log4Qt::LogManager::logger(u"poshost.queue"_s)->error(reason);
+        throw BasicException(tr::Tr(u"queueMessageNotKept"_s,
+            u"Не удалось сохранить чек в очередь отправки: %1. Запишите номер чека и сообщите "
+            u"администратору"_s)
+                                 .arg(reason));
+    }
+}
+
+void DBQueueBroker::setVerdict(const QString &queue, VerdictFunction verdict)
+{
+    m_verdicts.insert(queue, std::move(verdict));
+}
+
+DeliveryReport DBQueueBroker::deliver()
+{
+    return delivery::deliverAll(store(), m_verdicts);
+}
+
+int DBQueueBroker::waiting()
+{
+    return store().waiting();
+}
+
+QList<QueueMessage> DBQueueBroker::list()
+{
+    return store().undelivered();
+}

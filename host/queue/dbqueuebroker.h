@@ -2,16 +2,28 @@
 
 #include "host/export.h"
 #include "host/framework/singleton.h"
+#include "host/queue/queuemessage.h"
+#include "host/queue/verdict.h"
 
+#include <QHash>
+#include <QList>
 #include <QMap>
 #include <QString>
 #include <QVariant>
 
+#include <memory>
+
+class MessageStore;
+
 /// The till's outgoing queue. `Singleton<DBQueueBroker>::instance()`.
+///
+/// The messages are in the SQLite file that the setting "Queue:database" names, otherwise in the
+/// state folder. It is opened on first use and closed with this object, or with the application.
+/// All operations belong to the thread of the first one.
 class POSHOST_EXPORT DBQueueBroker
 {
 public:
-    DBQueueBroker() = default;
+    DBQueueBroker();
     virtual ~DBQueueBroker();
     Q_DISABLE_COPY_MOVE(DBQueueBroker)
 
@@ -22,6 +34,29 @@ public:
     /// @throws BasicException when the message could not be kept; nothing was then written.
     virtual void enqueue(
         const QString &queue, const QMap<QString, QVariant> &message, const QString &remark);
+
+    /// Sets who judges the answers to messages of that queue. Without anybody every 2xx answer
+    /// means delivered and everything else another attempt.
+    void setVerdict(const QString &queue, VerdictFunction verdict);
+    /// Sends every waiting message once, in the order of enqueueing, and waits for the answers. The
+    /// attempt is counted on disk before the request goes out. After three exchanges in a row
+    /// without an answer the pass ends.
+    /// @throws StorageError when the queue cannot be read or written.
+    DeliveryReport deliver();
+
+    /// How many messages wait, those in a deliverer's hands included.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] int waiting();
+    /// What is not delivered, refused and parked messages included, in the order of enqueueing;
+    /// without their headers and bodies.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] QList<QueueMessage> list();
+
+private:
+    MessageStore &store();
+
+    std::unique_ptr<MessageStore> m_store;
+    QHash<QString, VerdictFunction> m_verdicts;
 };
 
 extern template class POSHOST_EXPORT Singleton<DBQueueBroker>;

@@ -15,6 +15,10 @@ public:
 
     /// Writes the document to the state folder, replacing what was there in one step: after a power
     /// cut either the old or the new document is there, whole.
+    ///
+    /// When the open document's file goes is the till's decision alone. So a document that is
+    /// closed or cancelled is written there only while the file still holds this very document;
+    /// a loyalty system that saves it once more later does not bring it back as an open one.
     /// @param document never null.
     /// @param fileName name within the state folder; empty: the open document's own file.
     /// @throws BasicException when it could not be written; the old file is then untouched.

@@ -73,6 +73,6 @@ TEST_P(FloorsTest, IncludesRunDownwardsOnly)
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryFloor, FloorsTest, testing::ValuesIn(floors),
-    [](const auto &info) { return info.param.folder; });
+    [](const auto &floor) { return floor.param.folder; });
 
 } // namespace

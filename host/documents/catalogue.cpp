@@ -1,0 +1,117 @@
+#include "host/documents/catalogue.h"
+
+#include "host/documents/cataloguereader.h"
+#include "host/storage/storageerror.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+CatalogueError::CatalogueError(const QString &text)
+    : std::runtime_error(text.toStdString())
+{ }
+
+CatalogueError::~CatalogueError() = default;
+
+namespace {
+
+// Line and column, from 1, of the byte that the parser stopped at, which it counts from 1.
+QString placeOf(const QByteArray &contents, std::size_t byte)
+{
+    const QByteArray before = contents.left(static_cast<qsizetype>(byte) - 1);
+    const qsizetype lineStart = before.lastIndexOf('\n') + 1;
+    return u"%1:%2"_s.arg(QString::number(before.count('\n') + 1),
+        QString::number(QString::fromUtf8(before.mid(lineStart)).size() + 1));
+}
+
+// What the parser says behind its own name and its own place.
+QString reasonOf(const nlohmann::json::parse_error &error)
+{
+    return QString::fromUtf8(error.what()).section(u": "_s, 1);
+}
+
+// People comment what they write, so comments are left out before the strict reading.
+QJsonValue parsed(const QByteArray &contents, const QString &fileName)
+{
+    try {
+        const auto json
+            = nlohmann::json::parse(contents.begin(), contents.end(), nullptr, true, true);
+        const auto array = QByteArray::fromStdString(nlohmann::json::array({json}).dump());
+        return QJsonDocument::fromJson(array)[0];
+    } catch (const nlohmann::json::parse_error &error) {
+        throw CatalogueError(u"%1:%2: %3; correct the line"_s.arg(
+            fileName, placeOf(contents, error.byte), reasonOf(error)));
+    }
+}
+
+bool startsWithAny(const QString &scanned, const QStringList &prefixes)
+{
+    return std::any_of(prefixes.cbegin(), prefixes.cend(),
+        [&scanned](const QString &prefix) { return scanned.startsWith(prefix); });
+}
+
+} // namespace
+
+Catalogue::Catalogue(
+    const QList<Article> &articles, const ScanRules &scanRules, const TillPlace &place)
+    : m_articles(articles)
+    , m_scanRules(scanRules)
+    , m_place(place)
+{
+    for (qsizetype i = 0; i < m_articles.size(); ++i) {
+        m_byCode.insert(m_articles.at(i).code, i);
+        for (const QString &barcode : m_articles.at(i).barcodes)
+            m_byBarcode.insert(barcode, i);
+    }
+}
+
+Catalogue Catalogue::load(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        throw CatalogueError(u"%1: cannot be read: %2; see the setting Till:catalogue"_s.arg(
+            fileName, file.errorString()));
+    return parse(file.readAll(), fileName);
+}
+
+Catalogue Catalogue::parse(const QByteArray &contents, const QString &fileName)
+{
+    try {
+        return cataloguereader::read(JsonField(parsed(contents, fileName)));
+    } catch (const StorageError &error) {
+        throw CatalogueError(
+            u"%1: %2; correct the value"_s.arg(fileName, QString::fromUtf8(error.what())));
+    }
+}
+
+const Article *Catalogue::at(const QHash<QString, qsizetype> &index, const QString &key) const
+{
+    const auto found = index.constFind(key);
+    return found == index.constEnd() ? nullptr : &m_articles.at(*found);
+}
+
+const Article *Catalogue::byCode(const QString &code) const
+{
+    return at(m_byCode, code);
+}
+
+const Article *Catalogue::byBarcode(const QString &barcode) const
+{
+    return at(m_byBarcode, barcode);
+}
+
+bool Catalogue::isCard(const QString &scanned) const
+{
+    return startsWithAny(scanned, m_scanRules.cardPrefixes);
+}
+
+bool Catalogue::isCoupon(const QString &scanned) const
+{
+    return startsWithAny(scanned, m_scanRules.couponPrefixes);
+}

@@ -1,0 +1,190 @@
+#include "host/printing/receipt.h"
+
+#include "host/documents/money.h"
+#include "host/printing/columns.h"
+
+#include <QRegularExpression>
+
+#include <numeric>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace receipt {
+
+namespace {
+
+constexpr int kopeckDigits = 2;
+constexpr int quantityDigits = 3;
+const QString indent = u"  "_s;
+
+QString amount(double value)
+{
+    return QString::number(value, 'f', kopeckDigits);
+}
+
+QString taken(double value)
+{
+    return u'-' + amount(value);
+}
+
+// Three digits as on scales, but "2", not "2.000".
+QString quantity(double value)
+{
+    static const QRegularExpression idleZeros(u"\\.?0+\\z"_s);
+    return QString::number(value, 'f', quantityDigits).remove(idleZeros);
+}
+
+QString line(const QString &left, const QString &right)
+{
+    return columns::spread(left, right, paperWidth);
+}
+
+void addCounting(QStringList &lines, const QString &left, double value, bool isTaken)
+{
+    if (money::counts(value))
+        lines.append(line(left, isTaken ? taken(value) : amount(value)));
+}
+
+double pointsPaid(const GoodsItem &position)
+{
+    return money::roundedToKopecks(position.getAppliedPoints() * position.getAppliedShare());
+}
+
+QVariantMap positionData(const GoodsItem &position)
+{
+    const QString multiplied = u"%1%2 %3 × %4"_s.arg(indent, quantity(position.getBquant()),
+        position.getUnitName(), amount(position.getPrice()));
+    QStringList lines = columns::wrapped(position.getName(), paperWidth);
+    lines.append(line(multiplied, amount(position.getSumn())));
+    const double points = pointsPaid(position);
+    const double discount = position.getSumn() - position.getSumb() - points;
+    addCounting(lines, indent + u"Скидка"_s, discount, true);
+    addCounting(lines, indent + u"Оплачено баллами"_s, points, true);
+    return {{u"lines"_s, lines}};
+}
+
+QVariantList positions(const AbstractDocument &document)
+{
+    QVariantList items;
+    const auto goods = document.getGoods();
+    for (const auto &position : goods)
+        items.append(positionData(*position));
+    return items;
+}
+
+double pointsPaid(const AbstractDocument &document)
+{
+    const auto goods = document.getGoods();
+    return std::accumulate(goods.cbegin(), goods.cend(), 0.0,
+        [](double sum, const auto &position) { return sum + pointsPaid(*position); });
+}
+
+QStringList totals(const AbstractDocument &document)
+{
+    const double before = document.getSumBeforeDiscounts();
+    const double after = document.getSumAfterDiscounts();
+    const double points = pointsPaid(document);
+    QStringList lines;
+    if (!money::equal(before, after))
+        lines.append(line(u"Сумма"_s, amount(before)));
+    addCounting(lines, u"Скидка"_s, before - after - points, true);
+    addCounting(lines, u"Оплачено баллами"_s, points, true);
+    lines.append(line(u"ИТОГО"_s, amount(after)));
+    return lines;
+}
+
+QStringList payments(const AbstractDocument &document)
+{
+    QStringList lines;
+    const auto paid = document.getPayments();
+    for (const Payment &payment : paid)
+        lines.append(
+            line(payment.kind == u"cash"_s ? u"Наличными"_s : u"Картой"_s, amount(payment.amount)));
+    return lines;
+}
+
+// A sale that the loyalty system has not registered is registered from the queue later on.
+bool isBookedLater(const AbstractDocument &document, const DocumentCardRecord &card)
+{
+    return document.getType() == EDocumentType::Sale && card.getOperationId().isEmpty();
+}
+
+QStringList loyalty(const AbstractDocument &document)
+{
+    const auto card = document.getCardRecord(ECardMode::OnlineLoyalty);
+    if (!card)
+        return {};
+    QStringList lines{line(u"Карта"_s, card->getNumber().toString())};
+    if (const auto client = card->getCard()->getClient(); client && !client->getName().isEmpty())
+        lines.append(line(u"Покупатель"_s, client->getName()));
+    if (isBookedLater(document, *card)) {
+        lines.append(u"Баллы будут начислены позже"_s);
+        return lines;
+    }
+    addCounting(lines, u"Списано баллов"_s, pointsPaid(document), false);
+    addCounting(lines, u"Начислено баллов"_s, document.getEffects().pointsEarned, false);
+    if (card->getBonusBalance().isValid())
+        lines.append(line(u"Баланс баллов"_s, amount(card->getBonusBalance().toDouble())));
+    return lines;
+}
+
+// The loyalty system's texts come as a list with the calculation and joined in one text with the
+// registration, often the same ones.
+QStringList messages(const AbstractDocument &document)
+{
+    static const QString separator = u"##"_s;
+    QStringList texts = document.getEffects().messagesToClient
+        + document.getChequeText().split(separator, Qt::SkipEmptyParts);
+    texts.removeDuplicates();
+    QStringList lines;
+    for (const QString &text : std::as_const(texts))
+        for (const QString &paragraph : text.split(u'\n'))
+            lines.append(columns::wrapped(paragraph, paperWidth));
+    return lines;
+}
+
+QStringList heading(const AbstractDocument &document)
+{
+    const bool isReturn = document.getOperationKind() == EOperationKind::GoodsComeBack;
+    const QDateTime time
+        = document.getClosed().isValid() ? document.getClosed() : document.getOpened();
+    QStringList lines{
+        columns::centred(isReturn ? u"ВОЗВРАТ"_s : u"КАССОВЫЙ ЧЕК"_s, paperWidth),
+        line(u"Магазин "_s + document.getShop(), u"Касса "_s + document.getTill()),
+        line(u"Чек № "_s + document.getNumber(), time.toString(u"dd.MM.yyyy HH:mm"_s)),
+    };
+    if (!document.getReferencedNumber().isEmpty())
+        lines.append(u"К чеку № "_s + document.getReferencedNumber());
+    return lines;
+}
+
+QVariantMap block(const QStringList &lines)
+{
+    return {{u"lines"_s, lines}};
+}
+
+QVariantList blocks(const QList<QStringList> &all)
+{
+    QVariantList filled;
+    for (const QStringList &lines : all)
+        if (!lines.isEmpty())
+            filled.append(block(lines));
+    return filled;
+}
+
+} // namespace
+
+QVariantMap data(const AbstractDocument &document)
+{
+    return {
+        {u"heading"_s, heading(document)},
+        {u"rule"_s, QString(paperWidth, u'-')},
+        {u"positions"_s, positions(document)},
+        {u"totals"_s, totals(document)},
+        {u"payments"_s, payments(document)},
+        {u"loyalty"_s, blocks({loyalty(document)})},
+        {u"messages"_s, blocks({messages(document)})},
+    };
+}
+
+} // namespace receipt

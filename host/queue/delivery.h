@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/queue/messagestore.h"
+#include "host/queue/verdict.h"
+
+#include <QHash>
+
+/// Sends what waits in the outgoing queue.
+namespace delivery {
+
+/// Exchanges in a row without an answer after which a pass ends: the service, not a message, is
+/// what fails then.
+inline constexpr int failuresToStop = 3;
+/// Bytes of an answer that are kept with its message.
+inline constexpr int answerBytesKept = 65536;
+
+/// One pass over the waiting messages in the order of enqueueing, each sent once. The attempt is
+/// committed before the request goes out, and no transaction is open while it is on its way.
+/// @param verdicts who judges the answers, by queue.
+/// @throws StorageError when the queue cannot be read or written; a message that was being sent is
+///         taken up again by the next pass.
+DeliveryReport deliverAll(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts);
+
+} // namespace delivery

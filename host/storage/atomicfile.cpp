@@ -1,0 +1,79 @@
+#include "host/storage/atomicfile.h"
+
+#include "host/storage/posixfile.h"
+#include "host/storage/storageerror.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace atomicfile {
+
+namespace {
+
+QString folderOf(const QString &fileName)
+{
+    return QFileInfo(fileName).absolutePath();
+}
+
+// A leftover of a killed process is simply written over.
+void writeSynced(const QString &fileName, const QByteArray &contents)
+{
+    posix::File file(fileName, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
+    file.write(contents);
+    file.sync();
+    file.close();
+}
+
+void rename(const QString &from, const QString &to)
+{
+    if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
+        throw StorageError(u"%1: cannot be replaced: %2; see that the folder is writable"_s.arg(
+            to, posix::lastError()));
+}
+
+} // namespace
+
+void write(const QString &fileName, const QByteArray &contents)
+{
+    const QString temporary = fileName + u".new"_s;
+    try {
+        writeSynced(temporary, contents);
+        rename(temporary, fileName);
+    } catch (const StorageError &) {
+        QFile::remove(temporary);
+        throw;
+    }
+    posix::syncFolder(folderOf(fileName));
+}
+
+void makePrivateFolder(const QString &folder)
+{
+    if (QFileInfo(folder).isDir())
+        return;
+    const bool made = QDir().mkpath(folderOf(folder))
+        && ::mkdir(QFile::encodeName(folder).constData(), posix::privateFolder) == 0;
+    if (!made)
+        throw StorageError(
+            u"%1: the folder cannot be made: %2; make it, or choose another one"_s.arg(
+                folder, posix::lastError()));
+    posix::syncFolder(folderOf(folder));
+}
+
+void remove(const QString &fileName)
+{
+    if (::unlink(QFile::encodeName(fileName).constData()) != 0 && errno != ENOENT)
+        throw StorageError(u"%1: cannot be removed: %2; see that the folder is writable"_s.arg(
+            fileName, posix::lastError()));
+    posix::syncFolder(folderOf(fileName));
+}
+
+} // namespace atomicfile

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/export.h"
+
+#include <QByteArray>
+#include <QString>
+
+/// Replacing whole files so that a power cut leaves the old contents or the new ones, never a mix.
+namespace atomicfile {
+
+/// Writes a new file beside the old one, syncs it, renames it over the old one and syncs the
+/// folder. The file is readable by its owner only.
+/// @param fileName in a folder that exists.
+/// @throws StorageError on any failure; the old file is then as it was and nothing is left beside
+///         it. Only when the very last step failed, the sync of the folder, the new contents are
+///         there already but might not outlast a power cut.
+POSHOST_EXPORT void write(const QString &fileName, const QByteArray &contents);
+
+/// Makes a folder, and those above it where they are missing, for its owner only. One that is there
+/// stays as it is.
+/// @throws StorageError when it cannot be made.
+POSHOST_EXPORT void makePrivateFolder(const QString &folder);
+
+/// Removes a file and syncs its folder; a file that is not there is no error.
+/// @throws StorageError when it cannot be removed.
+POSHOST_EXPORT void remove(const QString &fileName);
+
+} // namespace atomicfile

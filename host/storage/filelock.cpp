@@ -1,0 +1,35 @@
+#include "host/storage/filelock.h"
+
+#include "host/storage/posixfile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <fcntl.h>
+
+FileLock::FileLock(const QString &fileName)
+    : m_fileName(fileName)
+{ }
+
+FileLock::~FileLock() = default;
+
+bool FileLock::tryLock()
+{
+    if (m_file)
+        return true;
+    auto file = std::make_unique<posix::File>(m_fileName, O_RDWR | O_CREAT);
+    if (!file->tryLock())
+        return false;
+    file->truncate();
+    file->write(QByteArray::number(QCoreApplication::applicationPid()) + '\n');
+    m_file = std::move(file);
+    return true;
+}
+
+QString FileLock::holder() const
+{
+    QFile file(m_fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).trimmed();
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "host/export.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace posix {
+class File;
+}
+
+/// A lock that one process holds on a file as long as this object lives.
+///
+/// The system releases it when the process ends, however it ends, so a lock file that was left
+/// behind locks nothing. The file holds the owner's process id for people.
+class POSHOST_EXPORT FileLock
+{
+public:
+    /// @param fileName made where it is missing, readable by its owner only; never removed, since
+    ///                 two processes could then lock two files of one name.
+    explicit FileLock(const QString &fileName);
+    ~FileLock();
+    Q_DISABLE_COPY_MOVE(FileLock)
+
+    /// Takes the lock without waiting. False when another holder has it.
+    /// @throws StorageError when the file cannot be opened or written.
+    [[nodiscard]] bool tryLock();
+    /// Process id of the holder as far as the file tells; empty when it does not.
+    [[nodiscard]] QString holder() const;
+
+private:
+    QString m_fileName;
+    std::unique_ptr<posix::File> m_file;
+};

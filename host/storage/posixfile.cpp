@@ -1,0 +1,97 @@
+#include "host/storage/posixfile.h"
+
+#include "host/storage/storageerror.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace posix {
+
+QString lastError()
+{
+    return QString::fromStdString(std::generic_category().message(errno));
+}
+
+File::File(const QString &fileName, int flags)
+    : m_fileName(fileName)
+    , m_descriptor(::open(QFile::encodeName(fileName).constData(), flags | O_CLOEXEC, privateFile))
+{
+    if (m_descriptor < 0)
+        fail(u"cannot be opened"_s);
+}
+
+File::~File()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+void File::write(const QByteArray &bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(m_descriptor, bytes.constData() + written,
+            static_cast<std::size_t>(bytes.size() - written));
+        if (count < 0 && errno != EINTR)
+            fail(u"cannot be written"_s);
+        written += qMax(count, ssize_t{0});
+    }
+}
+
+void File::sync()
+{
+    if (::fsync(m_descriptor) != 0)
+        fail(u"cannot be synced to disk"_s);
+}
+
+bool File::tryLock()
+{
+    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)
+        return true;
+    if (errno != EWOULDBLOCK)
+        fail(u"cannot be locked"_s);
+    return false;
+}
+
+void File::makePrivate()
+{
+    if (::fchmod(m_descriptor, privateFile) != 0)
+        fail(u"cannot be made private"_s);
+}
+
+void File::truncate()
+{
+    if (::ftruncate(m_descriptor, 0) != 0)
+        fail(u"cannot be emptied"_s);
+}
+
+void File::close()
+{
+    const int descriptor = m_descriptor;
+    m_descriptor = -1;
+    if (::close(descriptor) != 0)
+        fail(u"cannot be closed"_s);
+}
+
+void File::fail(const QString &what) const
+{
+    throw StorageError(
+        u"%1: %2: %3; see that the folder is there and writable and the disk not full"_s.arg(
+            m_fileName, what, lastError()));
+}
+
+void syncFolder(const QString &folder)
+{
+    File(folder, O_RDONLY | O_DIRECTORY).sync();
+}
+
+} // namespace posix
