@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 struct Floor
@@ -57,6 +59,11 @@ QStringList sourcesOf(const QString &folder)
     while (files.hasNext())
         names.append(files.next());
     return names;
+}
+
+void PrintTo(const Floor &floor, std::ostream *out)
+{
+    *out << floor.folder;
 }
 
 class FloorsTest : public testing::TestWithParam<Floor>
