@@ -73,8 +73,14 @@ QString readPassword(const QString &path)
 std::vector<FaultCommand> readFaults(const std::vector<std::string> &words)
 {
     std::vector<FaultCommand> faults;
-    for (const std::string &order : words)
+    for (const std::string &order : words) {
         faults.push_back(parseFaultWords(text(order)));
+        const FaultCommand &command = faults.back();
+        if (std::holds_alternative<ClearFaults>(command)
+            || std::holds_alternative<StopService>(command))
+            throw FaultWordsError(
+                u"\"%1\" makes no sense before the service runs"_s.arg(text(order)));
+    }
     return faults;
 }
 

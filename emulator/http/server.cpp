@@ -19,6 +19,7 @@ using tcp = asio::ip::tcp;
 namespace {
 
 constexpr int onlyThread = 1;
+constexpr std::chrono::milliseconds pauseAfterFailure{100};
 
 std::string pathBytes(const QString &path)
 {
@@ -103,9 +104,23 @@ public:
         acceptor.async_accept([this](const error_code &error, tcp::socket socket) {
             if (!acceptor.is_open())
                 return;
-            if (!error && !callbacks.refusesConnection())
+            if (error) {
+                acceptLater();
+                return;
+            }
+            if (!callbacks.refusesConnection())
                 serve(std::move(socket));
             accept();
+        });
+    }
+
+    // No more file descriptors, most likely; asking again at once would only burn the processor.
+    void acceptLater()
+    {
+        pause.expires_after(pauseAfterFailure);
+        pause.async_wait([this](const error_code &error) {
+            if (!error && acceptor.is_open())
+                accept();
         });
     }
 
@@ -131,6 +146,7 @@ public:
     std::optional<ssl::context> tls;
     asio::io_context context{onlyThread};
     tcp::acceptor acceptor;
+    asio::steady_timer pause{context};
     asio::signal_set signals;
 };
 

@@ -25,7 +25,8 @@ void earn(Calculation &calculation, const Earning &earning)
         position.earnedStatus = earning.statusPercent.of(paid);
     }
     const Amount paid = calculation.sumDiscounted() - calculation.spent();
-    if (const ChequeEarning *rule = highestReached(earning.cheque, paid))
+    const ChequeEarning *rule = highestReached(earning.cheque, paid);
+    if (rule && paid > Amount())
         calculation.earnedByCheque = rule->points;
 }
 

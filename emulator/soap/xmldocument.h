@@ -46,8 +46,8 @@ private:
 class XmlDocument
 {
 public:
-    /// Throws RequestError, with the line, for what is not XML, has a DOCTYPE or is nested
-    /// deeper than 256.
+    /// Reads UTF-8. Throws RequestError for what is not XML, with the line, and for what the
+    /// parser must not see (xmlguard.h).
     static XmlDocument parse(const QByteArray &bytes);
 
     XmlElement root() const;
