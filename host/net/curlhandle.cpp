@@ -40,7 +40,6 @@ void CurlHandle::setConnection(const ExchangeSettings &settings)
     // Empty texts keep the environment's "http_proxy" and "no_proxy" out.
     set(CURLOPT_PROXY, settings.proxy.constData());
     set(CURLOPT_NOPROXY, "");
-    set(CURLOPT_SUPPRESS_CONNECT_HEADERS, on);
 }
 
 void CurlHandle::setTls(const ExchangeSettings &settings)

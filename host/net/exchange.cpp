@@ -52,8 +52,6 @@ int errorOf(CURLcode result)
     switch (result) {
     case CURLE_OK:
         return RestClient::None;
-    case CURLE_URL_MALFORMAT:
-        return RestClient::BadAddress;
     case CURLE_COULDNT_CONNECT:
         return RestClient::ConnectionRefused;
     case CURLE_COULDNT_RESOLVE_HOST:

@@ -38,7 +38,7 @@ QString serverOf(const QUrl &url)
 bool speaksAgainstServer(int error)
 {
     const bool refused = error > RestClient::ExchangeFailed && error < firstServerFailure;
-    return error != RestClient::None && error != RestClient::BadAddress && !refused;
+    return error != RestClient::None && !refused;
 }
 
 ExchangeOutcome guardedExchange(const ExchangeRequest &request)

@@ -58,6 +58,12 @@ bool hasGone(int connection, int milliseconds)
     return ::poll(&watched, 1, milliseconds) != 0;
 }
 
+void resetOnClose(int connection)
+{
+    constexpr linger atOnce{1, 0};
+    ::setsockopt(connection, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+}
+
 } // namespace
 
 ScriptedServer::ScriptedServer()
@@ -100,6 +106,16 @@ void ScriptedServer::answerRaw(const QByteArray &bytes)
     add({bytes, Ending::Close});
 }
 
+void ScriptedServer::answerReset(const QByteArray &bytes)
+{
+    add({bytes, Ending::Reset});
+}
+
+void ScriptedServer::resetAfterHeads()
+{
+    m_resets = true;
+}
+
 void ScriptedServer::answerDripping(const QByteArray &bytes)
 {
     add({bytes, Ending::Drip});
@@ -139,6 +155,8 @@ void ScriptedServer::serveConnection(int connection)
     while (!bytes.contains(headEnd))
         if (!readMore(connection, bytes))
             return;
+    if (m_resets)
+        return resetOnClose(connection);
     const auto bodyStart = bytes.indexOf(headEnd) + headEnd.size();
     Request request = parsedHead(bytes.left(bodyStart));
     const auto length = request.headers.value("content-length").toLongLong();
@@ -149,7 +167,9 @@ void ScriptedServer::serveConnection(int connection)
 
     const Answer answer = nextAnswer(request);
     sendAll(connection, answer.bytes);
-    if (answer.ending == Ending::Drip)
+    if (answer.ending == Ending::Reset)
+        resetOnClose(connection);
+    else if (answer.ending == Ending::Drip)
         while (!hasGone(connection, dripPauseMilliseconds))
             sendAll(connection, "x");
     else if (answer.ending == Ending::Hold)

@@ -40,6 +40,17 @@ TEST_F(BreakerTest, SendsNothingWhileItIsOpen)
     EXPECT_EQ(m_server.requests().size(), 2);
 }
 
+TEST_F(BreakerTest, ASuccessInBetweenStartsTheCountAgain)
+{
+    m_server.answerRaw({});
+    m_server.answer("ok");
+    m_server.answerRaw({});
+    m_server.answer("ok");
+    whenPostedTimes(4, m_server.url());
+
+    thenSucceeded();
+}
+
 TEST_F(BreakerTest, KnowsEachServerByItself)
 {
     const RefusedPort refused;

@@ -18,8 +18,8 @@ TEST_F(ExchangeTest, PostsTheBodyAndGivesTheAnswer)
 
     thenSucceeded();
     EXPECT_EQ(m_client->responseBody(), "<answer/>");
-    EXPECT_EQ(m_server.requests().first().requestLine, "POST /loyalty?shop=1 HTTP/1.1");
-    EXPECT_EQ(m_server.requests().first().body, "<a>Хлеб</a>");
+    EXPECT_EQ(m_server.requests().value(0).requestLine, "POST /loyalty?shop=1 HTTP/1.1");
+    EXPECT_EQ(m_server.requests().value(0).body, "<a>Хлеб</a>");
 }
 
 TEST_F(ExchangeTest, SendsALargeBodyWithoutAskingFirst)
@@ -29,8 +29,8 @@ TEST_F(ExchangeTest, SendsALargeBodyWithoutAskingFirst)
     whenPosted(m_server.url(), body);
 
     thenSucceeded();
-    EXPECT_EQ(m_server.requests().first().body, body);
-    EXPECT_FALSE(m_server.requests().first().headers.contains("expect"));
+    EXPECT_EQ(m_server.requests().value(0).body, body);
+    EXPECT_FALSE(m_server.requests().value(0).headers.contains("expect"));
 }
 
 TEST_F(ExchangeTest, SendsAnEmptyBody)
@@ -39,7 +39,7 @@ TEST_F(ExchangeTest, SendsAnEmptyBody)
     whenPosted(m_server.url(), {});
 
     thenSucceeded();
-    EXPECT_EQ(m_server.requests().first().headers.value("content-length"), "0");
+    EXPECT_EQ(m_server.requests().value(0).headers.value("content-length"), "0");
 }
 
 TEST_F(ExchangeTest, AnswersThatAreWhole)
@@ -79,6 +79,7 @@ TEST_F(ExchangeTest, AnswersThatWereCut)
         "HTTP/1.1 100 Continue\r\n\r\n",
         "HTTP/1.1 100 Continue\r\n\r\n" + okHead + "X: y",
         "HTTP/1.1 101 Switching Protocols\r\nUpgrade: x\r\n\r\n",
+        "HTTP/1.1 101 Switching Protocols\r\nUpgrade: x\r\n\r\nhi",
     };
     for (const QByteArray &answer : rows) {
         SCOPED_TRACE(answer.toStdString());
@@ -87,6 +88,27 @@ TEST_F(ExchangeTest, AnswersThatWereCut)
         whenPosted(server.url());
         thenFailedWith(RestClient::AnswerCut);
     }
+}
+
+TEST_F(ExchangeTest, AnswersThatWereReset)
+{
+    const QList<QByteArray> rows{QByteArray(), okHead, okHead + "Content-Length: 5\r\n\r\nhi"};
+    for (const QByteArray &answer : rows) {
+        SCOPED_TRACE(answer.toStdString());
+        ScriptedServer server;
+        server.answerReset(answer);
+        whenPosted(server.url());
+        thenFailedWith(RestClient::AnswerCut);
+    }
+}
+
+TEST_F(ExchangeTest, ConnectionsThatAreResetBeforeTheBodyIsRead)
+{
+    const QByteArray moreThanBuffersHold(32 * 1024 * 1024, 'x');
+    m_server.resetAfterHeads();
+    whenPosted(m_server.url(), moreThanBuffersHold);
+
+    thenFailedWith(RestClient::AnswerCut);
 }
 
 TEST_F(ExchangeTest, StatusesBeyondSuccessAreErrors)

@@ -11,7 +11,7 @@ protected:
     {
         m_server.answer("ok");
         whenPosted(m_server.url(), "<a/>", headers);
-        return m_server.requests().last().headers;
+        return m_server.requests().value(0).headers;
     }
 };
 

@@ -156,7 +156,7 @@ TEST_F(RestClientTest, GoesThroughTheProxyOfItsSettings)
 
     thenSucceeded();
     EXPECT_EQ(
-        m_server.requests().first().requestLine, "POST http://service.invalid/loyalty HTTP/1.1");
+        m_server.requests().value(0).requestLine, "POST http://service.invalid/loyalty HTTP/1.1");
 }
 
 TEST_F(RestClientTest, GivesTheStatusOfAProxyThatRefuses)
@@ -166,7 +166,7 @@ TEST_F(RestClientTest, GivesTheStatusOfAProxyThatRefuses)
     whenPosted(QUrl(u"https://service.invalid/"_s));
 
     thenFailedWith(403);
-    EXPECT_EQ(m_server.requests().first().requestLine, "CONNECT service.invalid:443 HTTP/1.1");
+    EXPECT_EQ(m_server.requests().value(0).requestLine, "CONNECT service.invalid:443 HTTP/1.1");
 }
 
 TEST_F(RestClientTest, CanBeReplaced)

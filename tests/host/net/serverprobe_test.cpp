@@ -31,12 +31,15 @@ TEST(ServerProbe, TriesUntilTheServerIsReached)
 TEST(ServerProbe, EndsWithItsSchedule)
 {
     std::atomic<int> attempts = 0;
-    {
-        auto probe = std::make_unique<ServerProbe>(
-            ProbeSchedule{0ms, std::chrono::steady_clock::now()},
-            [&](const std::stop_token &) { return ++attempts > 0; }, [] { FAIL(); });
-    }
+    std::promise<void> ended;
+    // What an attempt holds is released when the thread that would make it has ended.
+    std::shared_ptr<void> held(nullptr, [&ended](void *) { ended.set_value(); });
+    const ServerProbe probe(
+        {0ms, std::chrono::steady_clock::now()},
+        [&attempts, held = std::move(held)](const std::stop_token &) { return ++attempts > 0; },
+        [] {});
 
+    ended.get_future().wait();
     EXPECT_EQ(attempts, 0);
 }
 

@@ -42,7 +42,7 @@ TEST_F(TlsTest, AcceptsTheCertificateOfTheSettings)
 
 TEST_F(TlsTest, RefusesACertificateThatIsMadeOutToAnotherServer)
 {
-    const TlsServer server(u"127.0.0.2"_s);
+    const TlsServer server(TlsServer::Manner::Answers, u"127.0.0.2"_s);
     givenTrustIn(server);
     whenPosted(server.url());
 
@@ -60,7 +60,7 @@ TEST_F(TlsTest, RefusesWhenTheTrustedCertificatesCannotBeRead)
 
 TEST_F(TlsTest, ShowsItsOwnCertificateToAServerThatAsks)
 {
-    const TlsServer server(u"127.0.0.1"_s, TlsServer::ClientCertificate::Required);
+    const TlsServer server(TlsServer::Manner::AsksForCertificate);
     givenTrustIn(server);
     whenPosted(server.url());
     thenFailedWith(RestClient::TlsFailed);
@@ -78,6 +78,15 @@ TEST_F(TlsTest, FailsWhenItsOwnCertificateCannotBeRead)
     whenPosted(server.url());
 
     thenFailedWith(RestClient::TlsFailed);
+}
+
+TEST_F(TlsTest, OutlivesAServerThatHangsUp)
+{
+    const TlsServer server(TlsServer::Manner::HangsUp);
+    givenTrustIn(server);
+    whenPosted(server.url(), QByteArray(32 * 1024 * 1024, 'x'));
+
+    thenFailedWith(RestClient::AnswerCut);
 }
 
 } // namespace

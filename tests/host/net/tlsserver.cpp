@@ -1,5 +1,7 @@
 #include "tests/host/net/tlsserver.h"
 
+#include "host/net/brokenpipeguard.h"
+
 #include <QFile>
 
 #include <netinet/in.h>
@@ -75,6 +77,7 @@ struct TlsServer::Private
 {
     int listener = -1;
     quint16 port = 0;
+    bool hangsUp = false;
     Context context{SSL_CTX_new(TLS_server_method())};
 
     void listen()
@@ -96,7 +99,7 @@ struct TlsServer::Private
         const Connection connection(SSL_new(context.get()));
         SSL_set_fd(connection.get(), socket);
         std::array<char, SSL3_RT_MAX_PLAIN_LENGTH> request{};
-        if (SSL_accept(connection.get()) != 1
+        if (SSL_accept(connection.get()) != 1 || hangsUp
             || SSL_read(connection.get(), request.data(), static_cast<int>(request.size())) <= 0)
             return;
         SSL_write(connection.get(), answer.data(), static_cast<int>(answer.size()));
@@ -104,7 +107,7 @@ struct TlsServer::Private
     }
 };
 
-TlsServer::TlsServer(const QString &address, ClientCertificate clientCertificate)
+TlsServer::TlsServer(Manner manner, const QString &address)
     : m_private(std::make_unique<Private>())
 {
     const Key key(EVP_EC_gen("P-256"));
@@ -114,7 +117,8 @@ TlsServer::TlsServer(const QString &address, ClientCertificate clientCertificate
     SSL_CTX *const context = m_private->context.get();
     require(SSL_CTX_use_certificate(context, certificate.get()) == 1
         && SSL_CTX_use_PrivateKey(context, key.get()) == 1);
-    if (clientCertificate == ClientCertificate::Required) {
+    m_private->hangsUp = manner == Manner::HangsUp;
+    if (manner == Manner::AsksForCertificate) {
         // With TLS 1.2 a refusal belongs to the handshake.
         SSL_CTX_set_max_proto_version(context, TLS1_2_VERSION);
         SSL_CTX_set_verify(context, SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT, nullptr);
@@ -133,6 +137,8 @@ TlsServer::~TlsServer()
 
 void TlsServer::serve()
 {
+    // Clients hang up on it as well.
+    const BrokenPipeGuard guard;
     for (;;) {
         const int socket = ::accept4(m_private->listener, nullptr, nullptr, SOCK_CLOEXEC);
         if (socket < 0)

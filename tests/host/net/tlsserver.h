@@ -12,15 +12,16 @@
 class TlsServer
 {
 public:
-    enum class ClientCertificate
+    enum class Manner
     {
-        Ignored,
-        Required ///< the server's own is the one that is accepted
+        Answers,
+        AsksForCertificate, ///< answers only who shows the server's own
+        HangsUp ///< after the handshake
     };
 
     /// @param address that the certificate is made out to, an IP address.
-    explicit TlsServer(const QString &address = QStringLiteral("127.0.0.1"),
-        ClientCertificate clientCertificate = ClientCertificate::Ignored);
+    explicit TlsServer(
+        Manner manner = Manner::Answers, const QString &address = QStringLiteral("127.0.0.1"));
     ~TlsServer();
     Q_DISABLE_COPY_MOVE(TlsServer)
 
