@@ -82,10 +82,15 @@ QSharedPointer<DocumentCardRecord> AbstractDocument::getCardRecord(ECardMode mod
 
 void AbstractDocument::addCardRecord(const QSharedPointer<DocumentCardRecord> &record)
 {
-    const ECardMode mode = record->getCardMode();
-    m_cards.removeIf([mode](const auto &other) { return other->getCardMode() == mode; });
-    m_cards.append(record);
-    record->setCodeInternal(static_cast<int>(m_cards.size()));
+    // A record takes the place, and so the number, of the one that it replaces: numbers stay
+    // unique.
+    auto place = std::find_if(m_cards.begin(), m_cards.end(),
+        [&record](const auto &other) { return other->getCardMode() == record->getCardMode(); });
+    if (place == m_cards.end())
+        place = m_cards.insert(place, record);
+    else
+        *place = record;
+    record->setCodeInternal(static_cast<int>(std::distance(m_cards.begin(), place)) + 1);
 }
 
 QString AbstractDocument::getCardNumber() const

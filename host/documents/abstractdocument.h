@@ -111,7 +111,7 @@ public:
     {
         return m_cards;
     }
-    /// Adds a record and numbers it; one of the same mode is replaced.
+    /// Adds a record and numbers it; one of the same mode is replaced and its number taken over.
     virtual void addCardRecord(const QSharedPointer<DocumentCardRecord> &record);
     /// Number of the loyalty card; empty without one.
     [[nodiscard]] QString getCardNumber() const;

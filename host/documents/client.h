@@ -13,7 +13,8 @@ enum class ClientOptions : int
     ChequeByEmail = 2, ///< to the e-mail address
 };
 
-/// The holder of a card, as the cashier sees him.
+/// The holder of a card, as the cashier sees him. A QObject, named "client", so that masks can read
+/// its properties.
 class POSHOST_EXPORT Client : public QObject
 {
     Q_OBJECT
@@ -21,7 +22,7 @@ class POSHOST_EXPORT Client : public QObject
     Q_PROPERTY(QString email READ getEmail)
 
 public:
-    Client() = default;
+    Client() { setObjectName(QStringLiteral("client")); }
 
     [[nodiscard]] QString getName() const { return m_name; }
     void setName(const QString &name) { m_name = name; }

@@ -18,6 +18,18 @@ void removeApplied(AbstractDocument &document, Setter setApplied)
         (position.data()->*setApplied)(0.0);
 }
 
+// Brings what was granted for another quantity to the one of now, so that both are for one
+// quantity.
+void takeOverQuantity(GoodsItem &position)
+{
+    if (position.getAppliedQuantity() > 0.0) {
+        const double share = position.getAppliedShare();
+        position.setAppliedDiscount(position.getAppliedDiscount() * share);
+        position.setAppliedPoints(position.getAppliedPoints() * share);
+    }
+    position.setAppliedQuantity(position.getBquant());
+}
+
 void apply(
     AbstractDocument &document, const DocumentImpact &impact, Getter applied, Setter setApplied)
 {
@@ -25,14 +37,15 @@ void apply(
     const auto position = document.getPosition(detail->getPosition());
     if (!position)
         return;
+    takeOverQuantity(*position);
     (position.data()->*setApplied)((position.data()->*applied)() + detail->getDiscountSum());
-    position->setAppliedQuantity(position->getBquant());
 }
 
 void removeLoyalty(AbstractDocument &document)
 {
     removeApplied(document, &GoodsItem::setAppliedDiscount);
     removeApplied(document, &GoodsItem::setAppliedPoints);
+    removeApplied(document, &GoodsItem::setAppliedQuantity);
     document.setEffects({});
     document.recalculate();
 }

@@ -1,0 +1,106 @@
+// A catalogue that is not as it should be: where, and what was expected.
+
+#include "host/documents/catalogue.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Case
+{
+    const char *name;
+    const char *contents;
+    const char *place;
+    const char *expected;
+};
+
+class CatalogueErrorTest : public testing::TestWithParam<Case>
+{
+protected:
+    static std::string errorOf(const char *contents)
+    {
+        try {
+            static_cast<void>(Catalogue::parse(contents, u"shop.json"_s));
+        } catch (const CatalogueError &error) {
+            return error.what();
+        }
+        return {};
+    }
+};
+
+TEST_P(CatalogueErrorTest, NamesThePlaceAndWhatWasExpected)
+{
+    const std::string error = errorOf(GetParam().contents);
+    EXPECT_THAT(error, testing::StartsWith(GetParam().place));
+    EXPECT_THAT(error, testing::HasSubstr(GetParam().expected));
+    EXPECT_THAT(error, testing::Not(testing::HasSubstr("\n")));
+}
+
+const Case cases[]{
+    {"SyntaxInTheFirstLine", "{", "shop.json:1:2: ", "unexpected end of input"},
+    {"SyntaxInAnotherLine", "{\n \"articles\": [}", "shop.json:2:15: ", "unexpected '}'"},
+    {"ColumnsAreCharacters", "{\"till\": {\"shop\": \"Ёж\" 1}}", "shop.json:1:24: ", "unexpected"},
+    {"EmptyFile", "", "shop.json:1:1: ", "unexpected end of input"},
+    {"NoObject", "[]", "shop.json: at \"\": ", "expected an object"},
+    {"PlainNumber", "5", "shop.json: at \"\": ", "expected an object"},
+    {"UnknownMember", R"({"aricles": []})",
+        "shop.json: at \"/aricles\": ", "the known ones are articles, scan, till"},
+    {"UnknownMemberOfAnArticle", R"({"articles": [{"code": "1", "price": 1, "prise": 2}]})",
+        "shop.json: at \"/articles/0/prise\": ", "no such member"},
+    {"UnknownMemberOfTheUnit",
+        R"({"articles": [{"code": "1", "price": 1, "unit": {"names": "кг"}}]})",
+        "shop.json: at \"/articles/0/unit/names\": ", "no such member"},
+    {"UnknownMemberOfAnIndexPrice",
+        R"({"articles": [{"code": "1", "price": 1, "indexPrices": [{"cod": 5}]}]})",
+        "shop.json: at \"/articles/0/indexPrices/0/cod\": ", "no such member"},
+    {"UnknownMemberOfTheScan", R"({"scan": {"prefixes": []}})",
+        "shop.json: at \"/scan/prefixes\": ", "no such member"},
+    {"UnknownMemberOfTheTill", R"({"till": {"nummer": "1"}})",
+        "shop.json: at \"/till/nummer\": ", "no such member"},
+    {"NoCode", R"({"articles": [{"price": 1}]})",
+        "shop.json: at \"/articles/0/code\": ", "expected a value"},
+    {"NoPrice", R"({"articles": [{"code": "1"}]})",
+        "shop.json: at \"/articles/0/price\": ", "expected a value"},
+    {"CodeAsANumber", R"({"articles": [{"code": 1, "price": 1}]})",
+        "shop.json: at \"/articles/0/code\": ", "expected a text"},
+    {"PriceAsAText", R"({"articles": [{"code": "1", "price": "1"}]})",
+        "shop.json: at \"/articles/0/price\": ", "expected a price"},
+    {"PriceBelowZero", R"({"articles": [{"code": "1", "price": -0.01}]})",
+        "shop.json: at \"/articles/0/price\": ", "expected a price"},
+    {"FractionalAsAText",
+        R"({"articles": [{"code": "1", "price": 1, "unit": {"fractional": "no"}}]})",
+        "shop.json: at \"/articles/0/unit/fractional\": ", "expected true or false"},
+    {"BarcodesAsAText", R"({"articles": [{"code": "1", "price": 1, "barcodes": "46"}]})",
+        "shop.json: at \"/articles/0/barcodes\": ", "expected an array"},
+    {"CodeTwice", R"({"articles": [{"code": "1", "price": 1}, {"code": "1", "price": 2}]})",
+        "shop.json: at \"/articles/1\": ", "\"1\" is none"},
+    {"BarcodeTwice",
+        R"({"articles": [{"code": "1", "price": 1, "barcodes": ["46"]},
+            {"code": "2", "price": 2, "barcodes": ["46"]}]})",
+        "shop.json: at \"/articles/1\": ", "\"46\" is none"},
+    {"EmptyCode", R"({"articles": [{"code": "", "price": 1}]})",
+        "shop.json: at \"/articles/0\": ", "\"\" is none"},
+    {"FirstChequeBelowOne", R"({"till": {"firstCheque": 0}})",
+        "shop.json: at \"/till/firstCheque\": ", "from 1 up"},
+    {"FirstChequeWithAFraction", R"({"till": {"firstCheque": 1.5}})",
+        "shop.json: at \"/till/firstCheque\": ", "an integer"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueErrorTest, testing::ValuesIn(cases),
+    [](const auto &row) { return row.param.name; });
+
+TEST(CatalogueFileTest, MissingFileIsNamed)
+{
+    try {
+        static_cast<void>(Catalogue::load(u"/nowhere/shop.json"_s));
+        FAIL() << "a missing file was read";
+    } catch (const CatalogueError &error) {
+        EXPECT_THAT(error.what(), testing::HasSubstr("/nowhere/shop.json"));
+        EXPECT_THAT(error.what(), testing::HasSubstr("Till:catalogue"));
+    }
+}
+
+} // namespace

@@ -1,0 +1,116 @@
+// Saving while a document is open, and after the till has closed or dropped it.
+
+#include "host/framework/basicexception.h"
+#include "host/storage/documentjson.h"
+#include "host/storage/savetofilelogic.h"
+#include "host/storage/statefolder.h"
+#include "tests/host/storage/files.h"
+#include "tests/support/hostfixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class SaveToFileLogicTest : public testing::Test, public HostFixture
+{
+protected:
+    SaveToFileLogicTest()
+    {
+        givenCurrentDocument();
+        document()->setCorrelationId(u"one"_s);
+    }
+
+    [[nodiscard]] static QString openFile()
+    {
+        return Singleton<StateFolder>::instance()->openDocument();
+    }
+    void whenSaved(const QString &fileName = {})
+    {
+        MockFactory<SaveToFileLogic>::create()->save(document(), fileName);
+    }
+    [[nodiscard]] static EDocumentState savedState()
+    {
+        return documentjson::read(files::contents(openFile()), openFile())->getState();
+    }
+};
+
+TEST_F(SaveToFileLogicTest, EmptyNameIsTheOpenDocument)
+{
+    whenSaved();
+    EXPECT_EQ(files::contents(openFile()), documentjson::write(*document()));
+    EXPECT_TRUE(files::isPrivate(openFile()));
+}
+
+TEST_F(SaveToFileLogicTest, NameIsAFileOfTheStateFolder)
+{
+    whenSaved(u"other.json"_s);
+    EXPECT_EQ(files::namesIn(stateFolder()), QStringList{u"other.json"_s});
+}
+
+TEST_F(SaveToFileLogicTest, StateFolderIsMadeWhereItIsMissing)
+{
+    Singleton<StateFolder>::instance()->setPath(stateFolder() + u"/below"_s);
+    whenSaved();
+    EXPECT_TRUE(QFile::exists(openFile()));
+    EXPECT_TRUE(files::isPrivate(stateFolder() + u"/below"_s));
+}
+
+TEST_F(SaveToFileLogicTest, ClosedDocumentReplacesItselfWhileItIsStillThere)
+{
+    whenSaved();
+    document()->setState(EDocumentState::Closed);
+    whenSaved();
+    EXPECT_EQ(savedState(), EDocumentState::Closed);
+}
+
+TEST_F(SaveToFileLogicTest, DocumentThatTheTillHasDroppedDoesNotComeBack)
+{
+    for (const auto state : {EDocumentState::Closed, EDocumentState::Cancelled}) {
+        document()->setState(state);
+        whenSaved();
+        EXPECT_FALSE(QFile::exists(openFile()));
+    }
+}
+
+TEST_F(SaveToFileLogicTest, ClosedDocumentDoesNotReplaceTheNextOne)
+{
+    const auto closed = document();
+    closed->setState(EDocumentState::Closed);
+    givenCurrentDocument(EDocumentType::Sale, u"18"_s);
+    whenSaved();
+    MockFactory<SaveToFileLogic>::create()->save(closed, {});
+    EXPECT_EQ(files::contents(openFile()), documentjson::write(*document()));
+}
+
+TEST_F(SaveToFileLogicTest, SameNumberOpenedAtAnotherTimeIsAnotherDocument)
+{
+    whenSaved();
+    document()->setCorrelationId(u"two"_s);
+    document()->setState(EDocumentState::Closed);
+    whenSaved();
+    EXPECT_EQ(savedState(), EDocumentState::Open);
+}
+
+TEST_F(SaveToFileLogicTest, FileThatCannotBeReadIsLeftAsItIs)
+{
+    files::put(openFile(), "damaged");
+    document()->setState(EDocumentState::Closed);
+    EXPECT_THROW(whenSaved(), BasicException);
+    EXPECT_EQ(files::contents(openFile()), "damaged");
+}
+
+TEST_F(SaveToFileLogicTest, FailureIsToldToTheCashier)
+{
+    try {
+        whenSaved(u"none/document.json"_s);
+        FAIL() << "saved into a folder that is not there";
+    } catch (const BasicException &error) {
+        EXPECT_EQ(error.tr().id(), u"documentNotSaved"_s);
+        EXPECT_THAT(error.what(), testing::HasSubstr("none/document.json"));
+    }
+}
+
+} // namespace
