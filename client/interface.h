@@ -26,8 +26,10 @@ namespace korvelLoyaltyOnline {
 
 /// The client of the loyalty service: composes requests, sends or queues them, reads the answers.
 ///
-/// Made once by the plug-in and kept for its whole life. All settings are read in the constructor
-/// and never again; after it every operation is `const`. Runs on the host's thread; an exchange
+/// Made once by the plug-in and kept for its whole life. The settings "KorvelLoyaltyOnline:…" are
+/// read in the constructor and never again; only the sections of configured attributes and the
+/// card flags "cardTypeExtendedAttribute" are looked up when they are needed. After construction
+/// every operation is `const`. Runs on the host's thread; an exchange
 /// blocks for at most the configured timeout. The operations are virtual so that a substitute can
 /// take their place, and they call one another through the virtual table.
 ///

@@ -67,10 +67,10 @@ std::optional<QString> MarkupScanner::scanOpeningTag()
 std::optional<QString> MarkupScanner::scanDocumentType()
 {
     while (!atEnd() && next() != '>') {
-        if (next() == '[')
-            if (const auto refusal = scanSubset())
-                return refusal;
-        skipCharacterOrQuoted();
+        if (next() != '[')
+            skipCharacterOrQuoted();
+        else if (const auto refusal = scanSubset())
+            return refusal;
     }
     return std::nullopt;
 }
