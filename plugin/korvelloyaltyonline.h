@@ -5,6 +5,7 @@
 #include "common/exceptions.h"
 #include "common/host/documents.h"
 #include "common/host/framework.h"
+#include "plugin/verification.h"
 
 #include <QList>
 #include <QMap>
@@ -68,6 +69,8 @@ public:
     /// Notes how many points the customer wants to spend; 0: all that can be spent.
     void setPointsForSpend(
         const QSharedPointer<AbstractDocument> &document, double points) override;
+    /// Pays with the chosen points. False: refused, or the customer's code was not confirmed; the
+    /// cheque is then not paid with points. True also when the cheque goes on offline without them.
     bool spendPoints() override;
     /// Registers the current cheque once and tells whether it earns points. False also when the
     /// cheque goes on offline.
@@ -100,6 +103,8 @@ public:
     void clearLoyaltyData() override;
 
 protected:
+    /// Asks for the code that the customer received.
+    /// @throws KorvelException when the cashier cancels.
     [[nodiscard]] virtual QString inputVerificationCode() const;
     /// Offers the customer the exchange of stickers for discounts when the answer has such offers.
     virtual void interchangeStickers(QMap<QString, QVariant> &result);
@@ -115,12 +120,18 @@ protected:
     virtual void setOfflineMode();
     /// Tells the cashier to hand all coupons back, then takes them off the document.
     virtual void removeCoupons(const QSharedPointer<AbstractDocument> &document) const;
+    /// Turns a repeated scan of the markdown code that was just added into a change of the last
+    /// position.
     virtual EContext::Result beforeInput(const control::Action &action);
+    /// Prepares a markdown position, or refuses one of several units where that is not allowed.
     virtual EContext::Result beforePositionAdd(const control::Action &action);
+    /// Remembers what was scanned for a markdown position.
     virtual EContext::Result afterPositionAdd(const control::Action &action);
+    /// Stops a change of a markdown position's quantity where that is not allowed.
     virtual EContext::Result beforeApplyModifiers(const control::Action &action) const;
     /// Gives a coupon for markdown goods a number that says so.
     virtual EContext::Result afterCouponAdd(const control::Action &action) const;
+    /// The configured minimum price, and never merged with another position.
     virtual void setPropertiesForMarkdownPosition(const QSharedPointer<GoodsItem> &position) const;
 
     /// Attaches a technical card to a sale that has no card. Always goes on.
@@ -142,7 +153,8 @@ protected:
     /// document: they are gone when the till is switched off in between.
     QList<QVariant> couponsToPrint;
     bool useConfirmation = false; ///< whether spending points needs the customer's confirmation
-    double noConfirmationBonusLimit = -1.0; ///< in points; up to it no code is asked; -1: no limit
+    /// In points: up to it no code is asked; `verification::noLimit`: never.
+    double noConfirmationBonusLimit = verification::noLimit;
     QString stickersActionMarker; ///< part of the attribute names of sticker actions
     bool notUseStickers = false; ///< the customer declined the stickers of this cheque
     QString technicalCardPrefix;
@@ -176,6 +188,15 @@ private:
 
     void undoRegistration(const QSharedPointer<AbstractDocument> &document,
         const QSharedPointer<DocumentCardRecord> &card) const;
+
+    void payWithPoints(const QSharedPointer<AbstractDocument> &document,
+        const QSharedPointer<DocumentCardRecord> &card);
+    void takeOverAvailablePoints(const QSharedPointer<AbstractDocument> &document,
+        const QSharedPointer<DocumentCardRecord> &card, const QMap<QString, QVariant> &result);
+    void verifyWriteOff(const QMap<QString, QVariant> &result) const;
+    void applyPayment(
+        const QSharedPointer<AbstractDocument> &document, const QMap<QString, QVariant> &result);
+    void goOfflineWithoutPoints();
 
     [[nodiscard]] QMap<QString, QVariant> registerCheque(
         const QSharedPointer<AbstractDocument> &document) const;

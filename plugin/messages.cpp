@@ -51,6 +51,53 @@ tr::Tr checkRegistrationError()
         u"Отмените оплату, вернитесь в формирование и повторите попытку списания бонусов"_s};
 }
 
+tr::Tr insufficientBonusBalance()
+{
+    return {u"korvelInsufficientBonusBalance"_s, u"Доступных баллов недостаточно для оплаты"_s};
+}
+
+tr::Tr incorrectVerificationCode()
+{
+    return {u"korvelIncorrectVerificationCode"_s, u"Неверный код подтверждения"_s};
+}
+
+tr::Tr verificationCodeCancelled()
+{
+    return {u"korvelVerificationCodeCancelInput"_s, u"Ввод кода подтверждения отменен"_s};
+}
+
+tr::Tr verificationCodeTitle()
+{
+    return {u"korvelVerificationCodeInputTitle"_s, u"Подтверждение списания"_s};
+}
+
+tr::Tr verificationCodePrompt()
+{
+    return {u"korvelVerificationCodeInputMessage"_s, u"Введите код подтверждения"_s};
+}
+
+tr::Tr scanError()
+{
+    return {
+        u"inputTextFormScanError"_s, u"Ошибка разбора введенных данных, повторите сканирование"_s};
+}
+
+tr::Tr formOk()
+{
+    return {u"inputTextFormOkBtn"_s, u"ОК"_s};
+}
+
+tr::Tr formCancel()
+{
+    return {u"inputTextFormCancelBtn"_s, u"Отмена"_s};
+}
+
+tr::Tr forbidChangeQuantity()
+{
+    return {u"korvelOnlineForbidChangeQuantity"_s,
+        u"Изменение количества для позиции с уценкой запрещено"_s};
+}
+
 void show(const tr::Tr &message)
 {
     MockFactory<Dialog>::create()->showMessage(

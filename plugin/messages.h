@@ -24,6 +24,21 @@ namespace messages {
 /// The points that the cheque was paid with are no longer there when it is registered.
 [[nodiscard]] tr::Tr checkRegistrationError();
 
+/// The card has fewer points than the customer wants to pay with.
+[[nodiscard]] tr::Tr insufficientBonusBalance();
+[[nodiscard]] tr::Tr incorrectVerificationCode();
+[[nodiscard]] tr::Tr verificationCodeCancelled();
+
+/// The form that asks for the code.
+[[nodiscard]] tr::Tr verificationCodeTitle();
+[[nodiscard]] tr::Tr verificationCodePrompt();
+[[nodiscard]] tr::Tr scanError();
+[[nodiscard]] tr::Tr formOk();
+[[nodiscard]] tr::Tr formCancel();
+
+/// Markdown goods are sold one by one.
+[[nodiscard]] tr::Tr forbidChangeQuantity();
+
 /// Shows a message and waits until the cashier has seen it.
 void show(const tr::Tr &message);
 
