@@ -1,5 +1,7 @@
 #include "emulator/books/calculations.h"
 
+#include "emulator/books/rowvalues.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -15,10 +17,10 @@ LastCalculation readCalculation(const QSqlQuery &row)
 {
     LastCalculation calculation;
     int column = 0;
-    calculation.sum = Amount::ofHundredths(row.value(column++).toLongLong());
-    calculation.discount = Amount::ofHundredths(row.value(column++).toLongLong());
-    calculation.sumDiscounted = Amount::ofHundredths(row.value(column++).toLongLong());
-    calculation.wish = Amount::ofHundredths(row.value(column++).toLongLong());
+    calculation.sum = amountIn(row, column++);
+    calculation.discount = amountIn(row, column++);
+    calculation.sumDiscounted = amountIn(row, column++);
+    calculation.wish = amountIn(row, column++);
     calculation.code = row.value(column++).toString();
     return calculation;
 }
@@ -47,6 +49,13 @@ std::optional<LastCalculation> Calculations::recall(const ChequeKey &cheque) con
 void Calculations::forget(const ChequeKey &cheque)
 {
     m_database.change(u"DELETE FROM calculations WHERE %1"_s.arg(whereCheque()), valuesOf(cheque));
+}
+
+void Calculations::forgetAll(const Till &till, const QString &card)
+{
+    m_database.change(u"DELETE FROM calculations WHERE card = ? AND pos = ? AND business_unit = ?"
+                      " AND organization = ?"_s,
+        {card, till.pos, till.businessUnit, till.organization});
 }
 
 std::vector<std::pair<QString, QString>> Calculations::waitingCodes(const QString &card) const

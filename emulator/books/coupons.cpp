@@ -1,5 +1,6 @@
 #include "emulator/books/coupons.h"
 
+#include "emulator/books/rowvalues.h"
 #include "emulator/rules/couponnumber.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -23,7 +24,7 @@ QVariant amountValue(const Reduction &reduction)
 Reduction readReduction(const QSqlQuery &row)
 {
     if (row.isNull(0))
-        return Amount::ofHundredths(row.value(1).toLongLong());
+        return amountIn(row, 1);
     return Percent::ofHundredths(row.value(0).toLongLong());
 }
 

@@ -1,5 +1,7 @@
 #include "emulator/books/ledger.h"
 
+#include "emulator/books/rowvalues.h"
+
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
@@ -7,11 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace emulator {
 
 namespace {
-
-Amount amountIn(const QSqlQuery &row, int column)
-{
-    return Amount::ofHundredths(row.value(column).toLongLong());
-}
 
 LedgerEntry readEntry(const QSqlQuery &row)
 {

@@ -59,7 +59,7 @@ const QStringList &definitions()
         " pos TEXT NOT NULL, number TEXT NOT NULL, card TEXT NOT NULL, sum INTEGER NOT NULL,"
         " discount INTEGER NOT NULL, sum_discounted INTEGER NOT NULL, wish INTEGER NOT NULL,"
         " code TEXT NOT NULL,"
-        " PRIMARY KEY (number, pos, business_unit, organization, card))"_s,
+        " PRIMARY KEY (card, number, pos, business_unit, organization))"_s,
     };
     return statements;
 }

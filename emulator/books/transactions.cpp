@@ -1,5 +1,7 @@
 #include "emulator/books/transactions.h"
 
+#include "emulator/books/rowvalues.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -19,16 +21,6 @@ QString whereCheque()
 {
     return u"number = ? AND pos = ? AND business_unit = ? AND organization = ? AND card = ?"
            " AND kind = ? AND rolled_back = 0"_s;
-}
-
-Amount amountIn(const QSqlQuery &row, int column)
-{
-    return Amount::ofHundredths(row.value(column).toLongLong());
-}
-
-Quantity quantityIn(const QSqlQuery &row, int column)
-{
-    return Quantity::ofThousandths(row.value(column).toLongLong());
 }
 
 ChequeKey readCheque(const QSqlQuery &row, int &column)

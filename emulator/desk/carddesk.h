@@ -18,6 +18,8 @@ std::optional<Outcome> refusalOf(const DeskContext &context, const std::optional
 /// Puts a made-up card into the books, so that its cheques can refer to it.
 void keepTechnicalCard(const DeskContext &context, const Card &card);
 
+/// What the card is and has. A till asks when the card is presented, so what it calculated for the
+/// card before belongs to a cheque that is over, and is forgotten.
 Answer balance(const DeskContext &context, const BalanceRequest &request);
 
 } // namespace emulator

@@ -39,7 +39,7 @@ Desk::Desk(ServiceData data, Database &database, Clock clock)
     transaction.commit();
 }
 
-DeskContext Desk::context() const
+DeskContext Desk::context()
 {
     return {m_data, m_books, m_clock()};
 }
@@ -52,7 +52,7 @@ Answer Desk::answer(const Request &request)
     return std::visit(Dispatch{current}, request);
 }
 
-Answer Desk::refuse(const Request &request, const Outcome &outcome) const
+Answer Desk::refuse(const Request &request, const Outcome &outcome)
 {
     if (std::holds_alternative<BalanceRequest>(request))
         return BalanceAnswer{outcome, {}};

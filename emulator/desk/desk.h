@@ -22,7 +22,7 @@ public:
     Answer answer(const Request &request);
 
     /// An answer with this code, and nothing done. For 81400 on a sale it holds all figures.
-    Answer refuse(const Request &request, const Outcome &outcome) const;
+    Answer refuse(const Request &request, const Outcome &outcome);
 
     /// Forgets everything that happened and starts with the data's cards again.
     void reset();
@@ -30,11 +30,11 @@ public:
     const Books &books() const { return m_books; }
 
 private:
-    DeskContext context() const;
+    DeskContext context();
     std::optional<Outcome> forcedOutcome(const Request &request) const;
 
     const ServiceData m_data;
-    mutable Books m_books;
+    Books m_books;
     const Clock m_clock;
 };
 

@@ -100,5 +100,25 @@ TEST_F(PointsTest, AreKeptWhenACancelledChequesNumberIsUsedAgain)
     EXPECT_EQ(other.spent, Amount());
 }
 
+TEST_F(PointsTest, AreKeptWhenACancelledChequeIsSoldAgainAsItWas)
+{
+    data.spending.share = Percent::ofHundredths(10000);
+    whenAccepted(sale); // cancelled at the till
+    desk().answer(BalanceRequest{sale.till, sale.card});
+    EXPECT_EQ(whenAccepted(sale).spent, Amount());
+}
+
+TEST_F(PointsTest, AreNotForgottenWhenTheCardIsPresentedElsewhere)
+{
+    data.spending.share = Percent::ofHundredths(10000);
+    givenCard("24", "0.00");
+    const ChequeFigures soft = whenAccepted(sale);
+    Till other = sale.till;
+    other.pos = u"2"_s;
+    desk().answer(BalanceRequest{other, sale.card});
+    desk().answer(BalanceRequest{sale.till, u"24"_s});
+    EXPECT_EQ(whenAccepted(nextSoft(sale, soft, amount("150.00"))).spent, amount("150.00"));
+}
+
 } // namespace
 } // namespace emulator
