@@ -5,6 +5,7 @@
 namespace {
 
 constexpr std::chrono::milliseconds limit{3000};
+constexpr int stopCheckMilliseconds = 100;
 
 struct MultiCleanup
 {
@@ -12,16 +13,15 @@ struct MultiCleanup
 };
 using MultiHandle = std::unique_ptr<CURLM, MultiCleanup>;
 
-// An easy handle that blocks could not be woken from another thread.
+// In slices: an easy handle would not look at the request to stop before its limit.
 bool run(CURLM *multi, const std::stop_token &stop)
 {
-    const std::stop_callback wake(stop, [multi] { curl_multi_wakeup(multi); });
     int running = 1;
     while (running > 0 && !stop.stop_requested()) {
         if (curl_multi_perform(multi, &running) != CURLM_OK)
             return false;
         if (running > 0)
-            curl_multi_poll(multi, nullptr, 0, static_cast<int>(limit.count()), nullptr);
+            curl_multi_poll(multi, nullptr, 0, stopCheckMilliseconds, nullptr);
     }
     int left = 0;
     const CURLMsg *message = curl_multi_info_read(multi, &left);

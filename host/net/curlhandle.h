@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/net/brokenpipeguard.h"
 #include "host/net/exchangesettings.h"
 
 #include <QByteArray>
@@ -16,7 +15,7 @@
 /// own that is never used again, HTTP/1.1 over http or https, no redirects, nothing taken from the
 /// environment, verified certificates, no signals.
 ///
-/// To be used and destroyed on the thread that made it. Options that fail are remembered:
+/// To be used from one thread at a time. Options that fail are remembered:
 /// `setUpResult`.
 class CurlHandle
 {
@@ -50,7 +49,6 @@ private:
     void setConnection(const ExchangeSettings &settings);
     void setTls(const ExchangeSettings &settings);
 
-    BrokenPipeGuard m_brokenPipeGuard; ///< first, so that it outlives the handle
     std::array<char, CURL_ERROR_SIZE> m_errorText{};
     std::unique_ptr<CURL, Cleanup> m_handle;
     CURLcode m_setUpResult = CURLE_OK;

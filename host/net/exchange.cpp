@@ -59,7 +59,6 @@ int errorOf(CURLcode result)
         return RestClient::NameNotResolved;
     case CURLE_SSL_CONNECT_ERROR:
     case CURLE_SSL_CERTPROBLEM:
-    case CURLE_SSL_CIPHER:
     case CURLE_PEER_FAILED_VERIFICATION:
     case CURLE_SSL_CACERT_BADFILE:
         return RestClient::TlsFailed;

@@ -113,6 +113,15 @@ TEST_F(LoggingTest, NobodyElseCanReadTheFiles)
         EXPECT_EQ(QFileInfo(path).permissions(), ownerOnly) << path.toStdString();
 }
 
+TEST_F(LoggingTest, TakesAnOlderFileFromEverybodyElse)
+{
+    whenSetUp();
+    QFile::setPermissions(logFile(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    whenSetUp();
+
+    EXPECT_FALSE(QFileInfo(logFile()).permission(QFile::ReadOther));
+}
+
 TEST_F(LoggingTest, KeepsFiveFilesOfAMebibyteAtMost)
 {
     constexpr int manyLines = 7000;

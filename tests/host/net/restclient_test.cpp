@@ -159,6 +159,14 @@ TEST_F(RestClientTest, GoesThroughTheProxyOfItsSettings)
         m_server.requests().value(0).requestLine, "POST http://service.invalid/loyalty HTTP/1.1");
 }
 
+TEST_F(RestClientTest, TellsAProxyThatIsNotFoundLikeAServer)
+{
+    givenSetting(u"RestClient:proxy"_s, u"http://no-such-proxy.invalid:3128"_s);
+    whenPosted();
+
+    thenFailedWith(RestClient::NameNotResolved);
+}
+
 TEST_F(RestClientTest, GivesTheStatusOfAProxyThatRefuses)
 {
     givenSetting(u"RestClient:proxy"_s, m_server.url().toString());
