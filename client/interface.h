@@ -16,6 +16,8 @@
 #include <QUrl>
 #include <QVariant>
 
+class Config;
+
 namespace Log4Qt {
 class Logger;
 }
@@ -24,8 +26,10 @@ namespace korvelLoyaltyOnline {
 
 /// The client of the loyalty service: composes requests, sends or queues them, reads the answers.
 ///
-/// Made once by the plug-in and kept for its whole life. All settings are read in the constructor
-/// and never again; after it every operation is `const`. Runs on the host's thread; an exchange
+/// Made once by the plug-in and kept for its whole life. The settings "KorvelLoyaltyOnline:…" are
+/// read in the constructor and never again; only the sections of configured attributes and the
+/// card flags "cardTypeExtendedAttribute" are looked up when they are needed. After construction
+/// every operation is `const`. Runs on the host's thread; an exchange
 /// blocks for at most the configured timeout. The operations are virtual so that a substitute can
 /// take their place, and they call one another through the virtual table.
 ///
@@ -139,13 +143,29 @@ public:
     QList<QVariant> createCouponsToPrint(const QDomDocument &response) const;
 
 private:
-    void readForbiddenCardStatuses();
+    void readForbiddenCardStatuses(const Config &config);
+
+    QDomElement formItem(const QSharedPointer<GoodsItem> &position,
+        const QMap<QString, QVariant> &data, QDomDocument &request) const;
+    double minimumPrice(const GoodsItem &position) const;
+    QList<QDomElement> formStoredAttributes(
+        const QMap<QString, QVariant> &data, QDomDocument &request) const;
+    QList<QDomElement> formConfiguredAttributes(
+        const QSharedPointer<GoodsItem> &position, QDomDocument &request) const;
+    QList<QDomElement> formOptionAttributes(const GoodsItem &position, QDomDocument &request) const;
     QDomElement formExtendedAttribute(
         QDomDocument &request, const QMap<QString, QString> &attributes) const;
+    QMap<QString, QVariant> readPosition(const QDomElement &item) const;
+    QMap<QString, QVariant> readPositions(const QDomDocument &response) const;
 
+    static constexpr int defaultTimeoutSeconds = 15;
+    static constexpr int noIndexPrice = -1;
+    static constexpr double noMinRetailPrice = -1.0;
+
+    // Constant after construction.
     QUrl m_url;
-    int m_timeout; ///< seconds
-    int m_timeoutReturn; ///< seconds, for returns
+    int m_timeout = defaultTimeoutSeconds; ///< seconds
+    int m_timeoutReturn = defaultTimeoutSeconds; ///< seconds, for returns
     QString m_user;
     QString m_password;
     QString m_organization;
@@ -153,12 +173,12 @@ private:
     QString m_pos; ///< a mask
     QString m_orgName;
     QString m_couponMessageDelimeter;
-    int m_indexForMinRetailPrice; ///< negative: none
+    int m_indexForMinRetailPrice = noIndexPrice; ///< negative: none
     QMap<int, bool> m_forbiddenCardStatuses; ///< value: whether the customer is to know
     bool m_sendAdditionalBarcodeMarkdown = false;
     QSet<int> m_errorsList; ///< service codes that are refusals
     bool m_registerErrorsInActivityJournal = false;
-    double m_minRetailPriceForMarkdownPositions; ///< negative: none
+    double m_minRetailPriceForMarkdownPositions = noMinRetailPrice; ///< negative: none
     Log4Qt::Logger *m_logger; ///< not owned; lives to the end of the program
 };
 

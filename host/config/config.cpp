@@ -1,6 +1,88 @@
 #include "host/config/config.h"
 
+#include "host/config/inifile.h"
+#include "host/config/valuereaders.h"
+#include <log4qt/logmanager.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <optional>
+
 template class Singleton<Config>;
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString fileMark = u"@file:"_s;
+const QString overlayFolderSuffix = u".d"_s;
+
+QString sectionPart(const QString &key)
+{
+    return key.section(u':', 0, 0);
+}
+
+QString keyPart(const QString &key)
+{
+    return key.section(u':', 1);
+}
+
+QString besideFile(const QString &path, const QString &fileName)
+{
+    return QFileInfo(fileName).dir().filePath(path);
+}
+
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw ConfigError(
+            u"%1: the file cannot be read: %2; check its path and its permissions"_s.arg(
+                path, file.errorString()));
+    return file.readAll();
+}
+
+QString readValueFile(const QString &path)
+{
+    std::optional<QString> text = config::decoded(contentsOf(path));
+    if (!text)
+        throw ConfigError(u"%1: the file is not in UTF-8; save it as UTF-8"_s.arg(path));
+    if (text->endsWith(u'\n'))
+        text->chop(1);
+    if (text->endsWith(u'\r'))
+        text->chop(1);
+    return *text;
+}
+
+bool isQuoted(const QString &value)
+{
+    constexpr qsizetype bothQuotes = 2;
+    return value.size() >= bothQuotes && value.startsWith(u'"') && value.endsWith(u'"');
+}
+
+QString resolved(const ini::Setting &setting, const QString &fileName)
+{
+    if (isQuoted(setting.value))
+        return setting.value.mid(1, setting.value.size() - 2);
+    if (!setting.value.startsWith(fileMark))
+        return setting.value;
+    try {
+        return readValueFile(besideFile(setting.value.mid(fileMark.size()).trimmed(), fileName));
+    } catch (const ConfigError &error) {
+        throw ConfigError(u"%1:%2:%3: %4"_s.arg(fileName, QString::number(setting.line),
+            QString::number(setting.column), QString::fromUtf8(error.what())));
+    }
+}
+
+Log4Qt::Logger *logger()
+{
+    return Log4Qt::LogManager::logger(u"poshost.config"_s);
+}
+
+} // namespace
 
 ConfigError::ConfigError(const QString &text)
     : std::runtime_error(text.toStdString())
@@ -10,35 +92,99 @@ ConfigError::~ConfigError() = default;
 
 Config::~Config() = default;
 
-void Config::load(const QString &) { }
+void Config::load(const QString &fileName)
+{
+    Contents contents;
+    readFile(fileName, contents);
+    const QDir overlays(fileName + overlayFolderSuffix);
+    for (const QString &name : overlays.entryList({u"*.ini"_s}, QDir::Files, QDir::Name))
+        readFile(overlays.filePath(name), contents);
+    for (const Section &section : std::as_const(m_sections))
+        for (const QString &key : section.keys)
+            if (const Value &value = section.values[key]; value.fileName.isEmpty())
+                put(contents.sections, section.name, key, value);
+
+    m_fileName = fileName;
+    m_sections.swap(contents.sections);
+    m_warnings.swap(contents.warnings);
+    m_warnedKeys.clear();
+    for (const QString &warning : std::as_const(m_warnings))
+        logger()->warn(warning);
+}
+
+void Config::readFile(const QString &fileName, Contents &contents)
+{
+    QMap<QString, int> lines;
+    for (const ini::Section &section : ini::parse(contentsOf(fileName), fileName)) {
+        sectionOf(contents.sections, section.name);
+        for (const ini::Setting &setting : section.settings) {
+            const QString name = section.name + u':' + setting.key;
+            if (lines.contains(name))
+                contents.warnings.append(
+                    u"%1:%2: key %3: given before in line %4, this one counts"_s.arg(fileName,
+                        QString::number(setting.line), name, QString::number(lines.value(name))));
+            lines.insert(name, setting.line);
+            put(contents.sections, section.name, setting.key,
+                {resolved(setting, fileName), fileName, setting.line});
+        }
+    }
+}
+
+Config::Section &Config::sectionOf(QList<Section> &sections, const QString &name)
+{
+    const auto found = std::find_if(sections.begin(), sections.end(),
+        [&name](const Section &section) { return section.name == name; });
+    return found != sections.end() ? *found : sections.emplaceBack(Section{name, {}, {}});
+}
+
+void Config::put(
+    QList<Section> &sections, const QString &name, const QString &key, const Value &value)
+{
+    Section &section = sectionOf(sections, name);
+    if (!section.values.contains(key))
+        section.keys.append(key);
+    section.values.insert(key, value);
+}
 
 void Config::set(const QString &key, const QString &value)
 {
-    const QString name = key.section(u':', 0, 0);
-    const QString entry = key.section(u':', 1);
-    auto section = std::find_if(m_sections.begin(), m_sections.end(),
-        [&name](const Section &other) { return other.name == name; });
-    if (section == m_sections.end())
-        section = m_sections.insert(m_sections.end(), Section{name, {}, {}});
-    if (!section->keys.contains(entry))
-        section->keys.append(entry);
-    section->values[entry] = Value{value, {}, 0};
+    put(m_sections, sectionPart(key), keyPart(key), {value, {}, 0});
+    m_warnedKeys.remove(key);
 }
 
 const Config::Value *Config::find(const QString &key) const
 {
-    const QString name = key.section(u':', 0, 0);
-    const QString entry = key.section(u':', 1);
-    for (const Section &section : m_sections)
-        if (const auto value = section.values.constFind(entry);
-            section.name == name && value != section.values.constEnd())
-            return &*value;
-    return nullptr;
+    const QString name = sectionPart(key);
+    const auto section = std::find_if(m_sections.cbegin(), m_sections.cend(),
+        [&name](const Section &other) { return other.name == name; });
+    if (section == m_sections.cend())
+        return nullptr;
+    const auto value = section->values.constFind(keyPart(key));
+    return value == section->values.cend() ? nullptr : &*value;
 }
 
-void Config::warn(const QString &key, const Value &, const QString &expected) const
+void Config::warn(const QString &key, const Value &value, const QString &problem) const
 {
-    m_warnings.append(key + expected);
+    if (m_warnedKeys.contains(key))
+        return;
+    m_warnedKeys.insert(key);
+    const QString place = value.fileName.isEmpty()
+        ? QString()
+        : QString(value.fileName + u':' + QString::number(value.line) + u": ");
+    m_warnings.append(place + u"key %1: %2"_s.arg(key, problem));
+    logger()->warn(m_warnings.last());
+}
+
+template <typename T, typename Reader>
+T Config::read(const QString &key, T defaultValue, const QString &expected, Reader reader) const
+{
+    const Value *value = find(key);
+    if (!value)
+        return defaultValue;
+    const std::optional<T> result = reader(value->text);
+    if (!result)
+        warn(key, *value, u"expected %1, using the default"_s.arg(expected));
+    return result.value_or(defaultValue);
 }
 
 bool Config::contains(const QString &key) const
@@ -54,48 +200,46 @@ QString Config::getString(const QString &key, const QString &defaultValue) const
 
 int Config::getInt(const QString &key, int defaultValue) const
 {
-    bool ok = false;
-    const int number = getString(key, {}).toInt(&ok);
-    return ok ? number : defaultValue;
+    return read(key, defaultValue, u"a whole number"_s, config::integer);
 }
 
 bool Config::getBool(const QString &key, bool defaultValue) const
 {
-    return contains(key) ? getString(key, {}) == QStringLiteral("true") : defaultValue;
+    return read(key, defaultValue, u"true or false"_s, config::boolean);
 }
 
 double Config::getDouble(const QString &key, double defaultValue) const
 {
-    bool ok = false;
-    const double number = getString(key, {}).toDouble(&ok);
-    return ok ? number : defaultValue;
+    return read(key, defaultValue, u"a number"_s, config::number);
 }
 
 QStringList Config::getStringList(const QString &key, const QStringList &defaultValue) const
 {
-    if (!contains(key))
-        return defaultValue;
-    QStringList items;
-    for (const QString &item : getString(key, {}).split(u',', Qt::SkipEmptyParts))
-        items.append(item.trimmed());
-    return items;
+    const Value *value = find(key);
+    return value ? config::items(value->text) : defaultValue;
 }
 
 QList<int> Config::getIntList(const QString &key, const QList<int> &defaultValue) const
 {
-    if (!contains(key))
+    const Value *value = find(key);
+    if (!value)
         return defaultValue;
-    QList<int> items;
-    for (const QString &item : getStringList(key, {}))
-        items.append(item.toInt());
-    return items;
+    QList<int> result;
+    for (const QString &item : config::items(value->text)) {
+        if (const auto parsed = config::integer(item))
+            result.append(*parsed);
+        else
+            warn(key, *value, u"expected whole numbers, leaving out \"%1\""_s.arg(item));
+    }
+    return result;
 }
 
 QStringList Config::getSections(const QString &pattern) const
 {
+    const QRegularExpression expression = config::wildcard(pattern);
     QStringList names;
     for (const Section &section : m_sections)
-        if (section.name.startsWith(QString(pattern).remove(u'*')))
+        if (expression.match(section.name).hasMatch())
             names.append(section.name);
     return names;
 }
@@ -110,5 +254,10 @@ QStringList Config::getKeys(const QString &name) const
 
 QString Config::getPath(const QString &key, const QString &defaultValue) const
 {
-    return getString(key, defaultValue);
+    const Value *value = find(key);
+    if (!value)
+        return defaultValue;
+    if (value->text.isEmpty() || value->fileName.isEmpty())
+        return value->text;
+    return besideFile(value->text, value->fileName);
 }

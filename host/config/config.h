@@ -1,30 +1,25 @@
 #pragma once
 
+#include "host/config/configerror.h"
 #include "host/export.h"
 #include "host/framework/singleton.h"
 
 #include <QList>
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
-#include <stdexcept>
-
-/// A configuration file that cannot be used; `what()` says file, line, column and why.
-class POSHOST_EXPORT ConfigError : public std::runtime_error
-{
-public:
-    explicit ConfigError(const QString &text);
-    ~ConfigError() override;
-};
-
 /// The settings of the till and its plug-ins. `Singleton<Config>::instance()`.
 ///
-/// Keys are "Section:key". A default counts only when the key is absent. Files are read once, by
-/// `load`; the default constructor gives an empty configuration. Values come as they stand in the
-/// file, without escapes; a value in double quotes keeps its outer blanks, and "@file:/path" reads
-/// the value from that file (its trailing line break left out). A malformed number or boolean gives
-/// the default and one warning that names file, line and key.
+/// Keys are "Section:key", the section being what stands before the first ":"; upper and lower case
+/// differ. A default counts only when the key is absent. Files are read once, by `load`; the
+/// default constructor gives an empty configuration. Values come as they stand in the file, without
+/// escapes; a value in double quotes keeps its outer blanks, and "@file:/path" (not in quotes)
+/// reads the value from that file in UTF-8, its trailing line break left out; a relative path
+/// starts at the folder of the file that names it. A malformed number or boolean, the empty value
+/// included, gives the default and one warning, which names file, line and key and also goes to the
+/// logger "poshost.config". To be used from the host's thread only.
 class POSHOST_EXPORT Config
 {
 public:
@@ -33,15 +28,18 @@ public:
     Q_DISABLE_COPY_MOVE(Config)
 
     /// Reads the file and then, over it, the `*.ini` files of the folder "<file>.d" in name order.
+    /// What an earlier `load` read is forgotten.
     /// @param fileName path of an INI file in UTF-8.
     /// @throws ConfigError when a file cannot be read or a line is no section, setting, comment or
     ///         blank; the configuration is then as it was before.
     void load(const QString &fileName);
-    /// Sets one value over everything that was read; for tests and command-line options.
+    /// Sets one value over everything that was or will be read, as it is, without quotes and
+    /// "@file:"; for tests and command-line options.
     void set(const QString &key, const QString &value);
     /// Path of the file that `load` was given; empty before.
     [[nodiscard]] QString fileName() const { return m_fileName; }
-    /// Warnings so far, one per malformed value, as "file:line: …".
+    /// Warnings so far, one per malformed value and per key given twice in one file, as
+    /// "file:line: …".
     [[nodiscard]] QStringList warnings() const { return m_warnings; }
 
     [[nodiscard]] virtual bool contains(const QString &key) const;
@@ -50,6 +48,7 @@ public:
     [[nodiscard]] virtual int getInt(const QString &key, int defaultValue) const;
     /// "true", "yes", "on", "1" or "false", "no", "off", "0", in any case.
     [[nodiscard]] virtual bool getBool(const QString &key, bool defaultValue) const;
+    /// A finite decimal number with a point.
     [[nodiscard]] virtual double getDouble(const QString &key, double defaultValue) const;
     /// Split at commas, trimmed, empty items dropped: an empty value is an empty list.
     [[nodiscard]] virtual QStringList getStringList(
@@ -59,16 +58,17 @@ public:
         const QString &key, const QList<int> &defaultValue) const;
     /// Names of the sections that match a wildcard pattern ("*", "?"), in file order.
     [[nodiscard]] virtual QStringList getSections(const QString &pattern) const;
-    /// Keys of a section, without its name, in file order.
+    /// Keys of a section, without its name, in file order; none when there is no such section.
     [[nodiscard]] virtual QStringList getKeys(const QString &section) const;
-    /// The value as a path: relative ones are relative to the folder of the file it stands in.
+    /// The value as a path: relative ones are relative to the folder of the file that the setting
+    /// stands in. The default, an empty value and a value from `set` come as they are.
     [[nodiscard]] QString getPath(const QString &key, const QString &defaultValue) const;
 
 private:
     struct Value
     {
         QString text;
-        QString fileName;
+        QString fileName; ///< empty for what was set
         int line = 0;
     };
     struct Section
@@ -77,13 +77,27 @@ private:
         QStringList keys;
         QMap<QString, Value> values;
     };
+    /// Everything that one `load` reads; swapped in when it has read all of it.
+    struct Contents
+    {
+        QList<Section> sections;
+        QStringList warnings;
+    };
 
+    static Section &sectionOf(QList<Section> &sections, const QString &name);
+    static void put(
+        QList<Section> &sections, const QString &name, const QString &key, const Value &value);
+    static void readFile(const QString &fileName, Contents &contents);
     [[nodiscard]] const Value *find(const QString &key) const;
-    void warn(const QString &key, const Value &value, const QString &expected) const;
+    void warn(const QString &key, const Value &value, const QString &problem) const;
+    template <typename T, typename Reader>
+    [[nodiscard]] T read(
+        const QString &key, T defaultValue, const QString &expected, Reader reader) const;
 
     QString m_fileName;
     QList<Section> m_sections;
     mutable QStringList m_warnings;
+    mutable QSet<QString> m_warnedKeys;
 };
 
 extern template class POSHOST_EXPORT Singleton<Config>;

@@ -16,8 +16,11 @@ class Logger;
 /// One HTTP POST. `MockFactory<RestClient>::create()`: a fresh one for each exchange.
 ///
 /// Blocks the caller until the answer is complete or the limit has passed, name look-up included.
-/// The body goes on the wire at most once; redirects are not followed; certificates are always
-/// verified.
+/// Every exchange has a connection of its own, and the body goes on it at most once; redirects are
+/// not followed; certificates are always verified; no proxy comes from the environment.
+/// Settings, read at each exchange: "RestClient:caFile", "clientCert", "clientKey", "proxy",
+/// "maxAnswerBytes", "breakerFailures" and "breakerSeconds". To be used from the host's thread
+/// only.
 class POSHOST_EXPORT RestClient
 {
 public:
@@ -26,12 +29,12 @@ public:
     {
         None = 0,
         BadAddress = 1, ///< not http or https, or no URL at all
-        ConnectionRefused = 2,
+        ConnectionRefused = 2, ///< or the server cannot be reached at all
         NameNotResolved = 3,
-        TlsFailed = 4,
-        TimedOut = 5,
-        AnswerCut = 6, ///< the connection ended inside head or body
-        AnswerTooLarge = 7, ///< more than "RestClient:maxAnswerBytes"
+        TlsFailed = 4, ///< no trust in the server's certificate, or none of ours to show
+        TimedOut = 5, ///< the server may have received the request
+        AnswerCut = 6, ///< closed before the answer was complete; it may have been received
+        AnswerTooLarge = 7, ///< a body beyond "RestClient:maxAnswerBytes" or an endless head
         BreakerOpen = 8, ///< not tried: too many exchanges in a row had failed
         ExchangeFailed = 9, ///< anything else
     };
@@ -45,6 +48,8 @@ public:
     /// The exchange is logged there, without the value of "Authorization". Not owned; may be null.
     virtual void setLogger(const Log4Qt::Logger *logger);
     /// Does the exchange. Reports failure by `errorCode`, never by throwing.
+    /// @param headers control characters are left out, so that no value can begin another header;
+    ///                so are "Content-Length", "Transfer-Encoding" and "Expect".
     virtual void post(
         const QUrl &url, const QByteArray &body, const QHash<QString, QString> &headers);
     /// 0 after a 2xx answer, otherwise one of `Error` or the HTTP status.
@@ -60,6 +65,9 @@ protected:
     int m_errorCode = None;
     tr::Tr m_errorMessage;
     QByteArray m_responseBody;
+
+private:
+    void log(const QUrl &url, qsizetype sent, const QString &detail, qint64 milliseconds) const;
 };
 
 extern template class POSHOST_EXPORT MockFactory<RestClient>;

@@ -12,7 +12,9 @@
 ///
 /// A mask is constant text with "${property}" (of the first object that has it) or
 /// "${object.property}" (of the first object of that name that has it); "$${" writes "${". What
-/// does not resolve gives an empty text in its place and a debug line.
+/// does not resolve gives an empty text in its place and a debug line of the logger
+/// "poshost.formatter"; a "${" that is never closed is constant text. Numbers are written with a
+/// point and up to 15 significant digits, truth values as "true" and "false".
 class POSHOST_EXPORT SimpleFormatter
 {
 public:

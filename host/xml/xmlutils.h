@@ -17,6 +17,7 @@ namespace xmlutils {
 POSHOST_EXPORT void appendNotNull(QDomElement &parent, const QDomElement &element);
 /// The text of the index-th element of that tag in document order, at any depth: null when there is
 /// no such element, empty but not null for an empty one.
+/// @param index from 0.
 [[nodiscard]] POSHOST_EXPORT QString getValueByTag(
     const QDomDocument &scope, const QString &tag, int index);
 [[nodiscard]] POSHOST_EXPORT QString getValueByTag(

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace {
 
 struct Floor
@@ -59,6 +61,11 @@ QStringList sourcesOf(const QString &folder)
     return names;
 }
 
+void PrintTo(const Floor &floor, std::ostream *out)
+{
+    *out << floor.folder;
+}
+
 class FloorsTest : public testing::TestWithParam<Floor>
 { };
 
@@ -73,6 +80,6 @@ TEST_P(FloorsTest, IncludesRunDownwardsOnly)
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryFloor, FloorsTest, testing::ValuesIn(floors),
-    [](const auto &info) { return info.param.folder; });
+    [](const auto &floor) { return floor.param.folder; });
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -11,6 +12,8 @@ namespace {
 
 constexpr int backlog = 16;
 constexpr qsizetype blockSize = 65536;
+constexpr int dripPauseMilliseconds = 20;
+constexpr int forEver = -1;
 const QByteArray headEnd = "\r\n\r\n";
 
 ScriptedServer::Request parsedHead(const QByteArray &head)
@@ -46,6 +49,19 @@ void sendAll(int connection, const QByteArray &bytes)
             return;
         sent += count;
     }
+}
+
+// Waits that long for the client to close the connection; it sends nothing more before that.
+bool hasGone(int connection, int milliseconds)
+{
+    pollfd watched{connection, POLLIN, 0};
+    return ::poll(&watched, 1, milliseconds) != 0;
+}
+
+void resetOnClose(int connection)
+{
+    constexpr linger atOnce{1, 0};
+    ::setsockopt(connection, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
 }
 
 } // namespace
@@ -87,8 +103,33 @@ void ScriptedServer::answer(const QByteArray &body, int status)
 
 void ScriptedServer::answerRaw(const QByteArray &bytes)
 {
+    add({bytes, Ending::Close});
+}
+
+void ScriptedServer::answerReset(const QByteArray &bytes)
+{
+    add({bytes, Ending::Reset});
+}
+
+void ScriptedServer::resetAfterHeads()
+{
+    m_resets = true;
+}
+
+void ScriptedServer::answerDripping(const QByteArray &bytes)
+{
+    add({bytes, Ending::Drip});
+}
+
+void ScriptedServer::answerNever()
+{
+    add({{}, Ending::Hold});
+}
+
+void ScriptedServer::add(const Answer &answer)
+{
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_answers.append(bytes);
+    m_answers.append(answer);
 }
 
 QList<ScriptedServer::Request> ScriptedServer::requests() const
@@ -114,6 +155,8 @@ void ScriptedServer::serveConnection(int connection)
     while (!bytes.contains(headEnd))
         if (!readMore(connection, bytes))
             return;
+    if (m_resets)
+        return resetOnClose(connection);
     const auto bodyStart = bytes.indexOf(headEnd) + headEnd.size();
     Request request = parsedHead(bytes.left(bodyStart));
     const auto length = request.headers.value("content-length").toLongLong();
@@ -122,12 +165,22 @@ void ScriptedServer::serveConnection(int connection)
             return;
     request.body = bytes.mid(bodyStart);
 
-    QByteArray answer;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_requests.append(request);
-        if (!m_answers.isEmpty())
-            answer = m_answers.size() > 1 ? m_answers.takeFirst() : m_answers.first();
-    }
-    sendAll(connection, answer);
+    const Answer answer = nextAnswer(request);
+    sendAll(connection, answer.bytes);
+    if (answer.ending == Ending::Reset)
+        resetOnClose(connection);
+    else if (answer.ending == Ending::Drip)
+        while (!hasGone(connection, dripPauseMilliseconds))
+            sendAll(connection, "x");
+    else if (answer.ending == Ending::Hold)
+        hasGone(connection, forEver);
+}
+
+ScriptedServer::Answer ScriptedServer::nextAnswer(const Request &request)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_requests.append(request);
+    if (m_answers.isEmpty())
+        return {};
+    return m_answers.size() > 1 ? m_answers.takeFirst() : m_answers.first();
 }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <atomic>
 #include <mutex>
 #include <thread>
 
@@ -33,17 +34,43 @@ public:
     /// Adds bytes that are sent as they are, after which the connection is closed. Empty: closed at
     /// once.
     void answerRaw(const QByteArray &bytes);
+    /// Adds bytes behind which the connection is reset.
+    void answerReset(const QByteArray &bytes);
+    /// Adds an answer that never ends: the bytes at once, then one byte now and then until the
+    /// client has gone.
+    void answerDripping(const QByteArray &bytes);
+    /// Adds an answer that never comes: the connection stays open until the client has gone.
+    void answerNever();
+    /// Resets every connection from now on as soon as the head of a request has come.
+    void resetAfterHeads();
     /// Requests so far, in order.
     [[nodiscard]] QList<Request> requests() const;
 
 private:
+    /// What happens behind the bytes of an answer.
+    enum class Ending
+    {
+        Close,
+        Reset,
+        Drip,
+        Hold
+    };
+    struct Answer
+    {
+        QByteArray bytes;
+        Ending ending = Ending::Close;
+    };
+
+    void add(const Answer &answer);
     void serve();
     void serveConnection(int connection);
+    Answer nextAnswer(const Request &request);
 
     int m_listener = -1;
     quint16 m_port = 0;
+    std::atomic<bool> m_resets = false;
     mutable std::mutex m_mutex;
-    QList<QByteArray> m_answers;
+    QList<Answer> m_answers;
     QList<Request> m_requests;
     std::thread m_thread;
 };

@@ -9,6 +9,9 @@
 namespace Log4Qt {
 
 /// A named logger. Made by `LogManager::logger` and living to the end of the program.
+///
+/// Every message is one line: line breaks and other control characters in it are written as "\n",
+/// "\r" or "\u0007". May be used from any thread.
 class POSHOST_EXPORT Logger
 {
 public:

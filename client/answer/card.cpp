@@ -1,0 +1,104 @@
+#include "client/interface.h"
+#include "client/names.h"
+#include "common/exceptions.h"
+#include "common/host/services.h"
+#include "common/names.h"
+#include <log4qt/logger.h>
+
+namespace korvelLoyaltyOnline {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString statusMessageId = u"korvelForbiddenCardStatus%1"_s;
+const QString flagIsSet = u"1"_s;
+const QString emailIsAllowed = u"true"_s;
+
+/// Text of a forbidden status that the service has given a meaning of its own; otherwise a text
+/// with the number.
+QString statusText(int status)
+{
+    static const QMap<int, QString> texts = {
+        {3, u"Карта заблокирована"_s},
+        {5, u"Завершена"_s},
+        {6, u"Карта удалена"_s},
+        {9, u"Незарегистрированная карта"_s},
+    };
+    return texts.value(status, u"Запрещенный статус карты '%1'"_s.arg(status));
+}
+
+/// The keys of the element's pairs that are configured and set. Children are taken two by two: a
+/// pair in the wrong order, or put out of step by what stands between, says nothing.
+QStringList flagsOf(const QDomElement &attribute, const QStringList &configured)
+{
+    QStringList flags;
+    const QDomNodeList children = attribute.childNodes();
+    for (int i = 0; i + 1 < children.size(); i += 2) {
+        const QDomElement key = children.at(i).toElement();
+        const QDomElement value = children.at(i + 1).toElement();
+        if (key.tagName() == wire::key && value.tagName() == wire::value
+            && configured.contains(key.text()) && value.text() == flagIsSet)
+            flags.append(key.text());
+    }
+    return flags;
+}
+
+/// The holder's e-mail, and with it whether cheques may go there.
+void fillEmail(const QDomDocument &response, Client &client)
+{
+    const QString email = xmlutils::getValueByTag(response, wire::email, 0);
+    if (email.isEmpty())
+        return;
+    client.setEmail(email);
+    if (xmlutils::getValueByTag(response, wire::allowReceiveChequeByEmail, 0) != emailIsAllowed)
+        return;
+    client.setOption(ClientOptions::ChequeByEmail);
+    client.setOption(ClientOptions::ElectronicCheque);
+}
+
+} // namespace
+
+void Interface::checkCardStatus(const QDomDocument &response) const
+{
+    const int status = xmlutils::getValueByTag(response, wire::cardStatus, 0).toInt();
+    const auto forbidden = m_forbiddenCardStatuses.constFind(status);
+    if (forbidden == m_forbiddenCardStatuses.cend())
+        return;
+    m_logger->error(u"Запрещенный статус карты: %1"_s.arg(status));
+    // Both texts are filled here: each status is a message of its own to the translators.
+    KorvelException refusal(tr::Tr(statusMessageId.arg(status), statusText(status)));
+    refusal.setFlag(*forbidden);
+    throw refusal;
+}
+
+QString Interface::getCardType(const QDomDocument &response) const
+{
+    // The first item stays even when empty: the leading separator shows that the type is missing.
+    QStringList items = {xmlutils::getValueByTag(response, wire::cardType, 0)};
+    const QDomNodeList attributes = response.elementsByTagName(wire::extendedAttribute);
+    if (!attributes.isEmpty()) {
+        const QStringList configured = Singleton<Config>::instance()->getStringList(
+            korvel::group % u":cardTypeExtendedAttribute", {});
+        for (int i = 0; i < attributes.size(); ++i)
+            items.append(flagsOf(attributes.at(i).toElement(), configured));
+    }
+    return items.join(u", "_s);
+}
+
+void Interface::fillClient(
+    const QDomDocument &response, const QSharedPointer<DocumentCardRecord> &card) const
+{
+    const QString fullName = xmlutils::getValueByTag(response, wire::fullName, 0);
+    const QString cardType = getCardType(response);
+    if (fullName.isEmpty() && cardType.isEmpty())
+        return;
+    const auto client = QSharedPointer<Client>::create();
+    // Deliberately the card type: the cashier sees it where the host shows the client's name, and
+    // the holder's own name is kept nowhere.
+    client->setName(cardType);
+    fillEmail(response, *client);
+    card->getCard()->setClient(client);
+}
+
+} // namespace korvelLoyaltyOnline

@@ -1,0 +1,40 @@
+#include "client/couponmessage.h"
+#include "client/interface.h"
+#include "client/names.h"
+#include "common/host/services.h"
+#include "common/names.h"
+
+#include <algorithm>
+
+namespace korvelLoyaltyOnline {
+
+using xmlutils::getValueByTag;
+
+namespace {
+
+/// The first text that names the coupon, without outer blanks; empty when none does.
+QString textOfCoupon(const QStringList &texts, const QString &number)
+{
+    const auto found = std::find_if(texts.cbegin(), texts.cend(),
+        [&number](const QString &text) { return text.contains(number); });
+    return found == texts.cend() ? QString() : found->trimmed();
+}
+
+} // namespace
+
+QList<QVariant> Interface::createCouponsToPrint(const QDomDocument &response) const
+{
+    using namespace korvel;
+    const QStringList texts = textsOfCoupons(
+        getValueByTag(response, result::chequeMessage, 0), m_couponMessageDelimeter);
+    QList<QVariant> coupons;
+    const QDomNodeList instant = response.elementsByTagName(wire::instantCoupon);
+    for (int i = 0; i < instant.size(); ++i) {
+        const QString number = getValueByTag(instant.at(i).toElement(), wire::number, 0);
+        coupons.append(QMap<QString, QVariant>{
+            {result::couponNumber, number}, {result::couponMessage, textOfCoupon(texts, number)}});
+    }
+    return coupons;
+}
+
+} // namespace korvelLoyaltyOnline

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <compare>
+#include <optional>
+#include <vector>
+
+namespace emulator {
+
+/// Money or points, exact to the hundredth. Doubles are for the wire's readers, never for the
+/// books.
+class Amount
+{
+public:
+    constexpr Amount() = default;
+
+    static constexpr Amount ofHundredths(qint64 hundredths)
+    {
+        Amount amount;
+        amount.m_hundredths = hundredths;
+        return amount;
+    }
+
+    /// Reads "-12.34", "12.3" or "12"; nothing for anything else, non-finite numbers included,
+    /// and for more than twelve digits before the point.
+    static std::optional<Amount> parse(QStringView text);
+
+    constexpr qint64 hundredths() const { return m_hundredths; }
+
+    /// Two decimals, a point, no grouping: "1234.50", "-0.05".
+    QString toString() const;
+
+    constexpr auto operator<=>(const Amount &) const = default;
+    constexpr Amount operator-() const { return ofHundredths(-m_hundredths); }
+    constexpr Amount operator+(Amount other) const
+    {
+        return ofHundredths(m_hundredths + other.m_hundredths);
+    }
+    constexpr Amount operator-(Amount other) const { return *this + -other; }
+    constexpr Amount &operator+=(Amount other) { return *this = *this + other; }
+    constexpr Amount &operator-=(Amount other) { return *this = *this - other; }
+
+private:
+    qint64 m_hundredths = 0;
+};
+
+/// The greatest amount that a position or a cheque may come to: a million million.
+inline constexpr Amount greatestAmount = Amount::ofHundredths(100'000'000'000'000);
+
+/// Pieces or weight, exact to the thousandth.
+class Quantity
+{
+public:
+    constexpr Quantity() = default;
+
+    static constexpr Quantity ofThousandths(qint64 thousandths)
+    {
+        Quantity quantity;
+        quantity.m_thousandths = thousandths;
+        return quantity;
+    }
+
+    /// Reads "1.500"; at most nine digits before and three behind the point.
+    static std::optional<Quantity> parse(QStringView text);
+
+    constexpr qint64 thousandths() const { return m_thousandths; }
+    QString toString() const;
+
+    constexpr auto operator<=>(const Quantity &) const = default;
+    constexpr Quantity operator+(Quantity other) const
+    {
+        return ofThousandths(m_thousandths + other.m_thousandths);
+    }
+    constexpr Quantity operator-(Quantity other) const
+    {
+        return ofThousandths(m_thousandths - other.m_thousandths);
+    }
+    constexpr Quantity &operator+=(Quantity other) { return *this = *this + other; }
+    constexpr Quantity &operator-=(Quantity other) { return *this = *this - other; }
+
+private:
+    qint64 m_thousandths = 0;
+};
+
+/// A rate in per cent, exact to the hundredth of a per cent.
+class Percent
+{
+public:
+    constexpr Percent() = default;
+
+    static constexpr Percent ofHundredths(qint64 hundredths)
+    {
+        Percent percent;
+        percent.m_hundredths = hundredths;
+        return percent;
+    }
+
+    constexpr qint64 hundredths() const { return m_hundredths; }
+
+    /// This share of the amount, rounded half up to the hundredth.
+    Amount of(Amount amount) const;
+
+    /// What per cent `part` is of `whole`, rounded half up; zero of nothing is zero.
+    static Percent share(Amount part, Amount whole);
+
+    QString toString() const;
+
+    constexpr auto operator<=>(const Percent &) const = default;
+
+private:
+    qint64 m_hundredths = 0;
+};
+
+/// Price × quantity, rounded half up to the hundredth; nothing above `greatestAmount`.
+std::optional<Amount> product(Amount price, Quantity quantity);
+
+/// amount × part / whole, rounded half up; `whole` must be greater than zero.
+Amount proportion(Amount amount, Quantity part, Quantity whole);
+
+/// Splits `total` by the weights, exact to the hundredth: the shares add up to the total, and
+/// the hundredths left over go to the greatest remainders, the first of equals first.
+/// No share exceeds its weight as long as the total does not exceed the sum of the weights.
+/// Weights must not be negative; without any weight nothing is shared out.
+std::vector<Amount> apportion(Amount total, const std::vector<Amount> &weights);
+
+} // namespace emulator

@@ -1,0 +1,35 @@
+#include "emulator/api/exchangelog.h"
+
+namespace emulator {
+
+namespace {
+
+constexpr std::size_t greatestCount = 500;
+constexpr qsizetype greatestBytes = 32 * 1024 * 1024;
+
+qsizetype sizeOf(const Exchange &exchange)
+{
+    return exchange.request.size() + exchange.answer.size();
+}
+
+} // namespace
+
+void ExchangeLog::add(Exchange exchange)
+{
+    exchange.id = ++m_lastId;
+    m_bytes += sizeOf(exchange);
+    m_exchanges.push_back(std::move(exchange));
+    while (
+        m_exchanges.size() > greatestCount || (m_bytes > greatestBytes && m_exchanges.size() > 1)) {
+        m_bytes -= sizeOf(m_exchanges.front());
+        m_exchanges.pop_front();
+    }
+}
+
+void ExchangeLog::clear()
+{
+    m_exchanges.clear();
+    m_bytes = 0;
+}
+
+} // namespace emulator

@@ -1,0 +1,130 @@
+#include "emulator/api/json.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace emulator {
+
+namespace {
+
+std::string text(const QString &value)
+{
+    return value.toStdString();
+}
+
+/// JSON numbers are doubles for most readers; two decimals survive that.
+double number(Amount amount)
+{
+    return amount.toString().toDouble();
+}
+
+Json timeJson(qint64 milliseconds)
+{
+    return text(QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs));
+}
+
+Json attributesJson(const QMap<QString, QString> &attributes)
+{
+    Json object = Json::object();
+    for (auto it = attributes.begin(); it != attributes.end(); ++it)
+        object[text(it.key())] = text(it.value());
+    return object;
+}
+
+Json entryJson(const LedgerEntry &entry)
+{
+    return {{"id", entry.id}, {"at", timeJson(entry.at)}, {"account", text(entry.account)},
+        {"kind", text(entry.kind)}, {"amount", number(entry.amount)},
+        {"balance", number(entry.balanceAfter)},
+        {"transaction",
+            entry.transaction ? Json(text(transactionText(entry.transaction))) : Json()}};
+}
+
+Json positionJson(const BookedPosition &position)
+{
+    return {{"number", position.number}, {"article", text(position.article)},
+        {"price", number(position.price)}, {"quantity", position.quantity.toString().toDouble()},
+        {"sum", number(position.sum)}, {"sumDiscounted", number(position.sumDiscounted)},
+        {"earned", number(position.earned)}, {"earnedStatus", number(position.earnedStatus)},
+        {"spent", number(position.spent)}};
+}
+
+Json codesJson(const QString &card, const Books &books)
+{
+    Json codes = Json::array();
+    for (const auto &[cheque, code] : books.calculations.waitingCodes(card))
+        codes.push_back({{"cheque", text(cheque)}, {"code", text(code)}});
+    return codes;
+}
+
+/// Bytes from a till need not be UTF-8; JSON must be.
+std::string lenientText(const QByteArray &bytes)
+{
+    return text(QString::fromUtf8(bytes));
+}
+
+} // namespace
+
+Json cardJson(const Card &card, const Books &books)
+{
+    return {{"number", text(card.number)}, {"status", card.status}, {"type", text(card.type)},
+        {"holder", text(card.holder)}, {"email", text(card.email)},
+        {"chequesByEmail", card.chequesByEmail}, {"technical", card.technical},
+        {"attributes", attributesJson(card.attributes)},
+        {"balance", number(books.ledger.balance(card.number, Account::Active))},
+        {"statusBalance", number(books.ledger.balance(card.number, Account::Status))}};
+}
+
+Json cardWithLedgerJson(const Card &card, const Books &books)
+{
+    Json object = cardJson(card, books);
+    object["codes"] = codesJson(card.number, books);
+    object["ledger"] = Json::array();
+    for (const LedgerEntry &entry : books.ledger.entries(card.number))
+        object["ledger"].push_back(entryJson(entry));
+    return object;
+}
+
+Json transactionJson(const Transaction &transaction, const Books &books)
+{
+    Json object = {{"id", text(transactionText(transaction.id))}, {"kind", text(transaction.kind)},
+        {"number", text(transaction.cheque.number)}, {"pos", text(transaction.cheque.till.pos)},
+        {"organization", text(transaction.cheque.till.organization)},
+        {"businessUnit", text(transaction.cheque.till.businessUnit)},
+        {"card", text(transaction.cheque.card)}, {"processed", text(transaction.processed)},
+        {"sum", number(transaction.sum)}, {"sumDiscounted", number(transaction.sumDiscounted)},
+        {"sale", transaction.sale ? Json(text(transactionText(transaction.sale))) : Json()},
+        {"rolledBack", transaction.rolledBack}, {"positions", Json::array()}};
+    for (const BookedPosition &position : books.transactions.positions(transaction.id))
+        object["positions"].push_back(positionJson(position));
+    return object;
+}
+
+Json exchangeJson(const Exchange &exchange, bool withTexts)
+{
+    Json object = {{"id", exchange.id}, {"at", timeJson(exchange.at.toMSecsSinceEpoch())},
+        {"operation", exchange.operation.isEmpty() ? Json() : Json(text(exchange.operation))},
+        {"card", text(exchange.card)}, {"number", text(exchange.number)},
+        {"code", exchange.code ? Json(*exchange.code) : Json()}, {"status", exchange.status},
+        {"fault", exchange.fault.isEmpty() ? Json() : Json(text(exchange.fault))}};
+    if (withTexts) {
+        object["request"] = lenientText(exchange.request);
+        object["answer"] = lenientText(exchange.answer);
+    }
+    return object;
+}
+
+Json faultsJson(const FaultPlan &faults)
+{
+    Json list = Json::array();
+    if (faults.refusals() > 0)
+        list.push_back({{"words", text(faultWords(RefuseConnections{faults.refusals()}))},
+            {"operation", nullptr}, {"fault", "refuse"}, {"left", faults.refusals()}});
+    for (const Fault &fault : faults.faults())
+        list.push_back({{"words", text(faultWords(fault))},
+            {"operation", fault.operation ? text(operationName(*fault.operation)) : "all"},
+            {"fault", text(faultName(fault.kind))},
+            {"left", fault.left ? Json(*fault.left) : Json()}});
+    return list;
+}
+
+} // namespace emulator

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "emulator/amounts/amount.h"
+#include "emulator/api/exchangelog.h"
+#include "emulator/books/books.h"
+#include "emulator/faults/faultplan.h"
+
+#include <nlohmann/json.hpp>
+
+namespace emulator {
+
+/// The API's objects. Members come in the order in which they are documented.
+using Json = nlohmann::ordered_json;
+
+Json cardJson(const Card &card, const Books &books);
+Json cardWithLedgerJson(const Card &card, const Books &books);
+Json transactionJson(const Transaction &transaction, const Books &books);
+Json exchangeJson(const Exchange &exchange, bool withTexts);
+Json faultsJson(const FaultPlan &faults);
+
+} // namespace emulator

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "emulator/books/chequekey.h"
+#include "emulator/books/database.h"
+#include "emulator/rules/wish.h"
+
+namespace emulator {
+
+/// What was answered to the last calculation of each open cheque. Not part of the books proper:
+/// losing it loses no points.
+class Calculations
+{
+public:
+    explicit Calculations(Database &database) ///< must outlive this object
+        : m_database(database)
+    { }
+
+    void remember(const ChequeKey &cheque, const LastCalculation &calculation);
+    std::optional<LastCalculation> recall(const ChequeKey &cheque) const;
+    void forget(const ChequeKey &cheque);
+
+    /// Codes that wait to be typed, by card: pairs of cheque number and code.
+    std::vector<std::pair<QString, QString>> waitingCodes(const QString &card) const;
+
+private:
+    Database &m_database;
+};
+
+} // namespace emulator

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "emulator/data/servicedata.h"
+#include "emulator/rules/wish.h"
+#include "emulator/soap/request.h"
+
+namespace emulator {
+
+/// The code for a calculation that asks for one: six random digits, or the configured one.
+/// Empty when none was asked for or no points are to be spent.
+QString issueCode(const SaleRequest &request, Amount points, const Spending &rules);
+
+/// Whether these points may be written off: without a code when neither the till nor the rules
+/// want one, otherwise with the code that was issued for just these points.
+bool isConfirmed(const SaleRequest &request, Amount points, const Spending &rules,
+    const std::optional<LastCalculation> &last);
+
+} // namespace emulator

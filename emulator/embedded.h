@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+
+/// Files of the tree that are built into the program, so that it needs none beside it.
+namespace emulator::embedded {
+
+const char *version();
+
+QByteArray sampleData(); ///< config/service.json
+QByteArray loyaltySchema(); ///< protocol/loyalty.xsd
+QByteArray envelopeSchema(); ///< protocol/soap-envelope.xsd
+
+} // namespace emulator::embedded

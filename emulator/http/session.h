@@ -1,0 +1,206 @@
+#pragma once
+
+#include "emulator/http/server.h"
+#include "emulator/http/wire.h"
+
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/ssl.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/beast/core.hpp>
+#include <boost/beast/ssl.hpp>
+
+#include <chrono>
+#include <memory>
+#include <type_traits>
+
+namespace emulator {
+
+/// What a session needs of the server that it belongs to; outlives it.
+struct SessionHost
+{
+    const Server::Callbacks &callbacks;
+    std::function<void()> closeListener;
+    std::function<void()> end;
+};
+
+/// One connection from its first byte to its last: handshake where the stream has TLS, one
+/// request, its answer as ordered, then the rest of what the client may still send is read away so
+/// that closing does not destroy the answer on its way. Keeps itself alive while it waits.
+template <typename Stream> class Session : public std::enable_shared_from_this<Session<Stream>>
+{
+    using Error = boost::beast::error_code;
+    static constexpr bool isTls = !std::is_same_v<Stream, boost::beast::tcp_stream>;
+
+public:
+    Session(Stream stream, const SessionHost &host)
+        : m_stream(std::move(stream))
+        , m_host(host)
+        , m_timer(m_stream.get_executor())
+    {
+        m_parser.body_limit(greatestBody);
+    }
+
+    void start()
+    {
+        limitTime();
+        if constexpr (isTls) {
+            m_stream.async_handshake(boost::asio::ssl::stream_base::server,
+                [self = this->shared_from_this()](Error error) {
+                    if (!error)
+                        self->readHead();
+                });
+        } else {
+            readHead();
+        }
+    }
+
+private:
+    static constexpr std::uint64_t greatestBody = 16 * 1024 * 1024;
+    static constexpr std::chrono::seconds timeToRead{30};
+    static constexpr std::chrono::seconds timeToDrain{2};
+    static constexpr std::size_t drainPiece = 64 * 1024;
+
+    auto &socketStream() { return boost::beast::get_lowest_layer(m_stream); }
+
+    void limitTime() { socketStream().expires_after(timeToRead); }
+
+    void readHead()
+    {
+        boost::beast::http::async_read_header(m_stream, m_buffer, m_parser,
+            [self = this->shared_from_this()](Error error, std::size_t) {
+                if (error)
+                    self->onUnreadable(error);
+                else
+                    self->onHead();
+            });
+    }
+
+    void onHead()
+    {
+        const auto expect = m_parser.get()[boost::beast::http::field::expect];
+        if (!boost::beast::iequals(expect, "100-continue")) {
+            readBody();
+            return;
+        }
+        m_bytes = "HTTP/1.1 100 Continue\r\n\r\n";
+        boost::asio::async_write(m_stream, boost::asio::buffer(m_bytes),
+            [self = this->shared_from_this()](Error error, std::size_t) {
+                if (!error)
+                    self->readBody();
+            });
+    }
+
+    void readBody()
+    {
+        boost::beast::http::async_read(m_stream, m_buffer, m_parser,
+            [self = this->shared_from_this()](Error error, std::size_t) {
+                if (error)
+                    self->onUnreadable(error);
+                else
+                    self->onRequest();
+            });
+    }
+
+    void onUnreadable(Error error)
+    {
+        // A client that is gone or silent gets no answer; one that talks nonsense does.
+        const bool isNonsense = error.category()
+            == boost::beast::http::make_error_code(boost::beast::http::error::bad_method)
+                   .category();
+        const bool isGone = error == boost::beast::http::error::end_of_stream
+            || error == boost::beast::http::error::partial_message;
+        if (isNonsense && !isGone)
+            deliver(replyToUnreadable(error));
+    }
+
+    void onRequest()
+    {
+        Error ignored;
+        const auto peer = socketStream().socket().remote_endpoint(ignored);
+        const bool fromLoopback = !ignored && peer.address().is_loopback();
+        deliver(m_host.callbacks.answer(requestFrom(m_parser.get(), fromLoopback)));
+    }
+
+    void deliver(HttpReply reply)
+    {
+        m_reply = std::move(reply);
+        if (m_reply.endsService)
+            m_host.closeListener();
+        if (m_reply.delay.count() == 0) {
+            send();
+            return;
+        }
+        socketStream().expires_never();
+        m_timer.expires_after(m_reply.delay);
+        m_timer.async_wait([self = this->shared_from_this()](Error error) {
+            if (!error)
+                self->send();
+        });
+    }
+
+    void send()
+    {
+        if (m_reply.delivery == Delivery::Reset || m_reply.delivery == Delivery::Nothing) {
+            close();
+            return;
+        }
+        limitTime();
+        m_bytes = bytesOf(m_reply);
+        boost::asio::async_write(m_stream, boost::asio::buffer(m_bytes),
+            [self = this->shared_from_this()](Error error, std::size_t) { self->onSent(error); });
+    }
+
+    void onSent(Error error)
+    {
+        // Without TLS's own goodbye the client of a cut answer sees that it was cut.
+        if constexpr (isTls) {
+            if (!error && m_reply.delivery == Delivery::Whole) {
+                m_stream.async_shutdown(
+                    [self = this->shared_from_this()](Error) { self->drain(); });
+                return;
+            }
+        }
+        drain();
+    }
+
+    void drain()
+    {
+        if (m_reply.endsService) {
+            m_host.end();
+            return;
+        }
+        Error ignored;
+        socketStream().socket().shutdown(boost::asio::ip::tcp::socket::shutdown_send, ignored);
+        socketStream().expires_after(timeToDrain);
+        readAway();
+    }
+
+    void readAway()
+    {
+        m_rest.resize(drainPiece);
+        socketStream().async_read_some(boost::asio::buffer(m_rest),
+            [self = this->shared_from_this()](Error error, std::size_t) {
+                if (!error)
+                    self->readAway();
+            });
+    }
+
+    void close()
+    {
+        Error ignored;
+        if (m_reply.delivery == Delivery::Reset)
+            socketStream().socket().set_option(boost::asio::socket_base::linger(true, 0), ignored);
+        socketStream().socket().close(ignored);
+    }
+
+    Stream m_stream;
+    const SessionHost &m_host;
+    boost::asio::steady_timer m_timer;
+    boost::beast::flat_buffer m_buffer;
+    HttpParser m_parser;
+    HttpReply m_reply;
+    std::string m_bytes;
+    std::string m_rest;
+};
+
+} // namespace emulator

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "emulator/soap/request.h"
+
+#include <optional>
+#include <vector>
+
+namespace emulator {
+
+/// A position of a registered sale and what earlier returns have taken from it.
+struct SoldPosition
+{
+    int number = 0;
+    QString article;
+    Quantity quantity; ///< greater than zero
+    Amount sum;
+    Amount sumDiscounted;
+    Amount earned;
+    Amount earnedStatus;
+    Amount spent;
+
+    Quantity returned;
+    Amount earnedReturned;
+    Amount statusReturned;
+    Amount spentReturned;
+};
+
+/// A part of a sold position that comes back, in the sale's own figures.
+struct ReturnedPart
+{
+    int number = 0; ///< of the returning cheque's position
+    int salePosition = 0;
+    Quantity quantity;
+    Amount sum;
+    Amount sumDiscounted;
+    Amount takeBack; ///< earned points
+    Amount takeBackStatus;
+    Amount giveBack; ///< spent points
+};
+
+/// Finds for each returned position the sold one: that of the same number and article first,
+/// then others of the article. Points are in proportion to the quantity and rounded so that all
+/// parts together come to exactly what was given. Nothing when more comes back than was sold.
+std::optional<std::vector<ReturnedPart>> planReturn(
+    std::vector<SoldPosition> sold, const std::vector<RequestPosition> &returned);
+
+} // namespace emulator

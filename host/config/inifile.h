@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/export.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+/// INI files as they stand: every section and setting in file order with its place, nothing
+/// interpreted.
+///
+/// A line is blank, a comment ("#" or ";" as its first character), a "[section]" or a
+/// "key = value". Keys and values are trimmed; beyond that a value is what stands behind the first
+/// "=", so that backslashes, commas, semicolons and quotes reach whoever reads it.
+namespace ini {
+
+struct Setting
+{
+    QString key;
+    QString value;
+    int line = 0; ///< from 1
+    int column = 0; ///< where the value begins, from 1
+};
+
+struct Section
+{
+    QString name; ///< without ":", which parts section and key elsewhere
+    QList<Setting> settings; ///< repeated keys included
+};
+
+/// Splits a file in UTF-8, with or without a byte order mark, its lines ended by LF or CRLF. A
+/// section that is opened twice is there twice.
+/// @param fileName for the messages only.
+/// @throws ConfigError "file:line:column: …" at the first line that is none of the above.
+[[nodiscard]] POSHOST_EXPORT QList<Section> parse(const QByteArray &bytes, const QString &fileName);
+
+} // namespace ini

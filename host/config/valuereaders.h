@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <QRegularExpression>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What the texts of a configuration mean: plain functions, no value where the text is malformed.
+namespace config {
+
+/// Text in UTF-8; a byte order mark is left out.
+[[nodiscard]] std::optional<QString> decoded(const QByteArray &bytes);
+/// A decimal integer of 32 bits.
+[[nodiscard]] std::optional<int> integer(const QString &text);
+/// A finite decimal number with a point.
+[[nodiscard]] std::optional<double> number(const QString &text);
+/// "true", "yes", "on", "1" or "false", "no", "off", "0", in any case.
+[[nodiscard]] std::optional<bool> boolean(const QString &text);
+/// Split at commas, trimmed, empty items dropped.
+[[nodiscard]] QStringList items(const QString &text);
+/// Matches whole names; "*" stands for any text, "?" for any character, nothing else is special.
+[[nodiscard]] QRegularExpression wildcard(const QString &pattern);
+
+} // namespace config

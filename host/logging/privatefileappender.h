@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+#include <log4cplus/fileappender.h>
+
+namespace logging {
+
+/// A rolling log file that nobody but its owner can read. The stream that log4cplus opens takes the
+/// process's mask, so each file is made before it is opened.
+class PrivateFileAppender : public log4cplus::RollingFileAppender
+{
+public:
+    /// @param path of a file that `prepare` was given.
+    explicit PrivateFileAppender(const QString &path);
+    ~PrivateFileAppender() override;
+
+    /// Makes the file unless it is there, and takes it from everybody else; false when that fails.
+    [[nodiscard]] static bool prepare(const QString &path);
+
+protected:
+    void open(std::ios_base::openmode mode) override;
+};
+
+} // namespace logging

@@ -1,0 +1,44 @@
+#include "host/net/connectattempt.h"
+
+#include "host/net/curlhandle.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds limit{3000};
+
+struct MultiCleanup
+{
+    void operator()(CURLM *multi) const { curl_multi_cleanup(multi); }
+};
+using MultiHandle = std::unique_ptr<CURLM, MultiCleanup>;
+
+// An easy handle that blocks could not be woken from another thread.
+bool run(CURLM *multi, const std::stop_token &stop)
+{
+    const std::stop_callback wake(stop, [multi] { curl_multi_wakeup(multi); });
+    int running = 1;
+    while (running > 0 && !stop.stop_requested()) {
+        if (curl_multi_perform(multi, &running) != CURLM_OK)
+            return false;
+        if (running > 0)
+            curl_multi_poll(multi, nullptr, 0, static_cast<int>(limit.count()), nullptr);
+    }
+    int left = 0;
+    const CURLMsg *message = curl_multi_info_read(multi, &left);
+    return message && message->data.result == CURLE_OK;
+}
+
+} // namespace
+
+bool canConnect(const QUrl &url, const ExchangeSettings &settings, const std::stop_token &stop)
+{
+    CurlHandle handle(url, settings, limit);
+    handle.set(CURLOPT_CONNECT_ONLY, 1L);
+    const MultiHandle multi(curl_multi_init());
+    if (handle.setUpResult() != CURLE_OK || !multi)
+        return false;
+    curl_multi_add_handle(multi.get(), handle.get());
+    const bool connected = run(multi.get(), stop);
+    curl_multi_remove_handle(multi.get(), handle.get());
+    return connected;
+}

@@ -1,0 +1,128 @@
+#include "host/net/exchange.h"
+
+#include "host/net/answercollector.h"
+#include "host/net/curlhandle.h"
+#include "host/net/requestheaders.h"
+#include "host/net/restclient.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int firstSuccess = 200;
+constexpr int firstFailure = 300;
+
+class HeaderList
+{
+public:
+    explicit HeaderList(const QList<QByteArray> &lines)
+    {
+        for (const QByteArray &line : lines)
+            m_list = curl_slist_append(m_list, line.constData());
+    }
+    ~HeaderList() { curl_slist_free_all(m_list); }
+    Q_DISABLE_COPY_MOVE(HeaderList)
+
+    [[nodiscard]] curl_slist *get() const { return m_list; }
+
+private:
+    curl_slist *m_list = nullptr;
+};
+
+QByteArrayView received(const char *bytes, std::size_t count)
+{
+    return {bytes, static_cast<qsizetype>(count)};
+}
+
+// libcurl's callbacks: anything but the count ends the exchange.
+std::size_t onHeadLine(const char *bytes, std::size_t, std::size_t count, void *collector)
+{
+    return static_cast<AnswerCollector *>(collector)->takeHeadLine(received(bytes, count)) ? count
+                                                                                           : 0;
+}
+
+std::size_t onBody(const char *bytes, std::size_t, std::size_t count, void *collector)
+{
+    const bool taken = static_cast<AnswerCollector *>(collector)->takeBody(received(bytes, count));
+    return taken ? count : CURL_WRITEFUNC_ERROR;
+}
+
+int errorOf(CURLcode result)
+{
+    switch (result) {
+    case CURLE_OK:
+        return RestClient::None;
+    case CURLE_COULDNT_CONNECT:
+        return RestClient::ConnectionRefused;
+    case CURLE_COULDNT_RESOLVE_HOST:
+    case CURLE_COULDNT_RESOLVE_PROXY:
+        return RestClient::NameNotResolved;
+    case CURLE_SSL_CONNECT_ERROR:
+    case CURLE_SSL_CERTPROBLEM:
+    case CURLE_SSL_CIPHER:
+    case CURLE_PEER_FAILED_VERIFICATION:
+    case CURLE_SSL_CACERT_BADFILE:
+        return RestClient::TlsFailed;
+    case CURLE_OPERATION_TIMEDOUT:
+        return RestClient::TimedOut;
+    case CURLE_PARTIAL_FILE:
+    case CURLE_GOT_NOTHING:
+    case CURLE_SEND_ERROR:
+    case CURLE_RECV_ERROR:
+        return RestClient::AnswerCut;
+    // libcurl's word for a single line of a head that outgrows its own buffer.
+    case CURLE_OUT_OF_MEMORY:
+        return RestClient::AnswerTooLarge;
+    default:
+        return RestClient::ExchangeFailed;
+    }
+}
+
+ExchangeOutcome failure(int error, const QString &detail)
+{
+    return {error, {}, detail};
+}
+
+ExchangeOutcome answered(int status, const AnswerCollector &answer)
+{
+    // Of a head that was cut libcurl says nothing, and an interim answer is not the answer.
+    if (!answer.isHeadComplete() || status < firstSuccess)
+        return failure(
+            RestClient::AnswerCut, u"the connection was closed inside the answer's head"_s);
+    const QString detail = u"status %1, %2 bytes"_s.arg(status).arg(answer.body().size());
+    if (status >= firstFailure)
+        return failure(status, detail);
+    return {RestClient::None, answer.body(), detail};
+}
+
+ExchangeOutcome outcome(const CurlHandle &handle, CURLcode result, const AnswerCollector &answer)
+{
+    if (answer.isTooLarge())
+        return failure(RestClient::AnswerTooLarge,
+            u"the answer was dropped after %1 bytes of its body"_s.arg(answer.body().size()));
+    if (result == CURLE_OK)
+        return answered(static_cast<int>(handle.number(CURLINFO_RESPONSE_CODE)), answer);
+    const QString detail = QString::fromUtf8(handle.errorText(result));
+    // A proxy that refuses to connect looks to libcurl like a broken connection.
+    const int proxyStatus = static_cast<int>(handle.number(CURLINFO_HTTP_CONNECTCODE));
+    return failure(proxyStatus >= firstFailure ? proxyStatus : errorOf(result), detail);
+}
+
+} // namespace
+
+ExchangeOutcome exchange(const ExchangeRequest &request, const ExchangeSettings &settings)
+{
+    AnswerCollector answer(settings.maxAnswerBytes);
+    const HeaderList headers(headerLines(request.headers));
+    CurlHandle handle(request.url, settings, request.limit);
+    handle.set(CURLOPT_POST, 1L);
+    handle.set(CURLOPT_POSTFIELDS, request.body.constData());
+    handle.set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request.body.size()));
+    handle.set(CURLOPT_HTTPHEADER, headers.get());
+    handle.set(CURLOPT_HEADERFUNCTION, &onHeadLine);
+    handle.set(CURLOPT_HEADERDATA, &answer);
+    handle.set(CURLOPT_WRITEFUNCTION, &onBody);
+    handle.set(CURLOPT_WRITEDATA, &answer);
+    const CURLcode ready = handle.setUpResult();
+    return outcome(handle, ready == CURLE_OK ? curl_easy_perform(handle.get()) : ready, answer);
+}

@@ -1,0 +1,95 @@
+#include "emulator/books/audit.h"
+
+#include "emulator/books/books.h"
+#include "tests/emulator/support/requests.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+using testing::ElementsAre;
+
+namespace emulator {
+namespace {
+
+class AuditTest : public testing::Test
+{
+protected:
+    AuditTest()
+    {
+        Card card;
+        card.number = u"1"_s;
+        books.cards.put(card);
+        books.ledger.enter({u"1"_s, Account::Active, EntryKind::Opening, amount("10.00"), 0, 0});
+    }
+
+    qint64 givenSale(const char *earned)
+    {
+        NewTransaction sale;
+        sale.cheque.card = u"1"_s;
+        const qint64 id = books.transactions.add(sale);
+        BookedPosition position;
+        position.earned = amount(earned);
+        books.transactions.addPosition(id, position);
+        return id;
+    }
+
+    QStringList whenAudited() { return audit(books).problems; }
+
+    Database database{QString()};
+    Books books{database};
+};
+
+TEST_F(AuditTest, FindsBooksInOrder)
+{
+    const qint64 sale = givenSale("2.00");
+    books.ledger.enter({u"1"_s, Account::Active, EntryKind::Earned, amount("2.00"), sale, 0});
+    const AuditReport report = audit(books);
+    EXPECT_THAT(report.problems, testing::IsEmpty());
+    EXPECT_EQ(report.cards, 1);
+    EXPECT_EQ(report.entries, 2);
+    EXPECT_EQ(report.transactions, 1);
+}
+
+TEST_F(AuditTest, FindsABalanceThatTheEntriesDoNotComeTo)
+{
+    database.change(u"UPDATE ledger SET balance_after = 1100"_s);
+    EXPECT_THAT(whenAudited(),
+        ElementsAre(u"card 1, entry 1: the entries come to 10.00, the balance is 11.00"_s));
+}
+
+TEST_F(AuditTest, FindsABalanceBelowZero)
+{
+    database.change(u"UPDATE ledger SET amount = -1, balance_after = -1"_s);
+    EXPECT_THAT(whenAudited(), ElementsAre(u"card 1, entry 1: the balance -0.01 is below zero"_s));
+}
+
+TEST_F(AuditTest, FindsASaleThatMovedOtherPointsThanItsPositions)
+{
+    const qint64 sale = givenSale("2.00");
+    books.ledger.enter({u"1"_s, Account::Active, EntryKind::Earned, amount("2.01"), sale, 0});
+    EXPECT_THAT(whenAudited(),
+        ElementsAre(
+            u"transaction 0000000001: its positions come to 2.00 points, it has moved 2.01"_s));
+}
+
+TEST_F(AuditTest, LeavesRolledBackSalesAlone)
+{
+    books.transactions.markRolledBack(givenSale("2.00"));
+    EXPECT_THAT(whenAudited(), testing::IsEmpty());
+}
+
+TEST(Ledger, CutsADebitAtTheBalance)
+{
+    Database database{QString()};
+    Books books{database};
+    books.cards.put({u"1"_s, 2, {}, {}, {}, false, {}, false});
+    books.ledger.enter({u"1"_s, Account::Active, EntryKind::Opening, amount("10.00"), 0, 0});
+    EXPECT_EQ(
+        books.ledger.enter({u"1"_s, Account::Active, EntryKind::TakenBack, amount("-10.01"), 0, 0}),
+        amount("-10.00"));
+    EXPECT_EQ(books.ledger.balance(u"1"_s, Account::Active), Amount());
+}
+
+} // namespace
+} // namespace emulator

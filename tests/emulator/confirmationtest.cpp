@@ -1,0 +1,119 @@
+#include "tests/emulator/support/desktest.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace emulator {
+namespace {
+
+class ConfirmationTest : public DeskTest
+{
+protected:
+    ConfirmationTest()
+        : sale(firstSoft(u"17"_s, {{"1001", "400.00", "1.000"}}))
+    {
+        data.spending.confirmAbove = amount("100.00");
+    }
+
+    /// The calculation that asks for a code; its answer.
+    ChequeFigures whenCodeIsAsked(const char *points)
+    {
+        SaleRequest request = nextSoft(sale, whenAccepted(sale), amount(points));
+        request.confirmation = Confirmation{true, true, {}};
+        return whenAccepted(request);
+    }
+
+    SaleRequest registration(const ChequeFigures &last, const char *points, const QString &code)
+    {
+        SaleRequest request = fiscal(sale, last, amount(points));
+        request.confirmation = Confirmation{!code.isEmpty(), false, code};
+        return request;
+    }
+
+    SaleRequest sale;
+};
+
+TEST_F(ConfirmationTest, IssuesSixDigits)
+{
+    EXPECT_TRUE(
+        whenCodeIsAsked("150.00").verificationCode.contains(QRegularExpression(u"^[0-9]{6}$"_s)));
+}
+
+TEST_F(ConfirmationTest, IssuesTheConfiguredCode)
+{
+    data.spending.code = u"4829"_s;
+    EXPECT_EQ(whenCodeIsAsked("150.00").verificationCode, u"4829");
+}
+
+TEST_F(ConfirmationTest, IssuesNoneUnlessAsked)
+{
+    const ChequeFigures soft = whenAccepted(sale);
+    SaleRequest request = nextSoft(sale, soft, amount("150.00"));
+    EXPECT_EQ(whenAccepted(request).verificationCode, QString());
+    request.confirmation = Confirmation{};
+    EXPECT_EQ(whenAccepted(request).verificationCode, QString());
+}
+
+TEST_F(ConfirmationTest, IssuesNoneForNoPoints)
+{
+    EXPECT_EQ(whenCodeIsAsked("0.00").verificationCode, QString());
+}
+
+TEST_F(ConfirmationTest, WithTheIssuedCodeWritesOff)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    whenAccepted(registration(asked, "150.00", asked.verificationCode));
+    thenBalanceIs("362.50");
+}
+
+TEST_F(ConfirmationTest, WithAnotherCodeIsRefused)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    thenRefused(registration(asked, "150.00", asked.verificationCode + u'0'),
+        returncodes::wrongConfirmation);
+    EXPECT_EQ(transactionCount(), 0u);
+}
+
+TEST_F(ConfirmationTest, WithoutACodeIsRefusedAboveTheLimit)
+{
+    const ChequeFigures asked = whenCodeIsAsked("100.01");
+    thenRefused(registration(asked, "100.01", {}), returncodes::wrongConfirmation);
+    thenRefused(fiscal(sale, asked, amount("100.01")), returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, IsNotNeededUpToTheLimit)
+{
+    const ChequeFigures soft = whenAccepted(sale);
+    whenAccepted(fiscal(sale, soft, amount("100.00")));
+    thenBalanceIs("415.00");
+}
+
+TEST_F(ConfirmationTest, OfferedByTheTillMustBeRightBelowTheLimitToo)
+{
+    const ChequeFigures asked = whenCodeIsAsked("50.00");
+    thenRefused(registration(asked, "50.00", u"0"_s), returncodes::wrongConfirmation);
+    whenAccepted(registration(asked, "50.00", asked.verificationCode));
+}
+
+TEST_F(ConfirmationTest, HoldsForThePointsItWasIssuedForOnly)
+{
+    const ChequeFigures asked = whenCodeIsAsked("50.00");
+    thenRefused(
+        registration(asked, "150.00", asked.verificationCode), returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, IsGoneWhenTheChequeIsCalculatedAgain)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    whenAccepted(nextSoft(sale, asked, amount("150.00")));
+    thenRefused(
+        registration(asked, "150.00", asked.verificationCode), returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, IsOfNoInterestWhenNothingIsSpent)
+{
+    const ChequeFigures soft = whenAccepted(sale);
+    whenAccepted(registration(soft, "0.00", u"stale"_s));
+}
+
+} // namespace
+} // namespace emulator

@@ -1,0 +1,122 @@
+#include "tests/emulator/support/httpclient.h"
+#include "tests/emulator/support/samples.h"
+#include "tests/emulator/support/serviceprocess.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <curl/curl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace emulator {
+namespace {
+
+class SecurityTest : public testing::Test
+{
+protected:
+    QString givenFile(const QString &name, const QByteArray &content)
+    {
+        QFile file(directory.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return file.fileName();
+    }
+
+    /// A certificate for localhost and its key, made for this test.
+    QStringList givenCertificate()
+    {
+        const QString certificate = directory.filePath(u"cert.pem"_s);
+        const QString key = directory.filePath(u"key.pem"_s);
+        QProcess openssl;
+        openssl.setStandardErrorFile(QProcess::nullDevice());
+        openssl.start(u"openssl"_s,
+            {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
+                u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s, u"2"_s, u"-subj"_s,
+                u"/CN=localhost"_s, u"-addext"_s, u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s,
+                key, u"-out"_s, certificate});
+        EXPECT_TRUE(openssl.waitForFinished());
+        return {u"--tls-cert"_s, certificate, u"--tls-key"_s, key};
+    }
+
+    QTemporaryDir directory;
+    const QByteArray request = sample("balance-request.xml");
+};
+
+TEST_F(SecurityTest, WithoutAUserAnyCredentialsPass)
+{
+    const ServiceProcess service;
+    EXPECT_EQ(httpPost(service.url(), request, {{}, u"any:body"_s, {}}).status, 200);
+}
+
+TEST_F(SecurityTest, WithAUserOnlyTheRightCredentialsPass)
+{
+    const QString password = givenFile(u"password"_s, "päss word\n");
+    const ServiceProcess service({u"--user"_s, u"till"_s, u"--password-file"_s, password});
+    EXPECT_EQ(httpPost(service.url(), request, {{}, u"till:päss word"_s, {}}).status, 200);
+    EXPECT_EQ(httpPost(service.url(), request, {{}, u"till:pass word"_s, {}}).status, 401);
+    const HttpOutcome refused = httpPost(service.url(), request);
+    EXPECT_EQ(refused.status, 401);
+    EXPECT_THAT(refused.headers.toStdString(),
+        testing::HasSubstr("WWW-Authenticate: Basic realm=\"korvel-service\"\r\n"));
+}
+
+TEST_F(SecurityTest, TheApiKnowsOnlyItsOwnHost)
+{
+    const ServiceProcess service;
+    EXPECT_EQ(httpGet(service.api("cards"), {{u"Host: evil.example"_s}, {}, {}}).status, 403);
+    EXPECT_EQ(httpGet(service.api("cards"), {{u"Host: localhost:1"_s}, {}, {}}).status, 200);
+}
+
+TEST_F(SecurityTest, TheApiTakesNothingFromForeignPages)
+{
+    const ServiceProcess service;
+    EXPECT_EQ(
+        httpPost(service.api("reset"), "", {{u"Origin: http://evil.example"_s}, {}, {}}).status,
+        403);
+}
+
+TEST_F(SecurityTest, TlsIsSpokenWhenACertificateIsGiven)
+{
+    const QStringList certificate = givenCertificate();
+    const ServiceProcess service(certificate);
+    EXPECT_TRUE(service.url().startsWith(u"https://127.0.0.1:"));
+    const HttpOutcome outcome = httpPost(service.url(), request, {{}, {}, certificate.at(1)});
+    EXPECT_EQ(outcome.curlCode, CURLE_OK);
+    EXPECT_EQ(outcome.status, 200);
+}
+
+TEST_F(SecurityTest, TlsAnswersAreCutAndLostToo)
+{
+    const QStringList certificate = givenCertificate();
+    const ServiceProcess service(
+        certificate + QStringList{u"--fault"_s, u"all half"_s, u"--fault"_s, u"all lose"_s});
+    const HttpOptions trusting{{}, {}, certificate.at(1)};
+    EXPECT_NE(httpPost(service.url(), request, trusting).curlCode, CURLE_OK);
+    EXPECT_NE(httpPost(service.url(), request, trusting).curlCode, CURLE_OK);
+    EXPECT_EQ(httpPost(service.url(), request, trusting).status, 200);
+}
+
+TEST_F(SecurityTest, TlsSurvivesThoseWhoDoNotSpeakIt)
+{
+    const QStringList certificate = givenCertificate();
+    const ServiceProcess service(certificate);
+    const QString plain = service.url().replace(u"https"_s, u"http"_s);
+    EXPECT_NE(httpPost(plain, request).curlCode, CURLE_OK);
+    EXPECT_EQ(httpPost(service.url(), request, {{}, {}, certificate.at(1)}).status, 200);
+}
+
+TEST_F(SecurityTest, TheStateFileIsItsOwnersOnly)
+{
+    const QString path = directory.filePath(u"books"_s);
+    const ServiceProcess service({u"--state"_s, path});
+    EXPECT_EQ(httpPost(service.url(), request).status, 200);
+    constexpr auto others = QFile::ReadGroup | QFile::ReadOther;
+    for (const QString &suffix : {u""_s, u"-wal"_s})
+        EXPECT_EQ(QFile::permissions(path + suffix) & others, QFile::Permissions());
+}
+
+} // namespace
+} // namespace emulator

@@ -1,0 +1,81 @@
+#include "tests/emulator/support/httpclient.h"
+#include "tests/emulator/support/samples.h"
+#include "tests/emulator/support/serviceprocess.h"
+#include "tests/emulator/support/xmltree.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace emulator {
+namespace {
+
+/// The samples of protocol/ told to the program with its built-in data.
+class StoryTest : public testing::Test
+{
+protected:
+    QByteArray whenPosted(const QByteArray &request)
+    {
+        const HttpOutcome outcome = httpPost(service.url(), request);
+        EXPECT_EQ(complaintOfSchemaFiles(outcome.body), QString());
+        return outcome.body;
+    }
+
+    void thenAnswered(const char *request, const char *answer)
+    {
+        SCOPED_TRACE(request);
+        const QStringList timeOfDay = {u"Processed"_s};
+        EXPECT_EQ(
+            xmlLines(whenPosted(sample(request)), timeOfDay), xmlLines(sample(answer), timeOfDay));
+    }
+
+    ServiceProcess service;
+};
+
+TEST_F(StoryTest, OfASaleGoesAsTheSamplesSay)
+{
+    thenAnswered("balance-request.xml", "balance-answer.xml");
+    thenAnswered("sale-soft-request.xml", "sale-soft-answer.xml");
+    thenAnswered("sale-points-request.xml", "sale-points-answer.xml");
+    thenAnswered("sale-fiscal-request.xml", "sale-answer.xml");
+    thenAnswered("rollback-request.xml", "rollback-answer.xml");
+}
+
+TEST_F(StoryTest, OfAReturnGoesAsTheSamplesSay)
+{
+    whenPosted(sample("sale-soft-request.xml"));
+    whenPosted(sample("sale-points-request.xml"));
+    const QByteArray sold = whenPosted(sample("sale-fiscal-request.xml"));
+    const QByteArray day = firstValue(sold, u"Processed"_s).section(u'T', 0, 0).toUtf8();
+    const QByteArray dated = "<DateTime>" + day + "</";
+    const QByteArray returned
+        = whenPosted(sample("return-request.xml").replace("<DateTime>2024-03-05</", dated));
+    EXPECT_EQ(xmlLines(returned, {u"Processed"_s}),
+        xmlLines(sample("return-answer.xml"), {u"Processed"_s}));
+}
+
+TEST_F(StoryTest, OfAMistakeEndsInTheSampleFault)
+{
+    const QByteArray wrong = sample("balance-request.xml").replace("CardNumber>", "CardNumer>");
+    const HttpOutcome outcome = httpPost(service.url(), wrong);
+    EXPECT_EQ(outcome.status, 500);
+    EXPECT_EQ(xmlLines(outcome.body), xmlLines(sample("fault.xml")));
+}
+
+TEST_F(StoryTest, OfALostAnswerIsCountedOnce)
+{
+    EXPECT_EQ(httpPost(service.api("faults"), "fiscal lose").body, "fiscal lose 1\n");
+    whenPosted(sample("sale-soft-request.xml"));
+    whenPosted(sample("sale-points-request.xml"));
+    EXPECT_NE(httpPost(service.url(), sample("sale-fiscal-request.xml")).curlCode, 0);
+    QByteArray queued = sample("sale-fiscal-request.xml");
+    queued.replace("T17:04:09", "T18:00:00");
+    queued.replace("<Confirm>1", "<Confirm>0").replace(">4829<", "><");
+    const QStringList timeOfDay = {u"Processed"_s};
+    EXPECT_EQ(
+        xmlLines(whenPosted(queued), timeOfDay), xmlLines(sample("sale-answer.xml"), timeOfDay));
+    EXPECT_TRUE(httpGet(service.api("cards/2900000000017")).body.contains("\"balance\": 432.11"));
+}
+
+} // namespace
+} // namespace emulator

@@ -1,0 +1,104 @@
+#include "host/framework/tr.h"
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Translates one id.
+class OneTranslation : public QTranslator
+{
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char *, const char *id, const char *, int) const override
+    {
+        return QLatin1String(id) == u"korvelTest"_s ? u"%2 and %1"_s : QString();
+    }
+};
+
+class TrTest : public testing::Test
+{
+protected:
+    int m_count = 1;
+    QByteArray m_name = "test";
+    std::array<char *, 2> m_arguments{m_name.data(), nullptr};
+    QCoreApplication m_application{m_count, m_arguments.data()};
+};
+
+TEST_F(TrTest, IsEmptyWithoutAText)
+{
+    EXPECT_TRUE(tr::Tr().isEmpty());
+    EXPECT_TRUE(tr::Tr().ru().isEmpty());
+    EXPECT_TRUE(tr::Tr().ui().isEmpty());
+    EXPECT_FALSE(tr::Tr(tr::undefined, u"текст"_s).isEmpty());
+}
+
+TEST_F(TrTest, FillsPlaceholdersInTheOrderOfTheirNumbers)
+{
+    const tr::Tr message = tr::Tr(u"id"_s, u"%2 из %1, %2"_s).arg(u"а"_s).arg(u"б"_s);
+
+    EXPECT_EQ(message.ru(), u"б из а, б"_s);
+    EXPECT_EQ(message.id(), u"id"_s);
+}
+
+TEST_F(TrTest, TakesNoPlaceholderFromAnArgument)
+{
+    const tr::Tr message = tr::Tr(u"id"_s, u"%1: %2"_s).arg(u"скидка 5%2"_s).arg(u"%1"_s);
+
+    EXPECT_EQ(message.ru(), u"скидка 5%2: %1"_s);
+}
+
+TEST_F(TrTest, LeavesPlaceholdersWithoutAnArgumentAndPercentSignsAlone)
+{
+    EXPECT_EQ(tr::Tr(u"id"_s, u"%1 %2 50% %"_s).arg(u"а"_s).ru(), u"а %2 50% %"_s);
+}
+
+TEST_F(TrTest, LeavesOutArgumentsWithoutAPlaceholder)
+{
+    EXPECT_EQ(tr::Tr(u"id"_s, u"текст"_s).arg(u"а"_s).ru(), u"текст"_s);
+}
+
+TEST_F(TrTest, LeavesTheMessageItWasMadeFromAlone)
+{
+    const tr::Tr message(u"id"_s, u"%1"_s);
+    const tr::Tr filled = message.arg(u"а"_s);
+
+    EXPECT_EQ(message.ru(), u"%1"_s);
+    EXPECT_NE(message, filled);
+    EXPECT_EQ(filled, message.arg(u"а"_s));
+}
+
+TEST_F(TrTest, FallsBackToRussianWhereNothingIsTranslated)
+{
+    const tr::Tr message = tr::Tr(u"korvelTest"_s, u"%1 и %2"_s).arg(u"а"_s).arg(u"б"_s);
+
+    EXPECT_EQ(message.ui(), u"а и б"_s);
+    EXPECT_EQ(tr::Tr(tr::undefined, u"текст"_s).ui(), u"текст"_s);
+}
+
+TEST_F(TrTest, FillsTheTranslationLikeTheRussianText)
+{
+    OneTranslation translator;
+    QCoreApplication::installTranslator(&translator);
+    const tr::Tr message = tr::Tr(u"korvelTest"_s, u"%1 и %2"_s).arg(u"а"_s).arg(u"б"_s);
+
+    EXPECT_EQ(message.ui(), u"б and а"_s);
+    EXPECT_EQ(message.ru(), u"а и б"_s);
+    EXPECT_EQ(tr::Tr(u"other"_s, u"текст"_s).ui(), u"текст"_s);
+}
+
+TEST_F(TrTest, TravelsInAVariant)
+{
+    const tr::Tr message = tr::Tr(u"id"_s, u"%1"_s).arg(u"а"_s);
+    const QVariant value = message;
+
+    EXPECT_EQ(value.value<tr::Tr>(), message);
+}
+
+} // namespace

@@ -1,0 +1,164 @@
+#include "tests/host/net/tlsserver.h"
+
+#include "host/net/brokenpipeguard.h"
+
+#include <QFile>
+
+#include <netinet/in.h>
+#include <openssl/pem.h>
+#include <openssl/ssl.h>
+#include <openssl/x509v3.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <stdexcept>
+#include <string_view>
+
+namespace {
+
+template <auto release> struct Release
+{
+    template <typename T> void operator()(T *object) const { release(object); }
+};
+using Key = std::unique_ptr<EVP_PKEY, Release<EVP_PKEY_free>>;
+using Certificate = std::unique_ptr<X509, Release<X509_free>>;
+using Context = std::unique_ptr<SSL_CTX, Release<SSL_CTX_free>>;
+using Connection = std::unique_ptr<SSL, Release<SSL_free>>;
+using File = std::unique_ptr<std::FILE, Release<std::fclose>>;
+
+constexpr long lifetimeSeconds = 3600;
+constexpr int backlog = 16;
+constexpr std::string_view answer = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok";
+
+void require(bool done)
+{
+    if (!done)
+        throw std::runtime_error("the TLS server cannot be set up");
+}
+
+void addExtension(X509 &certificate, int id, const QByteArray &value)
+{
+    X509_EXTENSION *extension = X509V3_EXT_conf_nid(nullptr, nullptr, id, value.constData());
+    require(extension && X509_add_ext(&certificate, extension, -1) == 1);
+    X509_EXTENSION_free(extension);
+}
+
+Certificate selfSigned(EVP_PKEY &key, const QString &address)
+{
+    Certificate certificate(X509_new());
+    X509_set_version(certificate.get(), X509_VERSION_3);
+    ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
+    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -lifetimeSeconds);
+    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), lifetimeSeconds);
+    X509_set_pubkey(certificate.get(), &key);
+    X509_NAME *const name = X509_get_subject_name(certificate.get());
+    const std::array<unsigned char, 4> commonName{'t', 'e', 's', 't'};
+    X509_NAME_add_entry_by_txt(
+        name, "CN", MBSTRING_ASC, commonName.data(), static_cast<int>(commonName.size()), -1, 0);
+    X509_set_issuer_name(certificate.get(), name);
+    addExtension(*certificate, NID_subject_alt_name, "IP:" + address.toLatin1());
+    addExtension(*certificate, NID_basic_constraints, "critical,CA:TRUE");
+    require(X509_sign(certificate.get(), &key, EVP_sha256()) > 0);
+    return certificate;
+}
+
+File opened(const QString &path)
+{
+    File file(std::fopen(QFile::encodeName(path).constData(), "w"));
+    require(file != nullptr);
+    return file;
+}
+
+} // namespace
+
+struct TlsServer::Private
+{
+    int listener = -1;
+    quint16 port = 0;
+    bool hangsUp = false;
+    Context context{SSL_CTX_new(TLS_server_method())};
+
+    void listen()
+    {
+        listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        auto *const generic = reinterpret_cast<sockaddr *>(&address);
+        socklen_t length = sizeof address;
+        require(::bind(listener, generic, length) == 0 && ::listen(listener, backlog) == 0
+            && ::getsockname(listener, generic, &length) == 0);
+        port = ntohs(address.sin_port);
+    }
+
+    // The request fits in one record; a handshake that the client breaks off is no concern here.
+    void serveConnection(int socket) const
+    {
+        const Connection connection(SSL_new(context.get()));
+        SSL_set_fd(connection.get(), socket);
+        std::array<char, SSL3_RT_MAX_PLAIN_LENGTH> request{};
+        if (SSL_accept(connection.get()) != 1 || hangsUp
+            || SSL_read(connection.get(), request.data(), static_cast<int>(request.size())) <= 0)
+            return;
+        SSL_write(connection.get(), answer.data(), static_cast<int>(answer.size()));
+        SSL_shutdown(connection.get());
+    }
+};
+
+TlsServer::TlsServer(Manner manner, const QString &address)
+    : m_private(std::make_unique<Private>())
+{
+    const Key key(EVP_EC_gen("P-256"));
+    const Certificate certificate = selfSigned(*key, address);
+    PEM_write_X509(opened(certificateFile()).get(), certificate.get());
+    PEM_write_PrivateKey(opened(keyFile()).get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr);
+    SSL_CTX *const context = m_private->context.get();
+    require(SSL_CTX_use_certificate(context, certificate.get()) == 1
+        && SSL_CTX_use_PrivateKey(context, key.get()) == 1);
+    m_private->hangsUp = manner == Manner::HangsUp;
+    if (manner == Manner::AsksForCertificate) {
+        // With TLS 1.2 a refusal belongs to the handshake.
+        SSL_CTX_set_max_proto_version(context, TLS1_2_VERSION);
+        SSL_CTX_set_verify(context, SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT, nullptr);
+        X509_STORE_add_cert(SSL_CTX_get_cert_store(context), certificate.get());
+    }
+    m_private->listen();
+    m_thread = std::thread([this] { serve(); });
+}
+
+TlsServer::~TlsServer()
+{
+    ::shutdown(m_private->listener, SHUT_RDWR);
+    m_thread.join();
+    ::close(m_private->listener);
+}
+
+void TlsServer::serve()
+{
+    // Clients hang up on it as well.
+    const BrokenPipeGuard guard;
+    for (;;) {
+        const int socket = ::accept4(m_private->listener, nullptr, nullptr, SOCK_CLOEXEC);
+        if (socket < 0)
+            return;
+        m_private->serveConnection(socket);
+        ::close(socket);
+    }
+}
+
+QUrl TlsServer::url() const
+{
+    return QUrl(QStringLiteral("https://127.0.0.1:%1/").arg(m_private->port));
+}
+
+QString TlsServer::certificateFile() const
+{
+    return m_folder.filePath(QStringLiteral("certificate.pem"));
+}
+
+QString TlsServer::keyFile() const
+{
+    return m_folder.filePath(QStringLiteral("key.pem"));
+}
