@@ -10,7 +10,7 @@
 namespace receipt {
 
 /// Name of the receipt's template.
-inline constexpr char16_t templateName[] = u"receipt";
+inline const QString templateName = QStringLiteral("receipt");
 /// Characters in a line of the paper.
 inline constexpr int paperWidth = 40;
 

@@ -50,10 +50,20 @@ void makePrivateFile(const QString &fileName)
 
 } // namespace
 
+QueueConnection::QueueConnection()
+    : m_name(QUuid::createUuid().toString(QUuid::WithoutBraces))
+    , m_database(QSqlDatabase::addDatabase(u"QSQLITE"_s, m_name))
+{ }
+
+QueueConnection::~QueueConnection()
+{
+    // The register wants no copy left when it closes a connection.
+    m_database = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_name);
+}
+
 QueueDatabase::QueueDatabase(const QString &fileName)
     : m_fileName(fileName)
-    , m_connection(QUuid::createUuid().toString(QUuid::WithoutBraces))
-    , m_database(QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connection))
 {
     makePrivateFile(fileName);
     open();
@@ -61,19 +71,14 @@ QueueDatabase::QueueDatabase(const QString &fileName)
     makeTables();
 }
 
-QueueDatabase::~QueueDatabase()
-{
-    m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(m_connection);
-}
-
 void QueueDatabase::open()
 {
-    m_database.setDatabaseName(m_fileName);
-    m_database.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMilliseconds));
-    if (!m_database.open())
+    m_connection.database().setDatabaseName(m_fileName);
+    m_connection.database().setConnectOptions(
+        u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMilliseconds));
+    if (!m_connection.database().open())
         throw StorageError(u"%1: the queue cannot be opened: %2; see \"Queue:database\""_s.arg(
-            m_fileName, m_database.lastError().text()));
+            m_fileName, m_connection.database().lastError().text()));
 }
 
 void QueueDatabase::configure()
@@ -110,7 +115,7 @@ QString QueueDatabase::ask(const QString &pragma)
 
 QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &values)
 {
-    QSqlQuery query(m_database);
+    QSqlQuery query(m_connection.database());
     query.setForwardOnly(true);
     bool done = query.prepare(statement);
     for (const QVariant &value : values)

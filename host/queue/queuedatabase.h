@@ -5,6 +5,22 @@
 #include <QString>
 #include <QVariantList>
 
+/// A connection in Qt's register under a name that is unique in the process, taken out of it with
+/// this object.
+class QueueConnection
+{
+public:
+    QueueConnection();
+    ~QueueConnection();
+    Q_DISABLE_COPY_MOVE(QueueConnection)
+
+    QSqlDatabase &database() { return m_database; }
+
+private:
+    QString m_name;
+    QSqlDatabase m_database;
+};
+
 /// The SQLite file of the outgoing queue: made, checked and opened so that what was committed
 /// outlasts a power cut.
 ///
@@ -17,8 +33,6 @@ public:
     /// Opens the file; makes it, its folder and its tables where they are missing.
     /// @throws StorageError also when the file was made by a newer version.
     explicit QueueDatabase(const QString &fileName);
-    ~QueueDatabase();
-    Q_DISABLE_COPY_MOVE(QueueDatabase)
 
     /// Runs one statement with its values in the order of their question marks.
     QSqlQuery run(const QString &statement, const QVariantList &values = {});
@@ -30,8 +44,7 @@ private:
     [[nodiscard]] QString ask(const QString &pragma);
 
     QString m_fileName;
-    QString m_connection; ///< unique in the process, as Qt's register of connections wants it
-    QSqlDatabase m_database;
+    QueueConnection m_connection;
 };
 
 /// A transaction that owns the database from its first moment on; taken back unless committed.

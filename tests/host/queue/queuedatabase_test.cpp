@@ -1,0 +1,105 @@
+// The queue's file: private from the first moment, in the mode that keeps commits, of this version.
+
+#include "host/storage/storageerror.h"
+#include "tests/host/queue/queuefixture.h"
+#include "tests/host/storage/files.h"
+
+#include <QSqlQuery>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class QueueDatabaseTest : public testing::Test, public QueueFixture
+{
+protected:
+    [[nodiscard]] static QString folder() { return QFileInfo(databaseFile()).absolutePath(); }
+    [[nodiscard]] static std::string errorOfOpening()
+    {
+        try {
+            static_cast<void>(queue()->waiting());
+        } catch (const StorageError &error) {
+            return error.what();
+        }
+        return "opened without an error";
+    }
+};
+
+TEST_F(QueueDatabaseTest, EveryFileIsForItsOwnerOnlyWhateverTheMask)
+{
+    const auto mask = ::umask(0);
+    givenMessage(u"one"_s);
+    ::umask(mask);
+    const QStringList names = files::namesIn(folder());
+    EXPECT_THAT(names, testing::Contains(u"queue.sqlite-wal"_s));
+    for (const QString &name : names)
+        EXPECT_TRUE(files::isPrivate(folder() + u'/' + name)) << qPrintable(name);
+    EXPECT_TRUE(files::isPrivate(folder()));
+}
+
+TEST_F(QueueDatabaseTest, RightsOfOthersOnAnOldFileAreTakenAway)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    files::put(databaseFile(), {});
+    ASSERT_TRUE(QFile::setPermissions(databaseFile(),
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
+    givenMessage(u"one"_s);
+    EXPECT_TRUE(files::isPrivate(databaseFile()));
+}
+
+TEST_F(QueueDatabaseTest, WritesAheadAndKnowsItsVersion)
+{
+    givenMessage(u"one"_s);
+    EXPECT_EQ(ask(u"PRAGMA journal_mode"_s), QVariantList{u"wal"_s});
+    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{1});
+}
+
+TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
+{
+    givenMessage(u"one"_s);
+    Singleton<DBQueueBroker>::reset();
+    ask(u"PRAGMA user_version = 2"_s);
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (2, this one knows 1)"));
+    EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
+    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{2});
+}
+
+TEST_F(QueueDatabaseTest, FileThatIsNoDatabaseIsNamedAndLeftAlone)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    const QByteArray contents(1000, 'x');
+    files::put(databaseFile(), contents);
+    EXPECT_THAT(errorOfOpening(), testing::StartsWith(databaseFile().toStdString() + ": "));
+    EXPECT_EQ(files::contents(databaseFile()), contents);
+}
+
+TEST_F(QueueDatabaseTest, FileIsClosedWithItsBroker)
+{
+    givenMessage(u"one"_s);
+    Singleton<DBQueueBroker>::reset();
+    EXPECT_EQ(files::namesIn(folder()), QStringList{u"queue.sqlite"_s});
+    EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
+}
+
+TEST_F(QueueDatabaseTest, FailedOpeningLeavesNoConnection)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    files::put(databaseFile(), QByteArray(1000, 'x'));
+    EXPECT_NE(errorOfOpening(), "opened without an error");
+    EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
+}
+
+TEST_F(QueueDatabaseTest, TwoBrokersWorkOnOneFile)
+{
+    DBQueueBroker second;
+    givenMessage(u"one"_s);
+    second.enqueue(u"loyalty"_s, {}, {});
+    EXPECT_EQ(queue()->waiting(), 2);
+    EXPECT_EQ(second.waiting(), 2);
+}
+
+} // namespace

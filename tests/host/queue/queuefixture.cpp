@@ -1,0 +1,87 @@
+#include "tests/host/queue/queuefixture.h"
+
+#include "host/storage/statefolder.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QUuid>
+
+using namespace Qt::Literals::StringLiterals;
+
+class ScriptedClient : public RestClient
+{
+public:
+    explicit ScriptedClient(QueueFixture *fixture)
+        : m_fixture(fixture)
+    { }
+
+    void post(
+        const QUrl &url, const QByteArray &body, const QHash<QString, QString> &headers) override
+    {
+        Exchange exchange;
+        if (!m_fixture->m_scripted.isEmpty())
+            exchange = m_fixture->m_scripted.takeFirst();
+        exchange.url = url;
+        exchange.body = body;
+        exchange.headers = headers;
+        m_fixture->m_done.append(exchange);
+        if (const auto action = m_fixture->m_duringExchange)
+            action();
+        m_errorCode = exchange.errorCode;
+        if (m_errorCode != None)
+            m_errorMessage = tr::Tr(u"id"_s, u"Ошибка %1"_s).arg(QString::number(m_errorCode));
+        m_responseBody = exchange.answer;
+    }
+
+private:
+    QueueFixture *m_fixture;
+};
+
+QueueFixture::QueueFixture()
+{
+    MockFactory<RestClient>::setCreator(
+        [this] { return QSharedPointer<ScriptedClient>::create(this); });
+}
+
+QueueFixture::~QueueFixture() = default;
+
+void QueueFixture::givenMessage(const QString &body, const QString &name)
+{
+    const QVariantMap headers{{u"Authorization"_s, u"Basic c2VjcmV0"_s}};
+    queue()->enqueue(
+        name, {{u"url"_s, u"http://service/"_s}, {u"headers"_s, headers}, {u"body"_s, body}}, {});
+}
+
+QStringList QueueFixture::sentBodies() const
+{
+    QStringList bodies;
+    for (const Exchange &exchange : m_done)
+        bodies.append(QString::fromUtf8(exchange.body));
+    return bodies;
+}
+
+QString QueueFixture::databaseFile()
+{
+    return Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
+}
+
+QVariantList QueueFixture::ask(const QString &statement)
+{
+    const QString name = QUuid::createUuid().toString();
+    QVariantList values;
+    {
+        auto database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
+        database.setDatabaseName(databaseFile());
+        if (!database.open())
+            qFatal("%s", qPrintable(database.lastError().text()));
+        QSqlQuery query(database);
+        if (!query.exec(statement))
+            qFatal("%s", qPrintable(query.lastError().text()));
+        if (query.next())
+            for (int column = 0; column < query.record().count(); ++column)
+                values.append(query.value(column));
+    }
+    QSqlDatabase::removeDatabase(name);
+    return values;
+}
