@@ -130,6 +130,11 @@ TEST(AnswerGuardTest, AnEmptyElementIsALevelOfItsOwn)
     thenIsRefused(opened + u"<b c='/'><c/></b>" + closed, tooDeep);
 }
 
+TEST(AnswerGuardTest, ElementsBesideOneAnotherAreNotNested)
+{
+    thenPasses(u"<r>"_s + repeated(u"<a></a>"_s, 300) + repeated(u"<a/>"_s, 300) + u"</r>"_s);
+}
+
 TEST(AnswerGuardTest, AttributesOfOneElementAreLimited)
 {
     thenPasses(withAttributes(256));
@@ -205,8 +210,8 @@ TEST(AnswerGuardTest, TagsBehindADocumentTypeAreStillCounted)
 TEST(AnswerGuardTest, WhatLooksLikeTagsInCommentsSectionsAndInstructionsDoesNotCount)
 {
     const QString tags = repeated(u"<a>"_s, 300) + u"<!DOCTYPE a [<!ENTITY b 'c'>]>"_s;
-    const QList<QString> contents
-        = {u"<!-- %1 > ' -->"_s, u"<![CDATA[ %1 ]] > ' ]]>"_s, u"<?p %1 > ' ?>"_s};
+    const QList<QString> contents = {
+        u"<!-- %1 > ' -->"_s, u"<!--> %1 -->"_s, u"<![CDATA[ %1 ]] > ' ]]>"_s, u"<?p %1 > ' ?>"_s};
     for (const QString &content : contents) {
         SCOPED_TRACE(content.toStdString());
         thenPasses(u"<r>%1<b/></r>"_s.arg(content.arg(tags)));
