@@ -27,7 +27,7 @@ Markup narrowMarkup(const QByteArray &answer)
         {u"utf-8"_s, u"windows-1251"_s, u"iso-8859-1"_s}};
 }
 
-/// One byte per UTF-16 unit; what is not ASCII becomes one and the same byte above it.
+/// One byte per UTF-16 unit; what has no byte of its own becomes one above ASCII.
 Markup utf16Markup(const QByteArray &answer, Encoding encoding)
 {
     constexpr char notAscii = '\x80';
@@ -36,9 +36,8 @@ Markup utf16Markup(const QByteArray &answer, Encoding encoding)
     const qsizetype high = 1 - low;
     QByteArray text(answer.size() / unitSize, notAscii);
     for (qsizetype unit = 0; unit < text.size(); ++unit) {
-        const char character = answer.at(unit * unitSize + low);
-        if (answer.at(unit * unitSize + high) == 0 && (character & notAscii) == 0)
-            text[unit] = character;
+        if (answer.at(unit * unitSize + high) == 0)
+            text[unit] = answer.at(unit * unitSize + low);
     }
     const bool hasMark = QStringConverter::encodingForData(answer).has_value();
     // Without a mark the reader takes what declares "UTF-16" for little-endian from there on.

@@ -103,10 +103,14 @@ public:
 
     /// Does the exchange and returns the answer, parsed but otherwise unchecked.
     /// @param timeout for the whole exchange, in seconds.
+    /// @throws KorvelNoConnectionException with the HTTP client's message when the exchange failed.
+    /// @throws KorvelException when the answer is no XML or beyond the limits of an answer.
     virtual QDomDocument sendRequest(const QDomDocument &request, int timeout) const;
-    /// Returns when "ReturnCode" means success, otherwise throws.
+    /// Returns when "ReturnCode" is 0 or less, or cannot be read; otherwise does `throwError` with
+    /// the service's "Message".
     virtual void checkResponse(const QDomDocument &response) const;
-    /// Throws when "CardStatus" is a forbidden one; the flag says whether the customer is to know.
+    /// @throws KorvelException when "CardStatus" is a forbidden one; its flag says whether the
+    ///         customer is to know.
     virtual void checkCardStatus(const QDomDocument &response) const;
     /// Attaches a client named after the card type when the answer names a holder or a card type.
     virtual void fillClient(
@@ -117,11 +121,13 @@ public:
     /// Adds the pair of one "ExtendedAttribute" to the map.
     virtual void fillExtendedAttribute(
         const QDomElement &attribute, QMap<QString, QVariant> &attributes) const;
-    /// Puts the request into the outgoing queue.
+    /// Puts the request into the outgoing queue, with address and headers of an online request.
     virtual void sendRequestOffline(const QDomDocument &request) const;
 
-    /// Throws what the code calls for, nothing for code 0; codes from 1 up go to the journal if
-    /// configured.
+    /// Returns for code 0 only. Codes from 1 up go to the journal first, if configured; a journal
+    /// that fails is logged and changes nothing.
+    /// @throws KorvelException              for codes that are always shown or configured so.
+    /// @throws KorvelInternalErrorException for all others.
     void throwError(int code, const tr::Tr &message) const;
     /// HTTP headers of every request.
     QHash<QString, QString> formXmlRequestHeaders() const;

@@ -130,6 +130,11 @@ TEST(AnswerGuardTest, AnEmptyElementIsALevelOfItsOwn)
     thenIsRefused(opened + u"<b c='/'><c/></b>" + closed, tooDeep);
 }
 
+TEST(AnswerGuardTest, ElementsBesideOneAnotherAreNotNested)
+{
+    thenPasses(u"<r>"_s + repeated(u"<a></a>"_s, 300) + repeated(u"<a/>"_s, 300) + u"</r>"_s);
+}
+
 TEST(AnswerGuardTest, AttributesOfOneElementAreLimited)
 {
     thenPasses(withAttributes(256));
@@ -205,8 +210,8 @@ TEST(AnswerGuardTest, TagsBehindADocumentTypeAreStillCounted)
 TEST(AnswerGuardTest, WhatLooksLikeTagsInCommentsSectionsAndInstructionsDoesNotCount)
 {
     const QString tags = repeated(u"<a>"_s, 300) + u"<!DOCTYPE a [<!ENTITY b 'c'>]>"_s;
-    const QList<QString> contents
-        = {u"<!-- %1 > ' -->"_s, u"<![CDATA[ %1 ]] > ' ]]>"_s, u"<?p %1 > ' ?>"_s};
+    const QList<QString> contents = {
+        u"<!-- %1 > ' -->"_s, u"<!--> %1 -->"_s, u"<![CDATA[ %1 ]] > ' ]]>"_s, u"<?p %1 > ' ?>"_s};
     for (const QString &content : contents) {
         SCOPED_TRACE(content.toStdString());
         thenPasses(u"<r>%1<b/></r>"_s.arg(content.arg(tags)));
@@ -292,10 +297,11 @@ TEST(AnswerGuardTest, ThirtyTwoBitsAreRefused)
                 u"Encoding UTF-32 is not accepted."_s);
 }
 
-TEST(AnswerGuardTest, CharactersThatLookLikeMarkupInOneOfTheirBytesAreText)
+TEST(AnswerGuardTest, CharactersWithTheByteOfABracketAreText)
 {
-    // U+3C00 and U+013C hold the byte of "<", U+3E27 those of ">" and "'".
-    thenPasses(u"<a b='\u3E27\u3C00'>\u3C00\u013C\u3E27</a>"_s);
+    // U+3C01 holds the byte of "<" as its high one, U+013C as its low one.
+    for (const QString &bracket : {u"\u3C01"_s, u"\u013C"_s})
+        thenPasses(u"<a b='%1'>%2</a>"_s.arg(bracket, repeated(bracket + u'>', 300)));
 }
 
 TEST(AnswerGuardTest, BrokenAnswersAreLeftToTheReader)

@@ -122,6 +122,15 @@ TEST_F(ConfigurationTest, WithoutSettingsTheServiceIsTheLocalMachineAndWaitsFift
     EXPECT_EQ(exchanges().last().timeout, 15);
 }
 
+TEST_F(ConfigurationTest, TheTimeoutOfReturnsDoesNotFollowTheOther)
+{
+    givenSetting(u"timeout"_s, u"4"_s);
+    givenCheque();
+    givenAnswer({});
+    client().returnChequeRequest(document());
+    EXPECT_EQ(exchanges().last().timeout, 15);
+}
+
 TEST_F(ConfigurationTest, WithoutSettingsAllTextsOfARequestAreEmpty)
 {
     whenBalanceIsAsked();

@@ -179,6 +179,15 @@ TEST_F(ItemsTest, TheMinimumPriceDependsOnMarkdownAndIndexPrice)
     }
 }
 
+TEST_F(ItemsTest, ANegativeIndexIsNeverLookedUp)
+{
+    givenSetting(u"indexForMinRetailPrice"_s, u"-1"_s);
+    const auto odd = QSharedPointer<TmcIndexPrice>::create(-1, 3.0);
+    givenPosition(u"A"_s, 10)
+        ->setTmc(QSharedPointer<Tmc>::create(QList<QSharedPointer<TmcIndexPrice>>{odd}));
+    EXPECT_EQ(itemText(u"Mcp"_s), u"0.00"_s);
+}
+
 TEST_F(ItemsTest, APositionWithoutGoodsRecordHasNoIndexPrice)
 {
     givenSetting(u"indexForMinRetailPrice"_s, u"0"_s);
