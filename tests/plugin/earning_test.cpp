@@ -74,6 +74,31 @@ TEST_F(Earning, AReturnIsNotRegistered)
     thenLogged(u"INFO"_s, u"Запрос баллов для начисления"_s);
 }
 
+/// Says that goods come back whatever it is, and keeps what it was asked.
+class AskedDocument : public AbstractDocument
+{
+public:
+    using AbstractDocument::AbstractDocument;
+    bool isOperation(
+        const QPair<EDocumentType, EOperationKind> &typeAndKind, EOperationKind kind) const override
+    {
+        asked = {static_cast<int>(typeAndKind.first), static_cast<int>(typeAndKind.second),
+            static_cast<int>(kind)};
+        return true;
+    }
+    mutable QList<int> asked;
+};
+
+TEST_F(Earning, TheDocumentItselfSaysWhetherGoodsComeBack)
+{
+    const auto asked = QSharedPointer<AskedDocument>::create(EDocumentType::Sale, u"18"_s);
+    Singleton<Session>::instance()->setCurrentDocument(asked);
+    givenCard();
+    EXPECT_FALSE(whenRegistered());
+    EXPECT_EQ(asked->asked, (QList<int>{25, 2, 2}));
+    thenNothingHappened();
+}
+
 TEST_F(Earning, OfflineNothingIsRegistered)
 {
     plugin().offlineMode = true;
@@ -121,6 +146,13 @@ TEST_F(Earning, PointsAtTheToleranceMakeNoRecordButAreNoted)
     EXPECT_FALSE(whenRegistered());
     EXPECT_EQ(card()->getPointsForEarn(), QVariant(0.005));
     EXPECT_EQ(plugin().m_pointsForEarn, 0.005);
+}
+
+TEST_F(Earning, PositionsMakeNoRecordsWhereTheWholeChequeEarnsNothing)
+{
+    givenAnswer({{key::activeChargedBonus, u"0.005"_s},
+        {key::positions, Map{{u"1"_s, Map{{key::activeChargedBonus, 5.0}}}}}});
+    EXPECT_FALSE(whenRegistered());
 }
 
 TEST_F(Earning, PointsThatOnlyCountForTheStatusMakeNoRecords)

@@ -57,6 +57,15 @@ TEST_F(CalculationFailure, AnInternalErrorForgetsTheStoredPositions)
     EXPECT_FALSE(stored(korvel::plugindata::positionsData).isValid());
 }
 
+TEST_F(CalculationFailure, AnInternalErrorLeavesNoPointsEvenWhenTheRegistrationCannotBeUndone)
+{
+    plugin().getCard()->setOperationId(u"T1"_s);
+    givenFailure<KorvelInternalErrorException>(u"сбой"_s);
+    givenFailure<KorvelInternalErrorException>(u"снова сбой"_s);
+    EXPECT_TRUE(whenCalculated());
+    thenOffline();
+}
+
 TEST_F(CalculationFailure, ALostConnectionGoesOfflineAndKeepsTheDiscounts)
 {
     givenFailure<KorvelNoConnectionException>(u"нет связи"_s);
