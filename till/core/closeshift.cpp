@@ -1,0 +1,48 @@
+// The shift ends.
+
+#include "host/queue/dbqueuebroker.h"
+#include "host/storage/journal.h"
+#include "till/core/amounttext.h"
+#include "till/core/shift.h"
+#include "till/core/till.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+QList<tr::Tr> describe(const ShiftSums &sums)
+{
+    return {tr::Tr(u"tillShiftSales"_s, u"Продажи: %1, сумма %2"_s)
+                .arg(QString::number(sums.sales))
+                .arg(amountText(sums.sold)),
+        tr::Tr(u"tillShiftReturns"_s, u"Возвраты: %1, сумма %2"_s)
+            .arg(QString::number(sums.returns))
+            .arg(amountText(sums.returned)),
+        tr::Tr(u"tillShiftPoints"_s, u"Баллы: начислено %1, списано %2"_s)
+            .arg(amountText(sums.pointsEarned))
+            .arg(amountText(sums.pointsSpent))};
+}
+
+} // namespace
+
+Outcome Till::closeShift()
+{
+    const int waiting = Singleton<DBQueueBroker>::instance()->waiting();
+    const ShiftSums sums = Shift(m_store).close();
+    Journal::append(u"shift"_s,
+        {{u"sales"_s, sums.sales}, {u"sold"_s, sums.sold}, {u"returns"_s, sums.returns},
+            {u"returned"_s, sums.returned}, {u"pointsEarned"_s, sums.pointsEarned},
+            {u"pointsSpent"_s, sums.pointsSpent}, {u"waiting"_s, waiting}});
+    Outcome outcome;
+    outcome.notices = describe(sums);
+    outcome.notices.append(
+        tr::Tr(u"tillShiftWaiting"_s, u"Ждут отправки: %1"_s).arg(QString::number(waiting)));
+    if (const auto open = document())
+        outcome.notices.append(
+            tr::Tr(u"tillShiftOpenDocument"_s, u"Открыт документ %1"_s).arg(open->getNumber()));
+    return outcome;
+}
+
+} // namespace till

@@ -1,0 +1,52 @@
+// What waits in the outgoing queue is sent.
+
+#include "host/config/config.h"
+#include "host/logging/log4qt/logmanager.h"
+#include "host/queue/dbqueuebroker.h"
+#include "host/storage/storageerror.h"
+#include "till/core/till.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+tr::Tr describe(const DeliveryReport &report, int waiting)
+{
+    if (report.busy)
+        return {u"tillDeliveryBusy"_s, u"Очередь уже отправляет другая программа"_s};
+    return tr::Tr(u"tillDelivered"_s, u"Отправка очереди: доставлено %1, отклонено %2, ждут %3"_s)
+        .arg(QString::number(report.delivered))
+        .arg(QString::number(report.refused))
+        .arg(QString::number(waiting));
+}
+
+} // namespace
+
+Outcome Till::deliver()
+{
+    auto *queue = Singleton<DBQueueBroker>::instance();
+    const DeliveryReport report = queue->deliver();
+    Outcome outcome;
+    outcome.notices.append(describe(report, queue->waiting()));
+    return outcome;
+}
+
+// The cheque is closed whatever happens here, so a queue that fails is told and not thrown.
+void Till::deliverAfterClose(Outcome &outcome)
+{
+    const bool wanted = Singleton<Config>::instance()->getBool(u"Queue:deliverAfterClose"_s, true);
+    if (!wanted || !m_exchanges.lastSucceeded())
+        return;
+    try {
+        if (Singleton<DBQueueBroker>::instance()->waiting() > 0)
+            outcome.notices.append(deliver().notices);
+    } catch (const StorageError &error) {
+        Log4Qt::LogManager::logger(u"till"_s)->error(QString::fromUtf8(error.what()));
+        outcome.notices.append(tr::Tr(u"tillQueueFailed"_s,
+            u"Очередь сообщений недоступна, подробности в журнале программы"_s));
+    }
+}
+
+} // namespace till

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <functional>
+
+namespace till {
+
+/// Watches the exchanges that the plug-in and the queue make, by putting itself into the maker of
+/// `RestClient` while it lives. One at a time; on the host's thread.
+class Exchanges
+{
+public:
+    /// @param onPost called before each exchange; may be empty.
+    explicit Exchanges(std::function<void()> onPost = {});
+    ~Exchanges();
+    Q_DISABLE_COPY_MOVE(Exchanges)
+
+    /// Whether the last exchange ended with a 2xx answer; false before the first one.
+    [[nodiscard]] bool lastSucceeded() const { return m_lastSucceeded; }
+
+private:
+    std::function<void()> m_onPost;
+    bool m_lastSucceeded = false;
+};
+
+} // namespace till

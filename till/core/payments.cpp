@@ -1,0 +1,72 @@
+// Money changes hands.
+
+#include "host/documents/money.h"
+#include "till/core/amounttext.h"
+#include "till/core/cannotdo.h"
+#include "till/core/till.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+QString nameOf(PaymentKind kind)
+{
+    switch (kind) {
+    case PaymentKind::Cash:
+        return u"cash"_s;
+    case PaymentKind::Card:
+        return u"card"_s;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+double Till::paid() const
+{
+    double sum = 0.0;
+    const auto payments = document()->getPayments();
+    for (const Payment &payment : payments)
+        sum += payment.amount;
+    return sum;
+}
+
+double Till::rest() const
+{
+    return document() ? std::max(document()->getSumAfterDiscounts() - paid(), 0.0) : 0.0;
+}
+
+// A payment answers to the sum that it was made for.
+void Till::dropPayments()
+{
+    document()->setPayments({});
+}
+
+Outcome Till::pay(PaymentKind kind, std::optional<double> amount)
+{
+    const auto open = openDocument();
+    if (!money::counts(rest()))
+        throw CannotDo(u"nothing is left to be paid"_s, u"close the cheque"_s);
+    // Only cash is handed back as change.
+    if (kind == PaymentKind::Card && amount && money::counts(*amount - rest()))
+        throw CannotDo(
+            u"a card pays %1 at most"_s.arg(amountText(rest())), u"write pay card for the rest"_s);
+    auto payments = open->getPayments();
+    payments.append(Payment{nameOf(kind), amount.value_or(rest())});
+    open->setPayments(payments);
+    keep();
+    return {};
+}
+
+void Till::requireRightlyPaid() const
+{
+    if (money::counts(paid()) && money::counts(rest()))
+        throw CannotDo(u"the cheque is partly paid, %1 are left"_s.arg(amountText(rest())),
+            u"pay the rest with pay cash or pay card"_s);
+}
+
+} // namespace till

@@ -1,0 +1,56 @@
+#include "till/core/pluginguard.h"
+
+#include "host/framework/basicexception.h"
+#include "host/logging/log4qt/logmanager.h"
+#include "host/storage/journal.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+Refusal unexpected(const QString &text)
+{
+    return {tr::Tr(tr::undefined, text), false};
+}
+
+Refusal currentException()
+{
+    try {
+        throw;
+    } catch (const BasicException &error) {
+        return {error.tr(), error.flag()};
+    } catch (const std::exception &error) {
+        return unexpected(QString::fromUtf8(error.what()));
+    } catch (...) {
+        return unexpected(u"Непредвиденная ошибка подключаемого модуля"_s);
+    }
+}
+
+void record(const QString &operation, const Refusal &refusal)
+{
+    const QString text = refusal.message.ru();
+    Log4Qt::LogManager::logger(u"till"_s)->error(
+        u"The plug-in left %1 by an exception: %2"_s.arg(operation, text));
+    Journal::append(u"exception"_s,
+        {{u"operation"_s, operation}, {u"id"_s, refusal.message.id()}, {u"text"_s, text}});
+}
+
+} // namespace
+
+bool guarded(Outcome &outcome, const QString &operation, const std::function<void()> &call)
+{
+    try {
+        call();
+        return true;
+    } catch (...) {
+        const Refusal refusal = currentException();
+        record(operation, refusal);
+        if (!outcome.refusal)
+            outcome.refusal = refusal;
+        return false;
+    }
+}
+
+} // namespace till

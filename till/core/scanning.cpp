@@ -1,0 +1,116 @@
+// Something is scanned, and the catalogue's rules say what it is.
+
+#include "till/core/cannotdo.h"
+#include "till/core/till.h"
+#include "till/core/triggers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+constexpr double oneMore = 1.0;
+
+enum class Scanned
+{
+    Card,
+    Coupon,
+    Goods,
+    Unknown
+};
+
+const Article *findArticle(const Catalogue &catalogue, const QString &data)
+{
+    const Article *byBarcode = catalogue.byBarcode(data);
+    return byBarcode ? byBarcode : catalogue.byCode(data);
+}
+
+Scanned recognise(const Catalogue &catalogue, const QString &data)
+{
+    if (catalogue.isCard(data))
+        return Scanned::Card;
+    if (catalogue.isCoupon(data))
+        return Scanned::Coupon;
+    return findArticle(catalogue, data) ? Scanned::Goods : Scanned::Unknown;
+}
+
+} // namespace
+
+void Till::requireScanAllowed(const QString &data) const
+{
+    switch (recognise(m_catalogue, data)) {
+    case Scanned::Card:
+        return requireCardAllowed();
+    case Scanned::Coupon:
+        return requireCouponAllowed(data);
+    case Scanned::Goods:
+        return requireGoodsAllowed();
+    case Scanned::Unknown:
+        throw CannotDo(u"%1 is no card, coupon or article of the catalogue"_s.arg(data),
+            u"look at \"scan\" and the barcodes of the catalogue"_s);
+    }
+}
+
+Outcome Till::scan(const QString &data)
+{
+    requireChangeable();
+    if (!document())
+        requireScanAllowed(data);
+    openSaleWhereNoneIs();
+    Outcome outcome;
+    const control::Action action(control::EActionType::Input, {{u"rawdata"_s, data}});
+    ModifiersContainer &modifiers = document()->getModifiers();
+    modifiers.set(modifiers::Type::RepeatedScan, true);
+    const bool goesOn = runTriggersBefore(m_system, action, outcome);
+    // Used up here: the actions that follow are no repeated scan.
+    modifiers.clear(modifiers::Type::RepeatedScan);
+    if (goesOn)
+        carryOutScan(action, data, outcome);
+    keep();
+    return outcome;
+}
+
+void Till::carryOutScan(const control::Action &action, const QString &data, Outcome &outcome)
+{
+    if (action.value(u"useLastChangedPosition"_s, false).toBool()) {
+        raiseLastPosition(outcome);
+    } else {
+        requireScanAllowed(data);
+        addScanned(data, outcome);
+    }
+    runTriggersAfter(m_system, action, outcome);
+}
+
+void Till::raiseLastPosition(Outcome &outcome)
+{
+    const auto goods = document()->getGoods();
+    auto position = document()->getPosition(m_lastPosnum);
+    if (!position && !goods.isEmpty())
+        position = goods.constLast();
+    if (position)
+        setQuantity(*position, position->getBquant() + oneMore, outcome);
+}
+
+void Till::addScanned(const QString &data, Outcome &outcome)
+{
+    switch (recognise(m_catalogue, data)) {
+    case Scanned::Card:
+        attachCard(data, ECardNumberType::Scanned, outcome);
+        outcome.result.clear();
+        break;
+    case Scanned::Coupon:
+        insertCoupon(data, data, outcome);
+        break;
+    case Scanned::Goods: {
+        PositionRequest request;
+        request.rawData = data;
+        insertPosition(*findArticle(m_catalogue, data), request, outcome);
+        break;
+    }
+    case Scanned::Unknown:
+        break;
+    }
+}
+
+} // namespace till

@@ -1,0 +1,85 @@
+#include "till/core/shift.h"
+
+#include "host/storage/atomicfile.h"
+#include "host/storage/statefolder.h"
+#include "host/storage/storageerror.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+QString markFile()
+{
+    return Singleton<StateFolder>::instance()->path() + u"/shift"_s;
+}
+
+// 0 where no shift was closed yet.
+qlonglong lastNumberBefore()
+{
+    QFile file(markFile());
+    if (!file.exists())
+        return 0;
+    bool ok = false;
+    const qlonglong number
+        = file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toLongLong(&ok) : 0;
+    if (!ok)
+        throw StorageError(
+            u"%1 holds no document number; write the last one of the shift before into it"_s.arg(
+                file.fileName()));
+    return number;
+}
+
+double pointsSpent(const AbstractDocument &document)
+{
+    double points = 0.0;
+    const auto goods = document.getGoods();
+    for (const auto &position : goods)
+        points += position->getAppliedPoints() * position->getAppliedShare();
+    return points;
+}
+
+} // namespace
+
+ShiftSums sumUp(const QList<QSharedPointer<AbstractDocument>> &closed)
+{
+    ShiftSums sums;
+    for (const auto &document : closed) {
+        if (document->getOperationKind() == EOperationKind::GoodsComeBack) {
+            ++sums.returns;
+            sums.returned += document->getSumAfterDiscounts();
+        } else {
+            ++sums.sales;
+            sums.sold += document->getSumAfterDiscounts();
+            sums.pointsEarned += document->getEffects().pointsEarned;
+            sums.pointsSpent += pointsSpent(*document);
+        }
+    }
+    return sums;
+}
+
+Shift::Shift(const DocumentStore &store)
+    : m_store(store)
+{ }
+
+ShiftSums Shift::close() const
+{
+    const qlonglong before = lastNumberBefore();
+    qlonglong last = before;
+    QList<QSharedPointer<AbstractDocument>> closed;
+    const QStringList numbers = m_store.closedNumbers();
+    for (const QString &number : numbers) {
+        if (number.toLongLong() <= before)
+            continue;
+        closed.append(m_store.loadClosed(number));
+        last = std::max(last, number.toLongLong());
+    }
+    const ShiftSums sums = sumUp(closed);
+    atomicfile::write(markFile(), QByteArray::number(last) + '\n');
+    return sums;
+}
+
+} // namespace till

@@ -1,0 +1,134 @@
+#include "till/core/till.h"
+
+#include "host/framework/activitynotifier.h"
+#include "host/framework/session.h"
+#include "till/core/cannotdo.h"
+#include "till/core/pluginguard.h"
+#include "till/core/triggers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+Till::Till(BasicLoyaltySystem &system, const Catalogue &catalogue, DocumentStore &store,
+    const Exchanges &exchanges)
+    : m_system(system)
+    , m_catalogue(catalogue)
+    , m_store(store)
+    , m_exchanges(exchanges)
+{ }
+
+void Till::start()
+{
+    if (const auto left = m_store.loadOpen()) {
+        restore(left);
+        return;
+    }
+    Outcome nobodyWaits;
+    notify(nobodyWaits, Event(EActivityListener::DocumentEntered));
+}
+
+// Without event 22: it would end the loyalty state that is being restored.
+void Till::restore(const QSharedPointer<AbstractDocument> &document)
+{
+    Singleton<Session>::instance()->setCurrentDocument(document);
+    m_system.setEffects(document->getEffects());
+    Outcome nobodyWaits;
+    guarded(nobodyWaits, u"restoreLoyaltySystem"_s, [this] { m_system.restoreLoyaltySystem(); });
+}
+
+QSharedPointer<AbstractDocument> Till::document() const
+{
+    return Singleton<Session>::instance()->getCurrentDocument();
+}
+
+void Till::leave(Outcome &outcome)
+{
+    outcome.left = document();
+    m_lastPosnum = 0;
+    Singleton<Session>::instance()->setCurrentDocument({});
+    notify(outcome, Event(EActivityListener::DocumentEntered));
+}
+
+void Till::keep()
+{
+    if (const auto open = document())
+        m_store.saveOpen(open);
+}
+
+QSharedPointer<AbstractDocument> Till::openDocument() const
+{
+    const auto open = document();
+    if (!open)
+        throw CannotDo(u"no document is open"_s, u"open one with sale or return"_s);
+    return open;
+}
+
+QSharedPointer<AbstractDocument> Till::openSaleFor(const QString &operation) const
+{
+    const auto open = openDocument();
+    if (open->getType() != EDocumentType::Sale)
+        throw CannotDo(operation + u" is not for returns"_s, u"close or cancel the return first"_s);
+    return open;
+}
+
+QSharedPointer<GoodsItem> Till::openPosition(int posnum) const
+{
+    const auto position = openDocument()->getPosition(posnum);
+    if (!position)
+        throw CannotDo(u"the document has no position %1"_s.arg(posnum),
+            u"show lists the positions with their numbers"_s);
+    return position;
+}
+
+bool Till::isRegistered() const
+{
+    const auto card = document()->getCardRecord(m_system.getCardMode());
+    return card && !card->getOperationId().isEmpty();
+}
+
+// What the loyalty service has booked must be what the customer is handed.
+void Till::requireChangeable() const
+{
+    if (document() && isRegistered())
+        throw CannotDo(u"the cheque is registered with the loyalty service and cannot be changed"_s,
+            u"close or cancel it"_s);
+}
+
+void Till::notify(Outcome &outcome, const Event &event) const
+{
+    guarded(outcome, u"handleEvent(%1)"_s.arg(static_cast<int>(event.getCode())),
+        [&event] { Singleton<ActivityNotifier>::instance()->notify(event); });
+}
+
+void Till::request(Outcome &outcome, const QString &name, const std::function<bool()> &operation)
+{
+    bool answer = false;
+    if (!guarded(outcome, name, [&] { answer = operation(); }))
+        return;
+    outcome.result = answer;
+    if (!answer && !outcome.refusal)
+        outcome.refusal = Refusal{m_system.getLastErrorString(), m_system.getLastErrorFlag()};
+}
+
+void Till::announce(Outcome &outcome, const std::function<void()> &call)
+{
+    Event started(EActivityListener::LoyaltyRequestStarted);
+    started.addArgument(
+        u"message"_s, tr::Tr(u"processLoyaltyMessage"_s, u"Обращение к системе лояльности"_s));
+    notify(outcome, started);
+    call();
+    notify(outcome, Event(EActivityListener::LoyaltyRequestFinished));
+    document()->setEffects(m_system.getEffects());
+}
+
+void Till::runAction(
+    const control::Action &action, Outcome &outcome, const std::function<void()> &carryOut)
+{
+    if (!runTriggersBefore(m_system, action, outcome))
+        return;
+    carryOut();
+    runTriggersAfter(m_system, action, outcome);
+}
+
+} // namespace till
