@@ -1,0 +1,50 @@
+#include "till/script/scriptrunner.h"
+
+#include "till/core/cannotdo.h"
+
+#include <QStringDecoder>
+
+#include <istream>
+#include <ostream>
+#include <string>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+QString decode(const std::string &line)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(QByteArrayView(line));
+    if (decoder.hasError())
+        throw CannotDo(u"the line is not in UTF-8"_s, u"save the script in UTF-8"_s);
+    return text;
+}
+
+} // namespace
+
+ExitStatus runScript(
+    std::istream &script, const QString &name, Interpreter &interpreter, std::ostream &errors)
+{
+    const auto tell = [&](int line, const QString &what) {
+        errors << u"%1:%2: %3"_s.arg(name).arg(line).arg(what).toStdString() << std::endl;
+    };
+    auto status = ExitStatus::Success;
+    std::string bytes;
+    for (int line = 1; std::getline(script, bytes); ++line) {
+        try {
+            if (const auto failure = interpreter.execute(line, decode(bytes))) {
+                tell(line, *failure);
+                status = ExitStatus::ExpectationFailed;
+            }
+        } catch (const CannotDo &error) {
+            tell(line, error.text());
+            return ExitStatus::CannotDo;
+        }
+    }
+    return status;
+}
+
+} // namespace till
