@@ -1,0 +1,25 @@
+#include "till/console/prompt.h"
+
+#include "till/core/cannotdo.h"
+
+#include <ostream>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+void runPrompt(LineEditor &editor, Interpreter &interpreter, std::ostream &errors)
+{
+    int number = 0;
+    while (const auto line = editor.read(u"till> "_s)) {
+        editor.remember(*line);
+        try {
+            if (const auto failure = interpreter.execute(++number, *line))
+                errors << failure->toStdString() << std::endl;
+        } catch (const CannotDo &error) {
+            errors << error.text().toStdString() << std::endl;
+        }
+    }
+}
+
+} // namespace till
