@@ -1,0 +1,52 @@
+// The command line.
+
+#include "tests/till/program/programfixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class CommandLineTest : public ProgramFixture
+{ };
+
+TEST_F(CommandLineTest, HelpNamesTheOptions)
+{
+    whenStarted({u"run"_s, u"--help"_s});
+    EXPECT_EQ(status, 0);
+    for (const char *option : {"--config", "--plugin", "--state", "--transcript", "SCRIPT"})
+        EXPECT_TRUE(output.contains(option)) << option;
+}
+
+TEST_F(CommandLineTest, VersionIsTold)
+{
+    whenStarted({u"--version"_s});
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(output.startsWith("korvel-till "));
+}
+
+TEST_F(CommandLineTest, WrongUsageIsAnError)
+{
+    for (const QStringList &arguments :
+        {QStringList{}, QStringList{u"sell"_s}, QStringList{u"run"_s, u"--bogus"_s},
+            QStringList{u"run"_s, u"--config"_s}, QStringList{u"run"_s, u"one"_s, u"two"_s}}) {
+        SCOPED_TRACE(qPrintable(arguments.join(u' ')));
+        whenStarted(arguments);
+        thenFails(2, u"korvel-till: "_s);
+    }
+}
+
+TEST_F(CommandLineTest, AScriptThatCannotBeReadIsAnError)
+{
+    whenStarted(usualOptions() << path(u"missing.till"_s));
+    thenFails(2, u"korvel-till: the script "_s + path(u"missing.till"_s));
+    whenStarted(usualOptions() << path(u"."_s));
+    thenFails(2, u"korvel-till: the script "_s);
+}
+
+TEST_F(CommandLineTest, ATranscriptThatCannotBeWrittenIsAnError)
+{
+    whenStarted(usualOptions() << u"--transcript"_s << path(u"missing/x"_s));
+    thenFails(2, u"korvel-till: the transcript "_s + path(u"missing/x"_s));
+}
+
+} // namespace

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "host/framework/basicloyaltysystem.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+#include <stdexcept>
+
+namespace till {
+
+/// A plug-in that cannot be used; `what()` says in one line which file, why and what to do.
+class PluginError : public std::runtime_error
+{
+public:
+    explicit PluginError(const QString &text);
+    ~PluginError() override;
+};
+
+/// The loyalty plug-in, loaded from its file and initialised.
+///
+/// Its code stays loaded to the end of the program; its object goes with this one.
+class LoadedPlugin
+{
+public:
+    /// Checks the file's metadata before any of its code runs, then makes and initialises the
+    /// plug-in's object.
+    /// @throws PluginError when the file is missing, is no plug-in, has another interface id, or
+    ///         its plug-in registers no loyalty system.
+    explicit LoadedPlugin(const QString &fileName);
+    ~LoadedPlugin();
+    Q_DISABLE_COPY_MOVE(LoadedPlugin)
+
+    /// Valid as long as this lives.
+    [[nodiscard]] BasicLoyaltySystem &loyaltySystem() const { return *m_system; }
+
+private:
+    std::unique_ptr<QObject> m_object;
+    BasicLoyaltySystem *m_system = nullptr;
+};
+
+} // namespace till

@@ -1,0 +1,82 @@
+#include "till/run/workplace.h"
+
+#include "host/config/config.h"
+#include "host/framework/session.h"
+#include "host/logging/logsetup.h"
+#include "host/queue/dbqueuebroker.h"
+#include "host/storage/statefolder.h"
+#include "till/core/loyaltyverdict.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+void readConfiguration(const QString &given)
+{
+    const QString usual = u"till.ini"_s;
+    if (!given.isEmpty())
+        Singleton<Config>::instance()->load(given);
+    else if (QFileInfo::exists(usual))
+        Singleton<Config>::instance()->load(usual);
+}
+
+QString stateFolder(const QString &given)
+{
+    if (!given.isEmpty())
+        return QDir::current().absoluteFilePath(given);
+    return Singleton<Config>::instance()->getPath(
+        u"Till:state"_s, QDir::homePath() + u"/.local/state/korvel-till");
+}
+
+QString pluginFile(const QString &given)
+{
+    return given.isEmpty() ? QCoreApplication::applicationDirPath() + u"/korvelloyaltyonline.so"
+                           : QDir::current().absoluteFilePath(given);
+}
+
+// The configuration says where the state is, and only who holds the state folder may log into it.
+std::unique_ptr<DocumentStore> prepare(const RunOptions &options)
+{
+    readConfiguration(options.configFile);
+    auto *folder = Singleton<StateFolder>::instance();
+    folder->setPath(stateFolder(options.stateFolder));
+    auto store = std::make_unique<DocumentStore>();
+    logging::setUp(
+        folder->log(), Singleton<Config>::instance()->getPath(u"Till:logProperties"_s, {}));
+    return store;
+}
+
+Catalogue readCatalogue()
+{
+    const QString file = Singleton<Config>::instance()->getPath(u"Till:catalogue"_s, {});
+    return file.isEmpty() ? Catalogue() : Catalogue::load(file);
+}
+
+} // namespace
+
+Workplace::Workplace(const RunOptions &options, std::unique_ptr<AnswerLine> answers)
+    : m_store(prepare(options))
+    , m_catalogue(readCatalogue())
+    , m_answers(std::move(answers))
+    , m_services(m_recorder, *m_answers)
+    , m_plugin(pluginFile(options.pluginFile))
+    , m_till(m_plugin.loyaltySystem(), m_catalogue, *m_store, m_services.exchanges())
+{
+    judgeLoyaltyMessages(*Singleton<DBQueueBroker>::instance());
+}
+
+// The document is on disk; in memory it must not outlive the plug-in that made parts of it.
+Workplace::~Workplace()
+{
+    Singleton<Session>::instance()->setCurrentDocument({});
+}
+
+} // namespace till

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/documents/catalogue.h"
+#include "host/storage/documentstore.h"
+#include "till/core/frozenclock.h"
+#include "till/core/till.h"
+#include "till/pluginloading.h"
+#include "till/run/options.h"
+#include "till/script/answerline.h"
+#include "till/transcript/recorder.h"
+#include "till/transcript/recordingservices.h"
+
+#include <memory>
+
+namespace till {
+
+/// Everything that a till needs, in place as long as this lives: settings, state folder, log,
+/// services, plug-in and the till itself.
+class Workplace
+{
+public:
+    /// Reads the configuration, takes the state folder and loads the plug-in, in this order; the
+    /// till is then ready to be started.
+    /// @param answers who answers the plug-in's dialogs; owned.
+    /// @throws ConfigError, StorageError, CatalogueError or PluginError when one of them cannot be
+    ///         used; `what()` is the one line to be told.
+    Workplace(const RunOptions &options, std::unique_ptr<AnswerLine> answers);
+    ~Workplace();
+    Q_DISABLE_COPY_MOVE(Workplace)
+
+    [[nodiscard]] Till &till() { return m_till; }
+    [[nodiscard]] AnswerLine &answers() { return *m_answers; }
+    [[nodiscard]] FrozenClock &clock() { return m_clock; }
+    [[nodiscard]] Recorder &recorder() { return m_recorder; }
+    [[nodiscard]] const Catalogue &catalogue() const { return m_catalogue; }
+
+private:
+    // In the order in which one needs the other; they go in the opposite one.
+    std::unique_ptr<DocumentStore> m_store;
+    Catalogue m_catalogue;
+    std::unique_ptr<AnswerLine> m_answers;
+    Recorder m_recorder;
+    FrozenClock m_clock;
+    RecordingServices m_services;
+    LoadedPlugin m_plugin;
+    Till m_till;
+};
+
+} // namespace till
