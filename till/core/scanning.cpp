@@ -84,6 +84,7 @@ void Till::carryOutScan(const control::Action &action, const QString &data, Outc
 
 void Till::raiseLastPosition(Outcome &outcome)
 {
+    requireGoodsAllowed();
     const auto goods = document()->getGoods();
     auto position = document()->getPosition(m_lastPosnum);
     if (!position && !goods.isEmpty())

@@ -45,7 +45,6 @@ QSharedPointer<AbstractDocument> Till::document() const
 void Till::leave(Outcome &outcome)
 {
     outcome.left = document();
-    m_lastPosnum = 0;
     Singleton<Session>::instance()->setCurrentDocument({});
     notify(outcome, Event(EActivityListener::DocumentEntered));
 }

@@ -141,7 +141,7 @@ private:
     const Catalogue &m_catalogue;
     DocumentStore &m_store;
     const Exchanges &m_exchanges;
-    int m_lastPosnum = 0; ///< the position that was added or changed last; 0: none yet
+    int m_lastPosnum = 0; ///< the position that was added or changed last; may be gone
 };
 
 } // namespace till

@@ -34,6 +34,8 @@ TEST_F(PositionsTest, APositionIsMadeFromTheCatalogue)
     EXPECT_DOUBLE_EQ(cheese->getSumn(), 445.2);
     EXPECT_TRUE(cheese->getTmcUnit().isFractional());
     EXPECT_TRUE(cheese->getTmc());
+    EXPECT_DOUBLE_EQ(cheese->getMinRetailPrice(), 500.0);
+    EXPECT_EQ(cheese->getExtendedOptions(), u"fresh"_s);
 }
 
 TEST_F(PositionsTest, PriceAndOptionsCanBeGiven)

@@ -76,6 +76,7 @@ TEST_F(RestartTest, ARegistrationIsOnDiskBeforeTheChequeIsPutOut)
         loyalty->giveBonusRecord(7.0);
         return true;
     };
+    till->pay(till::PaymentKind::Card, std::nullopt);
     qsizetype records = 0;
     QString id;
     loyalty->behaviour[u"beforePutoutCheck"_s] = [&] {

@@ -111,6 +111,14 @@ TEST_F(ScanningTest, TheLastPositionIsTheOneThatWasChangedLast)
     EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 6.0);
 }
 
+TEST_F(ScanningTest, TheLastPositionOfAReturnOfASaleIsNotRaised)
+{
+    till->openReturnOf(givenClosedSale());
+    givenUseOfLastPosition();
+    EXPECT_TRUE(whyNot([&] { till->scan(u"461001"_s); }).startsWith(u"a return of a sale takes"));
+    EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 1.0);
+}
+
 TEST_F(ScanningTest, RaisingTheLastPositionAsksTheQuantityTrigger)
 {
     givenSaleOf({u"1001"_s});

@@ -17,6 +17,8 @@ Article makeArticle(const QString &code, const QString &name, double price, bool
     article.name = name;
     article.price = price;
     article.unit = TmcUnit(weighed ? u"кг"_s : u"шт"_s, weighed);
+    article.minRetailPrice = weighed ? 500.0 : 0.0;
+    article.extendedOptions = weighed ? u"fresh"_s : QString();
     article.tmc = QSharedPointer<Tmc>::create();
     return article;
 }
