@@ -74,7 +74,8 @@ QString position(const GoodsItem &position)
         position.getName(), quantityText(position.getBquant()), amountText(position.getPrice()),
         amountText(position.getSumn()));
     if (!money::equal(position.getSumn(), position.getSumb()))
-        text += u", with discount "_s + amountText(position.getSumb());
+        text += u", less %1: %2"_s.arg(
+            amountText(position.getSumn() - position.getSumb()), amountText(position.getSumb()));
     return text;
 }
 

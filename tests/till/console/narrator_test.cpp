@@ -70,7 +70,7 @@ TEST_F(NarratorTest, ATotalTellsDiscountsMessagesAndWhatIsToBePaid)
     };
     EXPECT_EQ(story(u"total"_s),
         "> total\n    Document 17 (sale) is open\n"
-        "    1. Молоко: 1 x 100.00 = 100.00, with discount 90.00\n"
+        "    1. Молоко: 1 x 100.00 = 100.00, less 10.00: 90.00\n"
         "    Sum 100.00, less 10.00, to pay 90.00\n    For the cashier: Предложите пакет\n");
 }
 
