@@ -8,10 +8,10 @@ namespace stickers {
 /// patience have.
 struct ChoiceLimits
 {
-    /// Cells up to which the table is the quickest.
-    qint64 smallTable = qint64{1} << 12;
-    /// Steps of all rows together: 16 bytes each, 16 MiB.
-    std::size_t steps = std::size_t{1} << 20;
+    /// Cells up to which the table is quick enough for any offers.
+    qint64 smallTable = qint64{1} << 18;
+    /// Steps of all rows together: 8 MiB, and up to three times that while their list grows.
+    std::size_t steps = std::size_t{1} << 19;
     /// Cells of a table: one bit each, 16 MiB, and under half a second.
     qint64 tableCells = qint64{1} << 27;
     /// Stickers that a table may cover: 8 bytes each, 32 MiB.

@@ -85,7 +85,7 @@ private:
         m_bound.startRow(row + 1);
         m_costBelow -= m_offers[row].cost;
         m_lowestColumn = std::max<qint64>(m_capacity - m_costBelow, 0);
-        const auto rowsBelow = static_cast<double>(m_offers.size() - row);
+        const auto rowsBelow = static_cast<double>(m_offers.size() - row - 1);
         m_slack = rowsBelow * money::tolerance + m_rounding;
         m_best = lessThanAny;
     }

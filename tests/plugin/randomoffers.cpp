@@ -29,6 +29,10 @@ const std::vector<OfferKind> &offerKinds()
             [](Dice &dice, qint64) { return inParts(dice.roll(-2, 8), 800.0); }},
         {"ties but for the tolerance",
             [](Dice &dice, qint64) { return 1.0 + inParts(dice.roll(-6, 6), 400.0); }},
+        {"hardly off kopecks",
+            [](Dice &dice, qint64) {
+                return inParts(dice.roll(1, 300), 100.0) + inParts(dice.roll(-3, 3), 2e9);
+            }},
         {"thousandths about kopecks",
             [](Dice &dice, qint64) {
                 return inParts(dice.roll(1, 3) * 10 + dice.roll(-5, 5), 1e3);
