@@ -107,8 +107,12 @@ protected:
     /// @throws KorvelException when the cashier cancels.
     [[nodiscard]] virtual QString inputVerificationCode() const;
     /// Offers the customer the exchange of stickers for discounts when the answer has such offers.
+    /// Accepted: the cheque is calculated once more, and `result` holds the new answer.
+    /// @throws the exceptions of the client; `result` is then empty.
     virtual void interchangeStickers(QMap<QString, QVariant> &result);
+    /// Whether any position of the answer carries a sticker action.
     [[nodiscard]] virtual bool hasStickersActions(const QMap<QString, QVariant> &result) const;
+    /// Keeps the most profitable sticker actions when the customer's stickers do not pay for all.
     virtual void selectStickersActions(const QMap<QString, QVariant> &result) const;
     /// Keeps the answer's positions on the document without the sticker actions of the given
     /// positions. An empty set stands for all positions.
@@ -143,6 +147,11 @@ protected:
     void cancelBonusUsage();
     /// Takes off the document what the service granted, registration included.
     void cancelExternalDiscount(const QSharedPointer<AbstractDocument> &document);
+    /// Removes the sticker actions of all positions but those with the greatest total discount.
+    /// @param actions all of the answer; sorted by profit on return.
+    /// @param capacity the customer's stickers; 0 or less keeps nothing.
+    void selectMostProfitableStickersActions(
+        const QMap<QString, QVariant> &result, QList<QVariant> &actions, int capacity) const;
     void showNoConnection() const;
     void showInternalError() const;
     /// Prints one receipt per coupon: maps with "Number" and "Message".
@@ -185,6 +194,9 @@ private:
     /// A new record without code when confirmation is used, otherwise null.
     [[nodiscard]] QSharedPointer<korvel::ConfirmationInfo> makeConfirmation() const;
     void setPaidByBonus(double points) const;
+
+    void acceptStickers(QMap<QString, QVariant> &result);
+    void declineStickers(const QMap<QString, QVariant> &result);
 
     void undoRegistration(const QSharedPointer<AbstractDocument> &document,
         const QSharedPointer<DocumentCardRecord> &card) const;

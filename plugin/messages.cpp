@@ -98,6 +98,27 @@ tr::Tr forbidChangeQuantity()
         u"Изменение количества для позиции с уценкой запрещено"_s};
 }
 
+tr::Tr interchangeStickers()
+{
+    return {u"korvelInterchangeStickers"_s, u"Использовать фишки?"_s};
+}
+
+tr::Tr choiceOk()
+{
+    return {u"dialogChoiceOk"_s, u"ОК"_s};
+}
+
+tr::Tr choiceCancel()
+{
+    return {u"dialogChoiceCancel"_s, u"Отмена"_s};
+}
+
+bool askForStickers()
+{
+    return MockFactory<Dialog>::create()->showChoice(interchangeStickers(), choiceOk(),
+        choiceCancel(), EDialogKind::Attention, EDialogDuration::UntilAnswered);
+}
+
 void show(const tr::Tr &message)
 {
     MockFactory<Dialog>::create()->showMessage(

@@ -39,6 +39,14 @@ namespace messages {
 /// Markdown goods are sold one by one.
 [[nodiscard]] tr::Tr forbidChangeQuantity();
 
+/// The question whether the customer pays with stickers, and its answers.
+[[nodiscard]] tr::Tr interchangeStickers();
+[[nodiscard]] tr::Tr choiceOk();
+[[nodiscard]] tr::Tr choiceCancel();
+
+/// Asks whether the customer pays with stickers and waits for the answer.
+[[nodiscard]] bool askForStickers();
+
 /// Shows a message and waits until the cashier has seen it.
 void show(const tr::Tr &message);
 

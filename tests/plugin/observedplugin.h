@@ -36,6 +36,7 @@ public:
     using KorvelLoyaltyOnline::fillBonusImpacts;
     using KorvelLoyaltyOnline::fillBonusRecords;
     using KorvelLoyaltyOnline::generateTechnicalCardNumber;
+    using KorvelLoyaltyOnline::hasStickersActions;
     using KorvelLoyaltyOnline::inputVerificationCode;
     using KorvelLoyaltyOnline::interface;
     using KorvelLoyaltyOnline::lastMarkdownRawData;
@@ -46,6 +47,8 @@ public:
     using KorvelLoyaltyOnline::offlineMode;
     using KorvelLoyaltyOnline::printCoupons;
     using KorvelLoyaltyOnline::request;
+    using KorvelLoyaltyOnline::selectMostProfitableStickersActions;
+    using KorvelLoyaltyOnline::selectStickersActions;
     using KorvelLoyaltyOnline::sendStartEvent;
     using KorvelLoyaltyOnline::sendStopEvent;
     using KorvelLoyaltyOnline::setPropertiesForMarkdownPosition;

@@ -43,6 +43,7 @@ void PluginFixture::installDoubles()
     MockFactory<Dialog>::setCreator([this] {
         const auto dialog = QSharedPointer<RecordingDialog>::create(m_story, m_whileShown);
         dialog->formAnswer = m_formAnswer;
+        dialog->takesFirstChoice = m_takesFirstChoice;
         return dialog;
     });
     MockFactory<SaveToFileLogic>::setCreator(

@@ -40,6 +40,8 @@ protected:
     }
     void givenStored(const QString &key, const QVariant &value);
     void givenFormAnswer(const core::BasicDialog::Result &answer) { m_formAnswer = answer; }
+    /// Whether the first choice is taken when the cashier is asked.
+    void givenChoice(bool first) { m_takesFirstChoice = first; }
     /// What happens while a message is shown.
     void givenWhileShown(std::function<void()> action) { m_whileShown = std::move(action); }
 
@@ -65,6 +67,7 @@ private:
     LogCapture m_log;
     QSharedPointer<ScriptedClient> m_client;
     core::BasicDialog::Result m_formAnswer;
+    bool m_takesFirstChoice = true;
     std::function<void()> m_whileShown;
     std::unique_ptr<RecordingListener> m_listener;
     std::unique_ptr<ObservedPlugin> m_plugin;

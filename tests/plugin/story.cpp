@@ -19,6 +19,16 @@ void RecordingDialog::showMessage(const tr::Tr &message, EDialogKind kind, EDial
         m_whileShown();
 }
 
+bool RecordingDialog::showChoice(const tr::Tr &question, const tr::Tr &accept, const tr::Tr &reject,
+    EDialogKind kind, EDialogDuration duration)
+{
+    m_story.step(u"choice "_s + question.id());
+    m_story.choices.append({question, accept, reject});
+    if (kind != EDialogKind::Attention || duration != EDialogDuration::UntilAnswered)
+        m_story.step(u"choice of another kind"_s);
+    return takesFirstChoice;
+}
+
 core::BasicDialog::Result RecordingDialog::showInputTextForm(
     const InputTextFormParameters &parameters)
 {
@@ -63,7 +73,8 @@ ScriptedClient::Answer ScriptedClient::take(const QString &operation,
     const auto stored
         = current ? current->getStoredValues().value(korvel::group) : QMap<QString, QVariant>();
     requests.append(
-        {operation, document, confirmation, stored.value(korvel::plugindata::chequeData).toMap()});
+        {operation, document, confirmation, stored.value(korvel::plugindata::chequeData).toMap(),
+            stored.value(korvel::plugindata::positionsData).toMap()});
     const Answer answer = answers.isEmpty() ? Answer() : answers.takeFirst();
     if (answer.failure)
         std::rethrow_exception(answer.failure);

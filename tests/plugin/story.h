@@ -27,11 +27,18 @@ struct Story
         bool cut = false;
         const TextPrinter *printer = nullptr;
     };
+    struct Choice
+    {
+        tr::Tr question;
+        tr::Tr accept;
+        tr::Tr reject;
+    };
     /// Stored values of the document at the moment it was saved.
     using Saved = QMap<QString, QVariant>;
 
     QStringList steps;
     QList<tr::Tr> dialogs;
+    QList<Choice> choices;
     QList<Event> events;
     QList<Saved> saved;
     QStringList savedFileNames;
@@ -47,8 +54,11 @@ class RecordingDialog : public Dialog
 public:
     RecordingDialog(Story &story, std::function<void()> whileShown);
     void showMessage(const tr::Tr &message, EDialogKind kind, EDialogDuration duration) override;
+    bool showChoice(const tr::Tr &question, const tr::Tr &accept, const tr::Tr &reject,
+        EDialogKind kind, EDialogDuration duration) override;
     core::BasicDialog::Result showInputTextForm(const InputTextFormParameters &parameters) override;
 
+    bool takesFirstChoice = true;
     /// What the form is answered with.
     core::BasicDialog::Result formAnswer;
 
@@ -122,7 +132,9 @@ public:
         QString operation;
         QSharedPointer<AbstractDocument> document;
         QSharedPointer<korvel::ConfirmationInfo> confirmation;
-        QMap<QString, QVariant> chequeData; ///< stored cheque data when the request was made
+        // What was stored on the document when the request was made.
+        QMap<QString, QVariant> chequeData;
+        QMap<QString, QVariant> positionsData;
     };
 
     explicit ScriptedClient(Story &story)
