@@ -1,3 +1,4 @@
+#include "client/amounts.h"
 #include "common/names.h"
 #include "plugin/korvelloyaltyonline.h"
 #include "plugin/messages.h"
@@ -12,12 +13,6 @@ namespace {
 
 namespace key = korvel::result;
 namespace stored = korvel::plugindata;
-
-QString amountText(double points)
-{
-    constexpr int kopeckDigits = 2;
-    return QString::number(points, 'f', kopeckDigits);
-}
 
 } // namespace
 
@@ -39,7 +34,7 @@ bool KorvelLoyaltyOnline::spendPoints()
     if (money::equal(m_pointsToSpend, 0.0))
         m_pointsToSpend = m_pointsForSpend;
     logger->info(u"Создание оплаты бонусами в виде скидки на сумму %1, по карте %2"_s.arg(
-        amountText(m_pointsToSpend), card->getNumber().toString()));
+        korvelLoyaltyOnline::amountText(m_pointsToSpend), card->getNumber().toString()));
     // Not filled again: a cheque paid with points carries the payment and no discount of ours.
     m_discountImpacts.clear();
     setPaidByBonus(m_pointsToSpend);

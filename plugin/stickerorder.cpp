@@ -33,9 +33,9 @@ bool isMoreProfitable(const Offer &left, const Offer &right)
     return money::counts(left.value - right.value);
 }
 
-// Values that are equal to a third one within 0.005 need not be equal to each other. The standard
-// sorts may read beyond their range or fail their checks with such a comparison; this merge sort
-// looks at its two runs only, whatever the answers.
+// Values that are equal to a third one within the tolerance need not be equal to each other. The
+// standard sorts may read beyond their range or fail their checks with such a comparison; this
+// merge sort looks at its two runs only, whatever the answers.
 Order profitOrder(const Offers &offers)
 {
     const std::size_t count = offers.size();
