@@ -7,9 +7,11 @@
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -47,10 +49,12 @@ public:
             execv(arguments[0], arguments.data());
             _exit(127);
         }
-        thenShows("till> ");
     }
-    void whenTyped(const QByteArray &keys) const
+    /// Types at the prompt.
+    void whenTyped(const QByteArray &keys)
     {
+        thenShows("till> ");
+        waitForEditor();
         ASSERT_EQ(
             ::write(m_terminal, keys.constData(), static_cast<size_t>(keys.size())), keys.size());
     }
@@ -67,8 +71,6 @@ public:
     }
     int whenInputEnds()
     {
-        // Before the prompt is there again the key would go to the terminal and not to the editor.
-        thenShows("till> ");
         whenTyped(endOfInput);
         while (readMore()) { }
         if (!m_hungUp)
@@ -79,6 +81,15 @@ public:
     }
 
 private:
+    /// The editor takes the terminal over behind its prompt. Until then the terminal would edit
+    /// the line itself, and swallow the end of the input.
+    void waitForEditor() const
+    {
+        termios mode{};
+        do {
+            std::this_thread::yield();
+        } while (tcgetattr(m_terminal, &mode) == 0 && (mode.c_lflag & ICANON) != 0);
+    }
     bool readMore()
     {
         constexpr int patience = 20000;
