@@ -63,5 +63,6 @@ function(korvel_test)
     TEST_PREFIX ${arg_NAME}.
     DISCOVERY_TIMEOUT 60
     DISCOVERY_MODE PRE_TEST
+    NO_PRETTY_VALUES
     PROPERTIES TIMEOUT 60 LABELS ${arg_LABEL})
 endfunction()
