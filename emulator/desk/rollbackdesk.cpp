@@ -31,7 +31,6 @@ Amount undo(const DeskContext &context, const Transaction &transaction)
     const Amount moved = undoOn(context, transaction, Account::Active);
     undoOn(context, transaction, Account::Status);
     context.books.transactions.markRolledBack(transaction.id);
-    context.books.calculations.forget(transaction.cheque);
     changes.commit();
     return moved;
 }
