@@ -1,6 +1,7 @@
 #include "host/logging/logsetup.h"
 
 #include "host/logging/privatefileappender.h"
+#include "host/storage/atomicfile.h"
 #include <log4qt/logmanager.h>
 
 #include <QDir>
@@ -73,7 +74,8 @@ void setUpByProperties(const QString &propertiesFile)
 void setUpInFolder(const QString &folder)
 {
     const QString path = QDir(folder).filePath(fileName);
-    if (!QDir().mkpath(folder) || !PrivateFileAppender::prepare(path))
+    atomicfile::makePrivateFolder(folder);
+    if (!PrivateFileAppender::prepare(path))
         fail(u"%1: the log cannot be written; check that the folder can be"_s.arg(path));
     log4cplus::SharedAppenderPtr appender(new PrivateFileAppender(path));
     appender->setLayout(std::make_unique<log4cplus::PatternLayout>(linePattern));

@@ -79,6 +79,16 @@ TEST_P(FloorsTest, IncludesRunDownwardsOnly)
                 << qPrintable(source) << " includes from " << qPrintable(folder);
 }
 
+// By the folder it would always be the stand-in, also where the system has the library.
+TEST_P(FloorsTest, LoggingIsNamedAsTheLibraryNamesIt)
+{
+    for (const QString &source : sourcesOf(QString::fromLatin1(GetParam().folder))) {
+        QFile file(source);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(source);
+        EXPECT_FALSE(file.readAll().contains("host/logging/log4qt")) << qPrintable(source);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryFloor, FloorsTest, testing::ValuesIn(floors),
     [](const auto &floor) { return floor.param.folder; });
 

@@ -1,10 +1,10 @@
 // What waits in the outgoing queue is sent.
 
 #include "host/config/config.h"
-#include "host/logging/log4qt/logmanager.h"
 #include "host/queue/dbqueuebroker.h"
 #include "host/storage/storageerror.h"
 #include "till/core/till.h"
+#include <log4qt/logmanager.h>
 
 using namespace Qt::StringLiterals;
 

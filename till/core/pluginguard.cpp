@@ -1,8 +1,8 @@
 #include "till/core/pluginguard.h"
 
 #include "host/framework/basicexception.h"
-#include "host/logging/log4qt/logmanager.h"
 #include "host/storage/journal.h"
+#include <log4qt/logmanager.h>
 
 using namespace Qt::StringLiterals;
 

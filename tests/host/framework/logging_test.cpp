@@ -113,6 +113,15 @@ TEST_F(LoggingTest, NobodyElseCanReadTheFiles)
         EXPECT_EQ(QFileInfo(path).permissions(), ownerOnly) << path.toStdString();
 }
 
+TEST_F(LoggingTest, NobodyElseCanLookIntoTheFolder)
+{
+    constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner
+        | QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+    whenSetUp();
+
+    EXPECT_EQ(QFileInfo(pathOf(u"log"_s)).permissions(), ownerOnly);
+}
+
 TEST_F(LoggingTest, TakesAnOlderFileFromEverybodyElse)
 {
     whenSetUp();
@@ -183,10 +192,17 @@ TEST_F(LoggingTest, APropertiesFileThatCannotBeUsedIsNamed)
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
+TEST_F(LoggingTest, AFolderThatCannotBeMadeIsNamed)
+{
+    const QString error = errorOf(u"/proc/korvel"_s, {});
+
+    EXPECT_TRUE(error.startsWith(u"/proc/korvel: the folder cannot be made")) << qPrintable(error);
+}
+
 TEST_F(LoggingTest, AFolderThatCannotBeWrittenToIsNamed)
 {
-    EXPECT_EQ(errorOf(u"/proc/korvel"_s, {}),
-        u"/proc/korvel/korvel.log: the log cannot be written; check that the folder can be"_s);
+    EXPECT_EQ(errorOf(u"/proc"_s, {}),
+        u"/proc/korvel.log: the log cannot be written; check that the folder can be"_s);
 }
 
 } // namespace
