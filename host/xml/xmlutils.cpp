@@ -52,10 +52,8 @@ namespace {
 template <typename Scope> QString valueByTag(const Scope &scope, const QString &tag, int index)
 {
     const QDomElement element = scope.elementsByTagName(tag).at(index).toElement();
-    if (element.isNull())
-        return {};
-    const QString text = element.text();
-    return text.isNull() ? QStringLiteral("") : text;
+    // An element's text is never null, so a null one says that there is no element.
+    return element.isNull() ? QString() : element.text();
 }
 
 } // namespace
