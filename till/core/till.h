@@ -4,6 +4,7 @@
 #include "host/framework/action.h"
 #include "host/framework/basicloyaltysystem.h"
 #include "host/framework/event.h"
+#include "host/printing/receipt.h"
 #include "host/storage/documentstore.h"
 #include "till/core/exchanges.h"
 #include "till/core/outcome.h"
@@ -134,6 +135,7 @@ private:
     [[nodiscard]] bool confirmClosing(Outcome &outcome);
     void registerSale(Outcome &outcome);
     void putOut(Outcome &outcome);
+    [[nodiscard]] receipt::Booking booking() const;
     void printReceipt(Outcome &outcome) const;
     void deliverAfterClose(Outcome &outcome);
 
