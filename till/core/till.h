@@ -126,7 +126,7 @@ private:
     void setQuantity(GoodsItem &position, double quantity, Outcome &outcome);
     void carryOutScan(const control::Action &action, const QString &data, Outcome &outcome);
     void addScanned(const QString &data, Outcome &outcome);
-    void raiseLastPosition(Outcome &outcome);
+    [[nodiscard]] QSharedPointer<GoodsItem> lastAddedPosition() const;
 
     [[nodiscard]] double sumWithoutPoints() const;
     [[nodiscard]] std::optional<tr::Tr> whyNoPoints(std::optional<double> amount, Outcome &outcome);
@@ -143,7 +143,6 @@ private:
     const Catalogue &m_catalogue;
     DocumentStore &m_store;
     const Exchanges &m_exchanges;
-    int m_lastPosnum = 0; ///< the position that was added or changed last; may be gone
 };
 
 } // namespace till
