@@ -5,8 +5,6 @@
 
 #include <QRegularExpression>
 
-#include <numeric>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace receipt {
@@ -50,18 +48,13 @@ bool comesBack(const AbstractDocument &document)
     return document.getOperationKind() == EOperationKind::GoodsComeBack;
 }
 
-double pointsPaid(const GoodsItem &position)
-{
-    return money::roundedToKopecks(position.getPointsPaid());
-}
-
 QVariantMap positionData(const GoodsItem &position)
 {
     const QString multiplied = u"%1%2 %3 × %4"_s.arg(indent, quantity(position.getBquant()),
         position.getUnitName(), amount(position.getPrice()));
     QStringList lines = columns::wrapped(position.getName(), paperWidth);
     lines.append(line(multiplied, amount(position.getSumn())));
-    const double points = pointsPaid(position);
+    const double points = position.getPointsPaid();
     const double discount = position.getSumn() - position.getSumb() - points;
     addCounting(lines, indent + u"Скидка"_s, discount, true);
     addCounting(lines, indent + u"Оплачено баллами"_s, points, true);
@@ -77,18 +70,11 @@ QVariantList positions(const AbstractDocument &document)
     return items;
 }
 
-double pointsPaid(const AbstractDocument &document)
-{
-    const auto goods = document.getGoods();
-    return std::accumulate(goods.cbegin(), goods.cend(), 0.0,
-        [](double sum, const auto &position) { return sum + pointsPaid(*position); });
-}
-
 QStringList totals(const AbstractDocument &document)
 {
     const double before = document.getSumBeforeDiscounts();
     const double after = document.getSumAfterDiscounts();
-    const double points = pointsPaid(document);
+    const double points = document.getPointsPaid();
     QStringList lines;
     if (!money::equal(before, after))
         lines.append(line(u"Сумма"_s, amount(before)));
@@ -112,7 +98,7 @@ QStringList pointsOfSale(
     const AbstractDocument &sale, const DocumentCardRecord &card, Booking booking)
 {
     QStringList lines;
-    addCounting(lines, u"Списано баллов"_s, pointsPaid(sale), false);
+    addCounting(lines, u"Списано баллов"_s, sale.getPointsPaid(), false);
     if (booking == Booking::Later)
         return lines << u"Баллы будут начислены позже"_s;
     addCounting(lines, u"Начислено баллов"_s, sale.getEffects().pointsEarned, false);
@@ -125,7 +111,7 @@ QStringList pointsOfSale(
 QStringList pointsOfReturn(const AbstractDocument &document, Booking booking)
 {
     QStringList lines;
-    addCounting(lines, u"Возвращено баллов"_s, pointsPaid(document), false);
+    addCounting(lines, u"Возвращено баллов"_s, document.getPointsPaid(), false);
     return lines << (booking == Booking::Later ? u"Баллы за покупку будут пересчитаны позже"_s
                                                : u"Баллы за покупку пересчитаны"_s);
 }
