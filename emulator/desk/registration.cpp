@@ -31,7 +31,7 @@ void addPositions(const DeskContext &context, const Calculation &calculation, qi
         context.books.transactions.addPosition(transaction,
             {position.number, position.article, position.price, position.quantity, position.sum,
                 position.sumDiscounted, position.earned + chequeEarning[index],
-                position.earnedStatus, position.spent, 0});
+                position.earnedStatus, position.spent, Amount(), 0});
     }
 }
 
