@@ -11,7 +11,7 @@ namespace emulator {
 namespace {
 
 /// Counts up when the tables change.
-constexpr int layoutVersion = 2;
+constexpr int layoutVersion = 3;
 
 // Amounts are hundredths, stickers among them, quantities thousandths, "at" is UTC milliseconds.
 const QStringList &definitions()
@@ -59,7 +59,7 @@ const QStringList &definitions()
         u"CREATE TABLE calculations (organization TEXT NOT NULL, business_unit TEXT NOT NULL,"
         " pos TEXT NOT NULL, number TEXT NOT NULL, card TEXT NOT NULL, sum INTEGER NOT NULL,"
         " discount INTEGER NOT NULL, sum_discounted INTEGER NOT NULL, wish INTEGER NOT NULL,"
-        " code TEXT NOT NULL,"
+        " code TEXT NOT NULL, is_over INTEGER NOT NULL DEFAULT 0,"
         " PRIMARY KEY (card, number, pos, business_unit, organization))"_s,
     };
     return statements;

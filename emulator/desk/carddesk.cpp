@@ -79,7 +79,7 @@ Answer balance(const DeskContext &context, const BalanceRequest &request)
     const auto card = findCard(context, request.card);
     if (!card)
         return BalanceAnswer{unknownCard(), {}};
-    context.books.calculations.forgetAll(request.till, request.card);
+    context.books.calculations.endAll(request.till, request.card);
     return BalanceAnswer{{},
         CardFigures{card->number, card->status, card->type,
             context.books.ledger.balance(card->number, Account::Active), card->holder, card->email,

@@ -37,7 +37,7 @@ void remember(const DeskContext &context, const SaleRequest &request, const Cheq
 {
     context.books.calculations.remember(keyOf(request),
         {figures.sum, figures.sum - figures.sumDiscounted, figures.sumDiscounted, figures.spent,
-            figures.verificationCode});
+            figures.verificationCode, false});
 }
 
 ChequeAnswer tooManyPoints(const DeskContext &context, const Quote &quote, const Outcome &outcome)
