@@ -29,29 +29,28 @@ QString exchangeKey()
     return u"StickersExchanged"_s;
 }
 
-/// The object in that attribute; an empty one when there is none to be read. The text is a till's:
-/// a longer one than the service writes is not parsed, since nesting costs memory and recursion.
-Json objectIn(const RequestPosition &position, const QString &key)
+/// What that attribute holds; in anything but an object no member is found. The text is a till's: a
+/// longer one than the service writes is not parsed, since nesting costs memory and recursion.
+Json valueIn(const RequestPosition &position, const QString &key)
 {
     constexpr bool allowExceptions = false;
     const QString text = position.attributes.value(key);
     if (text.size() > longestValue)
-        return Json::object();
-    const Json value = Json::parse(text.toStdString(), nullptr, allowExceptions);
-    return value.is_object() ? value : Json::object();
+        return {};
+    return Json::parse(text.toStdString(), nullptr, allowExceptions);
 }
 
-bool isOfCard(const Json &object, const QString &card)
+bool isOfCard(const Json &exchange, const QString &card)
 {
-    const auto number = object.find("card");
-    return number != object.end() && number->is_string()
+    const auto number = exchange.find("card");
+    return number != exchange.end() && number->is_string()
         && number->get_ref<const std::string &>() == card.toStdString();
 }
 
-std::optional<qint64> unitsIn(const Json &object)
+std::optional<qint64> unitsIn(const Json &deal)
 {
-    const auto amount = object.find("amount");
-    if (amount == object.end() || !amount->is_number() || amount->get<double>() < 1)
+    const auto amount = deal.find("amount");
+    if (amount == deal.end() || !amount->is_number() || amount->get<double>() < 1)
         return {};
     return static_cast<qint64>(std::min(amount->get<double>(), greatestUnits));
 }
@@ -70,13 +69,13 @@ bool carriesOffer(const RequestPosition &position)
 
 std::optional<qint64> unitsOfOffer(const RequestPosition &position)
 {
-    return unitsIn(objectIn(position, offerKey()));
+    return unitsIn(valueIn(position, offerKey()));
 }
 
 std::optional<qint64> unitsOfExchange(const RequestPosition &position, const QString &card)
 {
-    const Json object = objectIn(position, exchangeKey());
-    return isOfCard(object, card) ? unitsIn(object) : std::nullopt;
+    const Json exchange = valueIn(position, exchangeKey());
+    return isOfCard(exchange, card) ? unitsIn(exchange) : std::nullopt;
 }
 
 QMap<QString, QString> stickerAttributes(

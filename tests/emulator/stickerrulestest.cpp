@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using namespace Qt::Literals::StringLiterals;
 using testing::ElementsAre;
 

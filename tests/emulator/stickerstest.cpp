@@ -168,6 +168,7 @@ TEST_F(StickersTest, AreNotAcceptedBesideAWishForPoints)
 
 TEST_F(StickersTest, LeftOverAreOfferedForOtherPositions)
 {
+    data.cards[0].openingStickers = 8;
     const ChequeFigures offered = whenAccepted(sale);
     SaleRequest request = accepting(offered);
     request.positions[0].attributes.clear();
@@ -176,7 +177,16 @@ TEST_F(StickersTest, LeftOverAreOfferedForOtherPositions)
     EXPECT_EQ(exchangeIn(next, 1), exchangeIn(agreed, 1));
     EXPECT_EQ(offerIn(next, 1), QString());
     EXPECT_EQ(offerIn(next, 0),
-        u"{\"activebalance\":6,\"promocoupons\":3,\"amount\":2,\"discount\":60.0}");
+        u"{\"activebalance\":4,\"promocoupons\":3,\"amount\":1,\"discount\":60.0}");
+}
+
+TEST_F(StickersTest, AcceptedLaterJoinWhatIsExchanged)
+{
+    carry(sale, 1, "StickersExchanged", R"({"card": "2900000000017", "amount": 1})");
+    carry(sale, 0, "StickersInterchange", R"({"amount": 1})");
+    const ChequeFigures figures = whenAccepted(sale);
+    EXPECT_EQ(figures.sumDiscounted, figures.sum - amount("150.00"));
+    thenNothingIsOffered(figures);
 }
 
 TEST_F(StickersTest, AcceptedLaterDoNotTouchWhatIsExchanged)

@@ -71,6 +71,7 @@ TEST_F(StoryTest, OfStickersGoesAsTheSamplesSay)
     EXPECT_EQ(firstValue(sold, u"SummDiscounted"_s), u"607.80");
     EXPECT_EQ(firstValue(sold, u"Key"_s), u"StickersExchanged");
     thenStickersAre("0.0");
+    EXPECT_TRUE(httpGet(service.api("transactions")).body.contains("\"stickers\": 6.0"));
     EXPECT_EQ(whenPosted(registration), sold);
     EXPECT_TRUE(httpGet(service.api("audit")).body.contains("\"ok\": true"));
     const QByteArray rollback = sample("rollback-request.xml");
