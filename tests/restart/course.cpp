@@ -1,0 +1,221 @@
+#include "tests/restart/course.h"
+
+#include "tests/restart/effect.h"
+
+#include <algorithm>
+#include <csignal>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace restart {
+
+namespace {
+
+// Of a till that refuses a command; it ends then.
+constexpr int cannotDo = 2;
+// A message that is not delivered by then never will be.
+constexpr int greatestDeliveries = 5;
+
+Json openDocumentOf(const Json &object)
+{
+    const Json &document = object.at("document");
+    return !document.is_null() && document.at("state") == "open" ? document : Json();
+}
+
+bool stopsService(const Command &command)
+{
+    return command.name() == u"fault" && command.argument(1) == u"stop";
+}
+
+} // namespace
+
+std::vector<int> exchangesIn(const std::vector<Json> &objects)
+{
+    std::vector<int> exchanges;
+    for (const Json &object : objects) {
+        const Json &trace = object.at("trace");
+        exchanges.push_back(static_cast<int>(std::count(trace.begin(), trace.end(), "post")));
+    }
+    return exchanges;
+}
+
+Course::Course(const Scenario &scenario)
+    : m_scenario(scenario)
+    , m_premises(scenario)
+    , m_service(m_premises)
+    , m_relay(m_premises.servicePort())
+{
+    m_outcome.objects.resize(scenario.commands.size());
+}
+
+Outcome Course::run()
+{
+    open();
+    for (std::size_t place = 0; place < m_scenario.commands.size(); ++place)
+        feed(place);
+    return finish();
+}
+
+Outcome Course::run(const Kill &kill, const std::vector<Json> &undisturbed)
+{
+    open();
+    for (std::size_t place = 0; place < m_scenario.commands.size(); ++place)
+        if (place == kill.command)
+            killAt(kill, undisturbed);
+        else
+            feed(place);
+    return finish();
+}
+
+void Course::open()
+{
+    m_premises.setLoyaltyPort(m_relay.port());
+    startTill();
+}
+
+void Course::feed(std::size_t place)
+{
+    if (const auto object = tell(m_scenario.commands.at(place).text))
+        note(place, *object);
+}
+
+void Course::killAt(const Kill &kill, const std::vector<Json> &undisturbed)
+{
+    const Command &command = m_scenario.commands.at(kill.command);
+    if (kill.moment) {
+        killDuring(kill, command);
+        goOn(kill.command, undisturbed.at(kill.command));
+        return;
+    }
+    feed(kill.command);
+    m_till->kill();
+    noteKill();
+}
+
+void Course::killDuring(const Kill &kill, const Command &command)
+{
+    const auto process = static_cast<pid_t>(m_till->processId());
+    m_relay.strikeAt(kill.exchange, *kill.moment, [process] { ::kill(process, SIGKILL); });
+    // Where the till was given the answer it may tell of the command before it dies.
+    if (const auto object = m_till->tell(command.text))
+        note(kill.command, *object);
+    if (!m_till->awaitEnd())
+        throw std::runtime_error("the exchange at which to kill the till never came");
+    noteKill();
+}
+
+// The cashier looks at the till and gives the command again where it is still due.
+void Course::goOn(std::size_t place, const Json &undisturbed)
+{
+    if (!m_outcome.objects.at(place).is_null())
+        return;
+    const Command &command = m_scenario.commands.at(place);
+    const Json now = openDocument();
+    if (!hasWorked(command, m_document, now)) {
+        feed(place);
+        return;
+    }
+    // What the till was answered meanwhile, nobody has seen.
+    m_answers.note(command, undisturbed);
+    m_document = now;
+}
+
+void Course::note(std::size_t place, const Json &object)
+{
+    const Command &command = m_scenario.commands.at(place);
+    m_outcome.objects.at(place) = object;
+    m_answers.note(command, object);
+    m_document = openDocumentOf(object);
+    if (command.name() == u"clock")
+        m_clock = command.text;
+    if (stopsService(command))
+        m_service.awaitStop();
+}
+
+void Course::startTill()
+{
+    m_till = std::make_unique<TillProcess>(m_premises);
+}
+
+// The clock and the answers in line were the killed till's alone.
+void Course::startTillAgain()
+{
+    startTill();
+    QStringList commands = m_answers.commands();
+    if (!m_clock.isEmpty())
+        commands.prepend(m_clock);
+    for (const QString &command : std::as_const(commands))
+        if (!m_till->tell(command))
+            throw std::runtime_error(m_till->complaint().toStdString());
+}
+
+void Course::noteKill()
+{
+    noteEnd(true);
+    if (m_ends.back().signal != SIGKILL)
+        throw std::runtime_error("the till ended before it was killed");
+    startTillAgain();
+}
+
+void Course::noteEnd(bool byUs)
+{
+    m_ends.push_back(m_till->end(byUs));
+}
+
+std::optional<Json> Course::tell(const QString &command)
+{
+    if (const auto object = m_till->tell(command))
+        return object;
+    m_till->awaitEnd();
+    noteEnd(false);
+    const QString complaint = m_till->complaint();
+    const TillEnd end = m_ends.back();
+    if (end.signal != 0 || end.status != cannotDo)
+        throw std::runtime_error(
+            u"at \"%1\" the till ended by signal %2, status %3: %4"_s.arg(command)
+                .arg(end.signal)
+                .arg(end.status)
+                .arg(complaint)
+                .toStdString());
+    m_outcome.skipped.append(complaint);
+    startTillAgain();
+    return std::nullopt;
+}
+
+Json Course::openDocument()
+{
+    const auto object = tell(u"show"_s);
+    return object ? openDocumentOf(*object) : Json();
+}
+
+void Course::closeOpenDocument()
+{
+    for (const QString &command : {u"close"_s, u"total"_s, u"close"_s, u"cancel"_s})
+        if (!openDocument().is_null())
+            tell(command);
+}
+
+void Course::deliverAll()
+{
+    for (int pass = 0; pass < greatestDeliveries; ++pass)
+        if (!undeliveredMessages(m_premises.state()).isEmpty())
+            tell(u"deliver"_s);
+}
+
+Outcome Course::finish()
+{
+    closeOpenDocument();
+    m_service.startAgain();
+    m_service.orderFault("clear");
+    // What could not be ended while the service was away.
+    closeOpenDocument();
+    deliverAll();
+    m_till->finish();
+    noteEnd(false);
+    m_outcome.books = readBooks(m_premises.state(), m_service);
+    m_outcome.books.ends = m_ends;
+    return std::move(m_outcome);
+}
+
+} // namespace restart
