@@ -7,6 +7,7 @@
 #include <QSqlQuery>
 #include <QUuid>
 
+#include <algorithm>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -40,19 +41,14 @@ bool isTorn(const QFileInfo &file)
         || (file.suffix() == u"jsonl" && !areJsonLines(text));
 }
 
-void readFolder(const QString &stateFolder, Books &books)
+void readFile(const QFileInfo &file, Books &books)
 {
-    QDirIterator files(stateFolder, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QFileInfo file(files.next());
-        if (file.suffix() == u"new")
-            books.temporaryFiles.append(file.filePath());
-        else if (isTorn(file))
-            books.tornFiles.append(file.filePath());
-        else if (file.suffix() == u"json" && file.dir().dirName() == u"closed")
-            books.closed.push_back(Json::parse(contentsOf(file.filePath()).toStdString()));
-    }
-    books.hasOpenDocument = QFile::exists(stateFolder + u"/document.json");
+    if (file.suffix() == u"new")
+        books.temporaryFiles.append(file.filePath());
+    else if (isTorn(file))
+        books.tornFiles.append(file.filePath());
+    else if (file.suffix() == u"json" && file.dir().dirName() == u"closed")
+        books.closed.push_back(Json::parse(contentsOf(file.filePath()).toStdString()));
 }
 
 QStringList undeliveredIn(QSqlDatabase database)
@@ -96,15 +92,20 @@ QStringList undeliveredMessages(const QString &stateFolder)
     return messages;
 }
 
-Books readBooks(const QString &stateFolder, const Service &service)
+void readStateFolder(const QString &folder, Books &books)
 {
-    Books books;
-    readFolder(stateFolder, books);
-    books.undelivered = undeliveredMessages(stateFolder);
+    QDirIterator files(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        readFile(QFileInfo(files.next()), books);
+    books.hasOpenDocument = QFile::exists(folder + u"/document.json");
+    books.undelivered = undeliveredMessages(folder);
+}
+
+void readService(const Service &service, Books &books)
+{
     books.transactions = service.get(u"transactions"_s);
     books.cards = cardsWithLedgers(service);
     books.audit = service.get(u"audit"_s);
-    return books;
 }
 
 } // namespace restart

@@ -24,9 +24,12 @@ struct Books
     Json audit; ///< what the service says to its books
 };
 
-/// Reads what is on disk and asks the service. No till is running; `ends` is left empty.
-/// @throws std::runtime_error when the queue cannot be read or the service does not answer.
-Books readBooks(const QString &stateFolder, const Service &service);
+/// Adds what is on disk. No till is running.
+/// @throws std::runtime_error when the queue cannot be read.
+void readStateFolder(const QString &folder, Books &books);
+/// Adds what the service says.
+/// @throws std::runtime_error when it does not answer.
+void readService(const Service &service, Books &books);
 
 /// Messages of the outgoing queue that are not delivered, each with its state.
 /// @throws std::runtime_error when the queue cannot be read.

@@ -97,11 +97,14 @@ void Course::killDuring(const Kill &kill, const Command &command)
 {
     const auto process = static_cast<pid_t>(m_till->processId());
     m_relay.strikeAt(kill.exchange, *kill.moment, [process] { ::kill(process, SIGKILL); });
-    // Where the till was given the answer it may tell of the command before it dies.
-    if (const auto object = m_till->tell(command.text))
+    if (const auto object = m_till->tell(command.text)) {
+        // Only a till that was given the answer can have come to the end of the command.
+        if (kill.moment != Moment::Answered)
+            throw std::runtime_error("the exchange at which to kill the till never came");
         note(kill.command, *object);
+    }
     if (!m_till->awaitEnd())
-        throw std::runtime_error("the exchange at which to kill the till never came");
+        throw std::runtime_error("the till was not killed");
     noteKill();
 }
 
@@ -153,14 +156,14 @@ void Course::startTillAgain()
 void Course::noteKill()
 {
     noteEnd(true);
-    if (m_ends.back().signal != SIGKILL)
+    if (m_outcome.books.ends.back().signal != SIGKILL)
         throw std::runtime_error("the till ended before it was killed");
     startTillAgain();
 }
 
 void Course::noteEnd(bool byUs)
 {
-    m_ends.push_back(m_till->end(byUs));
+    m_outcome.books.ends.push_back(m_till->end(byUs));
 }
 
 std::optional<Json> Course::tell(const QString &command)
@@ -170,7 +173,7 @@ std::optional<Json> Course::tell(const QString &command)
     m_till->awaitEnd();
     noteEnd(false);
     const QString complaint = m_till->complaint();
-    const TillEnd end = m_ends.back();
+    const TillEnd end = m_outcome.books.ends.back();
     if (end.signal != 0 || end.status != cannotDo)
         throw std::runtime_error(
             u"at \"%1\" the till ended by signal %2, status %3: %4"_s.arg(command)
@@ -213,8 +216,8 @@ Outcome Course::finish()
     deliverAll();
     m_till->finish();
     noteEnd(false);
-    m_outcome.books = readBooks(m_premises.state(), m_service);
-    m_outcome.books.ends = m_ends;
+    readStateFolder(m_premises.state(), m_outcome.books);
+    readService(m_service, m_outcome.books);
     return std::move(m_outcome);
 }
 

@@ -75,7 +75,6 @@ private:
     Relay m_relay;
     std::unique_ptr<TillProcess> m_till;
     Outcome m_outcome;
-    std::vector<TillEnd> m_ends;
     AnswersInLine m_answers;
     QString m_clock; ///< the last `clock` command; empty when there was none
     Json m_document; ///< open after the last command; null when there is none
