@@ -23,22 +23,18 @@ Json openDocumentOf(const Json &object)
     return !document.is_null() && document.at("state") == "open" ? document : Json();
 }
 
+int exchangesIn(const Json &object)
+{
+    const Json &trace = object.at("trace");
+    return static_cast<int>(std::count(trace.begin(), trace.end(), "post"));
+}
+
 bool stopsService(const Command &command)
 {
     return command.name() == u"fault" && command.argument(1) == u"stop";
 }
 
 } // namespace
-
-std::vector<int> exchangesIn(const std::vector<Json> &objects)
-{
-    std::vector<int> exchanges;
-    for (const Json &object : objects) {
-        const Json &trace = object.at("trace");
-        exchanges.push_back(static_cast<int>(std::count(trace.begin(), trace.end(), "post")));
-    }
-    return exchanges;
-}
 
 Course::Course(const Scenario &scenario)
     : m_scenario(scenario)
@@ -47,6 +43,7 @@ Course::Course(const Scenario &scenario)
     , m_relay(m_premises.servicePort())
 {
     m_outcome.objects.resize(scenario.commands.size());
+    m_outcome.activities.resize(scenario.commands.size());
 }
 
 Outcome Course::run()
@@ -72,40 +69,70 @@ void Course::open()
 {
     m_premises.setLoyaltyPort(m_relay.port());
     startTill();
+    // Makes the folders that are watched.
+    tell(u"show"_s);
+    const QString state = m_premises.state();
+    m_watch = std::make_unique<WriteWatch>(
+        QStringList{state, state + u"/closed"_s, state + u"/queue"_s});
 }
 
 void Course::feed(std::size_t place)
 {
+    m_watch->takeCount();
     if (const auto object = tell(m_scenario.commands.at(place).text))
         note(place, *object);
 }
 
 void Course::killAt(const Kill &kill, const std::vector<Json> &undisturbed)
 {
-    const Command &command = m_scenario.commands.at(kill.command);
-    if (kill.moment) {
-        killDuring(kill, command);
-        goOn(kill.command, undisturbed.at(kill.command));
-        return;
+    switch (kill.manner) {
+    case Manner::After:
+        feed(kill.command);
+        m_till->kill();
+        break;
+    case Manner::Asked:
+        killAtExchange(kill, Moment::Asked);
+        break;
+    case Manner::Acted:
+        killAtExchange(kill, Moment::Acted);
+        break;
+    case Manner::Answered:
+        killAtExchange(kill, Moment::Answered);
+        break;
+    case Manner::Written:
+        killAtWrite(kill);
+        break;
     }
-    feed(kill.command);
-    m_till->kill();
     noteKill();
+    goOn(kill.command, undisturbed.at(kill.command));
 }
 
-void Course::killDuring(const Kill &kill, const Command &command)
+std::function<void()> Course::killer() const
 {
-    const auto process = static_cast<pid_t>(m_till->processId());
-    m_relay.strikeAt(kill.exchange, *kill.moment, [process] { ::kill(process, SIGKILL); });
-    if (const auto object = m_till->tell(command.text)) {
+    return [till = m_till.get()] { till->strikeDead(); };
+}
+
+void Course::killAtExchange(const Kill &kill, Moment moment)
+{
+    m_relay.strikeAt(kill.occasion, moment, killer());
+    if (const auto object = m_till->tell(m_scenario.commands.at(kill.command).text)) {
         // Only a till that was given the answer can have come to the end of the command.
-        if (kill.moment != Moment::Answered)
+        if (moment != Moment::Answered)
             throw std::runtime_error("the exchange at which to kill the till never came");
         note(kill.command, *object);
     }
     if (!m_till->awaitEnd())
         throw std::runtime_error("the till was not killed");
-    noteKill();
+}
+
+// How many writes there are is not the same every time; at the latest it is killed after them.
+void Course::killAtWrite(const Kill &kill)
+{
+    m_watch->strikeAt(kill.occasion, killer());
+    if (const auto object = m_till->tell(m_scenario.commands.at(kill.command).text))
+        note(kill.command, *object);
+    m_watch->strikeAt(0, {});
+    m_till->kill();
 }
 
 // The cashier looks at the till and gives the command again where it is still due.
@@ -128,6 +155,7 @@ void Course::note(std::size_t place, const Json &object)
 {
     const Command &command = m_scenario.commands.at(place);
     m_outcome.objects.at(place) = object;
+    m_outcome.activities.at(place) = {exchangesIn(object), m_watch->takeCount()};
     m_answers.note(command, object);
     m_document = openDocumentOf(object);
     if (command.name() == u"clock")

@@ -7,9 +7,11 @@
 #include "tests/restart/relay.h"
 #include "tests/restart/service.h"
 #include "tests/restart/tillprocess.h"
+#include "tests/restart/writewatch.h"
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -22,12 +24,11 @@ struct Outcome
     Books books;
     /// The transcript objects of the scenario's commands, null where a command was not carried out.
     std::vector<Json> objects;
+    /// What those commands did.
+    std::vector<Activity> activities;
     /// Commands that made no sense any more, with what the till said.
     QStringList skipped;
 };
-
-/// How many exchanges each command of a scenario made, as its objects tell.
-std::vector<int> exchangesIn(const std::vector<Json> &objects);
 
 /// One scenario from its first command to the end of the day, on premises of its own: a till is
 /// killed where that is wanted and started again, what is due is given again, and in the end the
@@ -53,7 +54,9 @@ private:
     void open();
     void feed(std::size_t place);
     void killAt(const Kill &kill, const std::vector<Json> &undisturbed);
-    void killDuring(const Kill &kill, const Command &command);
+    void killAtExchange(const Kill &kill, Moment moment);
+    void killAtWrite(const Kill &kill);
+    [[nodiscard]] std::function<void()> killer() const;
     void goOn(std::size_t place, const Json &undisturbed);
     void note(std::size_t place, const Json &object);
 
@@ -74,6 +77,7 @@ private:
     Service m_service;
     Relay m_relay;
     std::unique_ptr<TillProcess> m_till;
+    std::unique_ptr<WriteWatch> m_watch;
     Outcome m_outcome;
     AnswersInLine m_answers;
     QString m_clock; ///< the last `clock` command; empty when there was none

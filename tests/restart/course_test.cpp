@@ -61,7 +61,7 @@ private:
 TEST_F(CourseTest, TheClockIsFrozenAgain)
 {
     givenScript(u"clock 2026-03-01T12:30:00\nadd 1001\nclose\n"_s);
-    whenKilled({1, std::nullopt, 0});
+    whenKilled({1, Manner::After, 0});
     EXPECT_EQ(closed().at("closed"), "2026-03-01T12:30:00.000");
 }
 
@@ -70,7 +70,7 @@ TEST_F(CourseTest, AnswersThatWereNotUsedAreGivenAgain)
     givenFile(
         u"own.ini"_s, "[KorvelLoyaltyOnline]\nuseConfirmation=true\nnoConfirmationBonusLimit=10\n");
     givenScript(u"answer text 4829\ncard 2900000000017\nadd 1004 2\ntotal\npoints 50\nclose\n"_s);
-    whenKilled({3, std::nullopt, 0});
+    whenKilled({3, Manner::After, 0});
     EXPECT_EQ(outcome().objects[4].at("dialogs").at(0).at("answer"), "4829");
     EXPECT_FALSE(closed().at("effects").at("bonusImpacts").empty());
 }
@@ -120,7 +120,7 @@ TEST_F(CourseTest, ADocumentThatCannotBeClosedIsCancelled)
 TEST_F(CourseTest, WhatTheServiceNeverHeardOfIsGivenAgain)
 {
     givenScript(u"card 2900000000017\nadd 1001\ntotal\nclose\n"_s);
-    whenKilled({3, Moment::Asked, 1});
+    whenKilled({3, Manner::Asked, 1});
     EXPECT_EQ(outcome().objects[3].at("document").at("state"), "closed");
     EXPECT_EQ(outcome().books.ends.front().signal, SIGKILL);
 }
@@ -128,7 +128,7 @@ TEST_F(CourseTest, WhatTheServiceNeverHeardOfIsGivenAgain)
 TEST_F(CourseTest, WhatTheServiceHasBookedAlreadyIsBookedOnce)
 {
     givenScript(u"card 2900000000017\nadd 1001\ntotal\nclose\n"_s);
-    whenKilled({3, Moment::Acted, 1});
+    whenKilled({3, Manner::Acted, 1});
     EXPECT_EQ(outcome().books.transactions.size(), 1U);
 }
 
@@ -137,7 +137,7 @@ TEST_F(CourseTest, WhatHasWorkedIsNotGivenAgain)
 {
     givenScript(u"fault balance reset\ncard 2900000000017\nadd 1001\nclose\n"
                 "card 2900000000017\nadd 1002\ntotal\nclose\n"_s);
-    whenKilled({7, Moment::Asked, 2});
+    whenKilled({7, Manner::Asked, 2});
     EXPECT_TRUE(outcome().objects[7].is_null());
     EXPECT_TRUE(outcome().skipped.isEmpty());
     EXPECT_EQ(outcome().books.closed.size(), 2U);
@@ -146,7 +146,7 @@ TEST_F(CourseTest, WhatHasWorkedIsNotGivenAgain)
 TEST_F(CourseTest, AnExchangeThatNeverComesIsTold)
 {
     givenScript(u"add 1001\nclose\n"_s);
-    EXPECT_THROW(whenKilled({0, Moment::Acted, 1}), std::runtime_error);
+    EXPECT_THROW(whenKilled({0, Manner::Acted, 1}), std::runtime_error);
 }
 
 TEST_F(CourseTest, ATillThatIsEndedByAnotherSignalIsSeen)

@@ -10,22 +10,34 @@ namespace restart {
 
 namespace {
 
-constexpr Moment moments[] = {Moment::Asked, Moment::Acted, Moment::Answered};
 constexpr std::mt19937::result_type seed = 20'241'121;
 
-QString kindName(const std::optional<Moment> &moment)
+QString nameOf(Manner manner)
 {
-    if (!moment)
+    switch (manner) {
+    case Manner::After:
         return u"after"_s;
-    switch (*moment) {
-    case Moment::Asked:
+    case Manner::Asked:
         return u"asked"_s;
-    case Moment::Acted:
+    case Manner::Acted:
         return u"acted"_s;
-    case Moment::Answered:
+    case Manner::Answered:
         return u"answered"_s;
+    case Manner::Written:
+        return u"written"_s;
     }
     Q_UNREACHABLE();
+}
+
+std::vector<Kill> killsAt(std::size_t command, const Activity &activity)
+{
+    std::vector<Kill> kills{{command, Manner::After, 0}};
+    for (int exchange = 1; exchange <= activity.exchanges; ++exchange)
+        for (const Manner manner : {Manner::Asked, Manner::Acted, Manner::Answered})
+            kills.push_back({command, manner, exchange});
+    for (int write = 1; write <= activity.writes; ++write)
+        kills.push_back({command, Manner::Written, write});
+    return kills;
 }
 
 } // namespace
@@ -34,19 +46,16 @@ QString KillCase::name() const
 {
     const QString place = u"%1:%2:%3"_s.arg(scenario->name)
                               .arg(scenario->commands.at(kill.command).line)
-                              .arg(kindName(kill.moment));
-    return kill.moment ? u"%1:%2"_s.arg(place).arg(kill.exchange) : place;
+                              .arg(nameOf(kill.manner));
+    return kill.occasion > 0 ? u"%1:%2"_s.arg(place).arg(kill.occasion) : place;
 }
 
-std::vector<KillCase> killsOf(const Scenario &scenario, const std::vector<int> &exchanges)
+std::vector<KillCase> killsOf(const Scenario &scenario, const std::vector<Activity> &activities)
 {
     std::vector<KillCase> cases;
-    for (std::size_t command = 0; command < scenario.commands.size(); ++command) {
-        cases.push_back({&scenario, {command, std::nullopt, 0}});
-        for (int exchange = 1; exchange <= exchanges.at(command); ++exchange)
-            for (const Moment moment : moments)
-                cases.push_back({&scenario, {command, moment, exchange}});
-    }
+    for (std::size_t command = 0; command < scenario.commands.size(); ++command)
+        for (const Kill &kill : killsAt(command, activities.at(command)))
+            cases.push_back({&scenario, kill});
     return cases;
 }
 
@@ -54,7 +63,7 @@ std::vector<KillCase> sampleOf(const std::vector<KillCase> &cases)
 {
     std::map<std::pair<QString, QString>, std::vector<KillCase>> groups;
     for (const KillCase &one : cases)
-        groups[{one.scenario->name, kindName(one.kill.moment)}].push_back(one);
+        groups[{one.scenario->name, nameOf(one.kill.manner)}].push_back(one);
     std::mt19937 random(seed);
     std::vector<KillCase> sample;
     for (const auto &[key, group] : groups)

@@ -34,30 +34,31 @@ TEST(KillTest, AScenarioIsReadWithoutItsExpectationsAndRemarks)
     EXPECT_EQ(read.commands[1].line, 5);
 }
 
-TEST(KillTest, EveryCommandIsKilledAfterItAndAtEachMomentOfEachExchange)
+TEST(KillTest, EveryCommandIsKilledAfterItAndAtEachExchangeAndWrite)
 {
-    EXPECT_EQ(namesOf(killsOf(scenario, {0, 2})),
-        QStringList({u"two:2:after"_s, u"two:4:after"_s, u"two:4:asked:1"_s, u"two:4:acted:1"_s,
-            u"two:4:answered:1"_s, u"two:4:asked:2"_s, u"two:4:acted:2"_s, u"two:4:answered:2"_s}));
+    EXPECT_EQ(namesOf(killsOf(scenario, {{0, 1}, {2, 0}})),
+        QStringList({u"two:2:after"_s, u"two:2:written:1"_s, u"two:4:after"_s, u"two:4:asked:1"_s,
+            u"two:4:acted:1"_s, u"two:4:answered:1"_s, u"two:4:asked:2"_s, u"two:4:acted:2"_s,
+            u"two:4:answered:2"_s}));
 }
 
-TEST(KillTest, TheSampleHoldsEachKindOfEachScenarioOnce)
+TEST(KillTest, TheSampleHoldsEachMannerOfEachScenarioOnce)
 {
     const Scenario other = readScenario(u"other"_s, u"add 1001\nadd 1002"_s);
-    auto cases = killsOf(scenario, {0, 2});
-    const auto more = killsOf(other, {0, 0});
+    auto cases = killsOf(scenario, {{0, 2}, {2, 2}});
+    const auto more = killsOf(other, {{0, 0}, {0, 0}});
     cases.insert(cases.end(), more.begin(), more.end());
 
     const QStringList names = namesOf(sampleOf(cases));
-    EXPECT_EQ(names.size(), 5);
-    for (const QString &kind : {u"two:\\d:after"_s, u"two:4:asked"_s, u"two:4:acted"_s,
-             u"two:4:answered"_s, u"other:\\d:after"_s})
-        EXPECT_EQ(names.filter(QRegularExpression(kind)).size(), 1) << kind.toStdString();
+    EXPECT_EQ(names.size(), 6);
+    for (const QString &manner : {u"two:\\d:after"_s, u"two:4:asked"_s, u"two:4:acted"_s,
+             u"two:4:answered"_s, u"two:\\d:written"_s, u"other:\\d:after"_s})
+        EXPECT_EQ(names.filter(QRegularExpression(manner)).size(), 1) << manner.toStdString();
 }
 
 TEST(KillTest, TheSampleIsTheSameEveryTime)
 {
-    const auto cases = killsOf(scenario, {3, 3});
+    const auto cases = killsOf(scenario, {{3, 5}, {3, 5}});
     EXPECT_EQ(namesOf(sampleOf(cases)), namesOf(sampleOf(cases)));
 }
 

@@ -17,7 +17,7 @@ namespace restart {
 
 namespace {
 
-constexpr std::size_t casesPerProgressLine = 25;
+constexpr std::size_t casesPerProgressLine = 100;
 
 /// What came of all cases. May be told from any thread.
 class Findings
@@ -77,7 +77,7 @@ public:
     {
         std::vector<KillCase> cases;
         for (std::size_t one = 0; one < m_scenarios.size(); ++one) {
-            const auto kills = killsOf(m_scenarios[one], exchangesIn(m_undisturbed[one]));
+            const auto kills = killsOf(m_scenarios[one], m_undisturbed[one].activities);
             cases.insert(cases.end(), kills.begin(), kills.end());
         }
         return cases;
@@ -96,7 +96,7 @@ private:
         const Scenario &scenario = m_scenarios[one];
         perform(scenario, scenario.name, [&](Course &course) {
             Outcome outcome = course.run();
-            m_undisturbed[one] = outcome.objects;
+            m_undisturbed[one] = outcome;
             return outcome;
         });
     }
@@ -105,7 +105,7 @@ private:
     {
         const auto scenario = static_cast<std::size_t>(one.scenario - m_scenarios.data());
         perform(*one.scenario, one.name(),
-            [&](Course &course) { return course.run(one.kill, m_undisturbed[scenario]); });
+            [&](Course &course) { return course.run(one.kill, m_undisturbed[scenario].objects); });
     }
 
     void perform(
@@ -124,7 +124,7 @@ private:
     }
 
     std::vector<Scenario> m_scenarios;
-    std::vector<std::vector<Json>> m_undisturbed;
+    std::vector<Outcome> m_undisturbed;
     Findings m_findings;
 };
 

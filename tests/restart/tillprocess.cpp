@@ -1,6 +1,15 @@
 #include "tests/restart/tillprocess.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <stdexcept>
+
+// This header of the C library does not know of C++ before version 2.37.
+extern "C" {
+#include <sys/pidfd.h>
+}
 
 using namespace Qt::StringLiterals;
 
@@ -20,11 +29,20 @@ TillProcess::TillProcess(const Premises &premises)
             u"-"_s});
     if (!m_process.waitForStarted(greatestWait))
         throw std::runtime_error("the till did not start");
+    m_handle = ::pidfd_open(static_cast<pid_t>(m_process.processId()), 0);
+    if (m_handle < 0)
+        throw std::runtime_error("the till ended at once");
 }
 
 TillProcess::~TillProcess()
 {
     kill();
+    ::close(m_handle);
+}
+
+void TillProcess::strikeDead() const
+{
+    ::pidfd_send_signal(m_handle, SIGKILL, nullptr, 0);
 }
 
 std::optional<Json> TillProcess::tell(const QString &command)

@@ -30,6 +30,8 @@ public:
     ~TillProcess();
 
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }
+    /// Sends it SIGKILL without waiting; nothing when it has ended. From any thread.
+    void strikeDead() const;
     /// Gives it a command and waits for the command's object.
     /// @return nothing when the till has ended instead.
     /// @throws std::runtime_error when it does neither within a long time.
@@ -47,6 +49,7 @@ public:
 
 private:
     QProcess m_process;
+    int m_handle = -1; ///< of the process; unlike its number never another one's
 };
 
 } // namespace restart
