@@ -104,7 +104,7 @@ void Course::killAt(const Kill &kill, const std::vector<Json> &undisturbed)
         break;
     }
     noteKill();
-    goOn(kill.command, undisturbed.at(kill.command));
+    goOn(kill, undisturbed.at(kill.command));
 }
 
 std::function<void()> Course::killer() const
@@ -136,19 +136,21 @@ void Course::killAtWrite(const Kill &kill)
 }
 
 // The cashier looks at the till and gives the command again where it is still due.
-void Course::goOn(std::size_t place, const Json &undisturbed)
+void Course::goOn(const Kill &kill, const Json &undisturbed)
 {
-    if (!m_outcome.objects.at(place).is_null())
+    if (!m_outcome.objects.at(kill.command).is_null())
         return;
-    const Command &command = m_scenario.commands.at(place);
+    const Command &command = m_scenario.commands.at(kill.command);
     const Json now = openDocument();
-    if (!hasWorked(command, m_document, now)) {
-        feed(place);
+    const bool worked = hasWorked(command, m_document, now);
+    if (!worked && kill.isGivenAgain) {
+        feed(kill.command);
         return;
     }
-    // What the till was answered meanwhile, nobody has seen.
-    m_answers.note(command, undisturbed);
     m_document = now;
+    // What the till was answered meanwhile, nobody has seen.
+    if (worked)
+        m_answers.note(command, undisturbed);
 }
 
 void Course::note(std::size_t place, const Json &object)

@@ -57,7 +57,7 @@ private:
     void killAtExchange(const Kill &kill, Moment moment);
     void killAtWrite(const Kill &kill);
     [[nodiscard]] std::function<void()> killer() const;
-    void goOn(std::size_t place, const Json &undisturbed);
+    void goOn(const Kill &kill, const Json &undisturbed);
     void note(std::size_t place, const Json &object);
 
     void startTill();

@@ -143,6 +143,14 @@ TEST_F(CourseTest, WhatHasWorkedIsNotGivenAgain)
     EXPECT_EQ(outcome().books.closed.size(), 2U);
 }
 
+TEST_F(CourseTest, WhatIsGivenUpIsNotGivenAgain)
+{
+    givenScript(u"card 2900000000017\nadd 1004\ntotal\npoints 50\nclose\n"_s);
+    whenKilled({3, Manner::Acted, 1, false});
+    EXPECT_TRUE(outcome().objects[3].is_null());
+    EXPECT_TRUE(closed().at("effects").at("bonusImpacts").empty());
+}
+
 TEST_F(CourseTest, AnExchangeThatNeverComesIsTold)
 {
     givenScript(u"add 1001\nclose\n"_s);

@@ -29,15 +29,21 @@ QString nameOf(Manner manner)
     Q_UNREACHABLE();
 }
 
-std::vector<Kill> killsAt(std::size_t command, const Activity &activity)
+std::vector<Kill> killsIn(std::size_t command, const Activity &activity, bool isGivenAgain)
 {
-    std::vector<Kill> kills{{command, Manner::After, 0}};
+    std::vector<Kill> kills;
     for (int exchange = 1; exchange <= activity.exchanges; ++exchange)
         for (const Manner manner : {Manner::Asked, Manner::Acted, Manner::Answered})
-            kills.push_back({command, manner, exchange});
+            kills.push_back({command, manner, exchange, isGivenAgain});
     for (int write = 1; write <= activity.writes; ++write)
-        kills.push_back({command, Manner::Written, write});
+        kills.push_back({command, Manner::Written, write, isGivenAgain});
     return kills;
+}
+
+// A customer who hears of a new start may keep the points; the sale goes on all the same.
+bool canBeGivenUp(const Command &command)
+{
+    return command.name() == u"points";
 }
 
 } // namespace
@@ -47,15 +53,24 @@ QString KillCase::name() const
     const QString place = u"%1:%2:%3"_s.arg(scenario->name)
                               .arg(scenario->commands.at(kill.command).line)
                               .arg(nameOf(kill.manner));
-    return kill.occasion > 0 ? u"%1:%2"_s.arg(place).arg(kill.occasion) : place;
+    if (kill.occasion == 0)
+        return place;
+    return u"%1:%2"_s.arg(place).arg(kill.occasion) + (kill.isGivenAgain ? u""_s : u":given-up"_s);
 }
 
 std::vector<KillCase> killsOf(const Scenario &scenario, const std::vector<Activity> &activities)
 {
     std::vector<KillCase> cases;
-    for (std::size_t command = 0; command < scenario.commands.size(); ++command)
-        for (const Kill &kill : killsAt(command, activities.at(command)))
+    const auto add = [&](const std::vector<Kill> &kills) {
+        for (const Kill &kill : kills)
             cases.push_back({&scenario, kill});
+    };
+    for (std::size_t command = 0; command < scenario.commands.size(); ++command) {
+        cases.push_back({&scenario, {command}});
+        add(killsIn(command, activities.at(command), true));
+        if (canBeGivenUp(scenario.commands[command]))
+            add(killsIn(command, activities.at(command), false));
+    }
     return cases;
 }
 

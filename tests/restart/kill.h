@@ -25,6 +25,8 @@ struct Kill
     Manner manner = Manner::After;
     /// Which of the command's exchanges or writes, from 1; 0 after the command.
     int occasion = 0;
+    /// Whether the cashier gives the command again where it is still due.
+    bool isGivenAgain = true;
 };
 
 /// What a command did in a scenario that nobody disturbed.
@@ -41,6 +43,7 @@ struct KillCase
     Kill kill;
 
     /// "points:21:acted:1": scenario, line, manner and, where there is one, occasion.
+    /// "given-up" behind it: the command is not given again.
     [[nodiscard]] QString name() const;
 };
 

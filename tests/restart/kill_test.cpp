@@ -42,6 +42,15 @@ TEST(KillTest, EveryCommandIsKilledAfterItAndAtEachExchangeAndWrite)
             u"two:4:answered:2"_s}));
 }
 
+TEST(KillTest, PointsThatAreNotPaidAgainAreKillsOfTheirOwn)
+{
+    const Scenario points = readScenario(u"paid"_s, u"points 5"_s);
+    const QStringList names = namesOf(killsOf(points, {{1, 1}}));
+    EXPECT_EQ(names.size(), 9);
+    EXPECT_EQ(names.last(), u"paid:1:written:1:given-up"_s);
+    EXPECT_EQ(names.filter(u"given-up"_s).size(), 4);
+}
+
 TEST(KillTest, TheSampleHoldsEachMannerOfEachScenarioOnce)
 {
     const Scenario other = readScenario(u"other"_s, u"add 1001\nadd 1002"_s);
