@@ -63,7 +63,7 @@ public:
         ASSERT_FALSE(m_scenarios.empty());
         inParallel(
             m_scenarios.size(), [this](std::size_t one) { record(one); }, [](std::size_t) {});
-        ASSERT_EQ(m_findings.sentences(), QStringList()) << "without any kill";
+        ASSERT_TRUE(m_findings.sentences().isEmpty()) << "without any kill";
     }
 
     void TearDown() override
