@@ -3,6 +3,7 @@
 #include "host/framework/basicexception.h"
 #include "host/storage/atomicfile.h"
 #include "host/storage/documentfile.h"
+#include "host/storage/opendocumenthold.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
 
@@ -16,6 +17,8 @@ namespace {
 
 void saveAsOpenDocument(AbstractDocument &document)
 {
+    if (OpenDocumentHold::isHeld())
+        return;
     const QString fileName = Singleton<StateFolder>::instance()->openDocument();
     if (document.getState() != EDocumentState::Open) {
         const auto kept = documentfile::load(fileName);

@@ -2,6 +2,7 @@
 
 #include "host/framework/activitynotifier.h"
 #include "host/framework/session.h"
+#include "host/storage/opendocumenthold.h"
 #include "till/core/cannotdo.h"
 #include "till/core/pluginguard.h"
 #include "till/core/triggers.h"
@@ -112,6 +113,9 @@ void Till::request(Outcome &outcome, const QString &name, const std::function<bo
 
 void Till::announce(Outcome &outcome, const std::function<void()> &call)
 {
+    // What the plug-in saves meanwhile lacks what it has granted: that is copied and applied behind
+    // the call, and then all of it is kept.
+    const OpenDocumentHold hold;
     Event started(EActivityListener::LoyaltyRequestStarted);
     started.addArgument(
         u"message"_s, tr::Tr(u"processLoyaltyMessage"_s, u"Обращение к системе лояльности"_s));

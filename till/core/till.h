@@ -115,7 +115,8 @@ private:
     void notify(Outcome &outcome, const Event &event) const;
     /// Calls an operation of the plug-in whose false is a refusal.
     void request(Outcome &outcome, const QString &name, const std::function<bool()> &operation);
-    /// Makes a call of the plug-in between its two events, then takes over what it granted.
+    /// Makes a call of the plug-in between its two events, then takes over what it granted. What
+    /// the plug-in saves meanwhile is not written: the caller keeps the document afterwards.
     void announce(Outcome &outcome, const std::function<void()> &call);
     void runAction(
         const control::Action &action, Outcome &outcome, const std::function<void()> &carryOut);

@@ -2,6 +2,7 @@
 
 #include "host/framework/basicexception.h"
 #include "host/storage/documentjson.h"
+#include "host/storage/opendocumenthold.h"
 #include "host/storage/savetofilelogic.h"
 #include "host/storage/statefolder.h"
 #include "tests/host/storage/files.h"
@@ -100,6 +101,30 @@ TEST_F(SaveToFileLogicTest, FileThatCannotBeReadIsLeftAsItIs)
     document()->setState(EDocumentState::Closed);
     EXPECT_THROW(whenSaved(), BasicException);
     EXPECT_EQ(files::contents(openFile()), "damaged");
+}
+
+TEST_F(SaveToFileLogicTest, OpenDocumentThatIsHeldStaysAsItIs)
+{
+    whenSaved();
+    const QByteArray before = files::contents(openFile());
+    document()->setChequeText(u"changed"_s);
+    {
+        const OpenDocumentHold outer;
+        {
+            const OpenDocumentHold inner;
+        }
+        whenSaved();
+        EXPECT_EQ(files::contents(openFile()), before);
+    }
+    whenSaved();
+    EXPECT_NE(files::contents(openFile()), before);
+}
+
+TEST_F(SaveToFileLogicTest, OtherFilesAreWrittenWhileTheOpenDocumentIsHeld)
+{
+    const OpenDocumentHold hold;
+    whenSaved(u"other.json"_s);
+    EXPECT_EQ(files::namesIn(stateFolder()), QStringList{u"other.json"_s});
 }
 
 TEST_F(SaveToFileLogicTest, FailureIsToldToTheCashier)

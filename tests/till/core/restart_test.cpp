@@ -1,5 +1,6 @@
 // A till that was killed takes its document up again.
 
+#include "host/storage/savetofilelogic.h"
 #include "tests/till/support/tillfixture.h"
 
 using namespace Qt::StringLiterals;
@@ -88,6 +89,38 @@ TEST_F(RestartTest, ARegistrationIsOnDiskBeforeTheChequeIsPutOut)
     till->close();
     EXPECT_EQ(records, 1);
     EXPECT_EQ(id, u"T-1"_s);
+}
+
+// Half of it would be what the plug-in has noted and saved without what it has granted.
+TEST_F(RestartTest, AnOperationIsOnDiskWholeOrNotAtAll)
+{
+    const auto kept = [this](const QString &operation) {
+        return store->loadOpen()->getStoredValue(u"FakeLoyalty"_s, operation, {}).toBool();
+    };
+    bool keptInTheMiddle = true;
+    for (const QString &operation : {u"request"_s, u"spendPoints"_s, u"hasPointsForEarn"_s})
+        loyalty->behaviour[operation] = [this, operation, kept, &keptInTheMiddle] {
+            till->document()->setStoredValue(u"FakeLoyalty"_s, operation, true);
+            MockFactory<SaveToFileLogic>::create()->save(till->document(), {});
+            keptInTheMiddle = kept(operation);
+            return true;
+        };
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+
+    till->calculate();
+    EXPECT_FALSE(keptInTheMiddle);
+    EXPECT_TRUE(kept(u"request"_s));
+    loyalty->setAvailablePoints(50.0);
+    till->payWithPoints(10.0);
+    EXPECT_FALSE(keptInTheMiddle);
+    EXPECT_TRUE(kept(u"spendPoints"_s));
+    bool keptBeforePutout = false;
+    loyalty->behaviour[u"beforePutoutCheck"_s]
+        = [&] { return keptBeforePutout = kept(u"hasPointsForEarn"_s); };
+    till->close();
+    EXPECT_FALSE(keptInTheMiddle);
+    EXPECT_TRUE(keptBeforePutout);
 }
 
 TEST_F(RestartTest, AFailingRestoreDoesNotKeepTheTillFromSelling)
