@@ -1,0 +1,103 @@
+// A registered cheque that could not be put away, and is cancelled instead: the service takes back
+// what it has booked.
+
+#include "tests/restart/premises.h"
+#include "tests/restart/service.h"
+#include "tests/restart/tillprocess.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace restart {
+
+namespace {
+
+class RollbackTest : public testing::Test
+{
+public:
+    RollbackTest()
+        : m_premises(Scenario{u"rollback"_s, {}, {}})
+        , m_service(m_premises)
+    {
+        m_premises.setLoyaltyPort(m_premises.servicePort());
+    }
+
+    /// A till sells a cheque that is paid with points, and fails when it puts the registered cheque
+    /// away.
+    void givenRegisteredChequeThatIsStillOpen()
+    {
+        const QString closed = m_premises.state() + u"/closed"_s;
+        TillProcess till(m_premises);
+        for (const QString &command :
+            {u"card 2900000000017"_s, u"add 1004 2"_s, u"total"_s, u"points 100"_s})
+            till.tell(command);
+        ASSERT_TRUE(QDir(closed).removeRecursively());
+        ASSERT_TRUE(QFile(closed).open(QIODevice::WriteOnly));
+        EXPECT_FALSE(till.tell(u"close"_s));
+        ASSERT_TRUE(QFile::remove(closed));
+    }
+
+    [[nodiscard]] double balance() const
+    {
+        return m_service.get(u"cards/2900000000017"_s).at("balance").get<double>();
+    }
+
+    Premises m_premises;
+    Service m_service;
+};
+
+TEST_F(RollbackTest, ACancelledRegistrationIsTakenBackOnce)
+{
+    givenRegisteredChequeThatIsStillOpen();
+    EXPECT_DOUBLE_EQ(balance(), 434.9);
+
+    TillProcess till(m_premises);
+    const auto shown = till.tell(u"show"_s);
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->at("document").at("state"), "open");
+    EXPECT_NE(shown->at("document").at("card").at("operationId"), "");
+    const auto cancelled = till.tell(u"cancel"_s);
+    ASSERT_TRUE(cancelled);
+    EXPECT_EQ(cancelled->at("result"), true);
+    EXPECT_DOUBLE_EQ(balance(), 500.0);
+    EXPECT_EQ(m_service.get(u"transactions"_s).at(0).at("rolledBack"), true);
+    EXPECT_EQ(m_service.get(u"audit"_s).at("ok"), true);
+}
+
+// A rollback that does not get through leaves the cheque as it is, and can be tried again.
+TEST_F(RollbackTest, ACancelThatDoesNotReachTheServiceCanBeRepeated)
+{
+    givenRegisteredChequeThatIsStillOpen();
+    TillProcess till(m_premises);
+    for (const char *fault : {"rollback reset", "rollback lose", "rollback code 80001"}) {
+        m_service.orderFault(fault);
+        const auto refused = till.tell(u"cancel"_s);
+        ASSERT_TRUE(refused);
+        EXPECT_EQ(refused->at("result"), false);
+        EXPECT_EQ(refused->at("document").at("state"), "open");
+    }
+    EXPECT_EQ(till.tell(u"cancel"_s)->at("document").at("state"), "cancelled");
+    EXPECT_DOUBLE_EQ(balance(), 500.0);
+    EXPECT_EQ(m_service.get(u"audit"_s).at("ok"), true);
+}
+
+// The cashier may as well close it: it is not booked again.
+TEST_F(RollbackTest, ARegistrationThatIsClosedAfterAllIsBookedOnce)
+{
+    givenRegisteredChequeThatIsStillOpen();
+    TillProcess till(m_premises);
+    const auto closed = till.tell(u"close"_s);
+    ASSERT_TRUE(closed);
+    EXPECT_EQ(closed->at("document").at("state"), "closed");
+    EXPECT_DOUBLE_EQ(closed->at("document").at("points").at("earned").get<double>(), 34.9);
+    EXPECT_DOUBLE_EQ(balance(), 434.9);
+    EXPECT_EQ(m_service.get(u"transactions"_s).size(), 1u);
+}
+
+} // namespace
+
+} // namespace restart
