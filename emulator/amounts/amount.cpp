@@ -15,7 +15,6 @@ constexpr int amountDecimals = 2;
 constexpr int quantityDecimals = 3;
 constexpr int amountDigits = 12;
 constexpr int quantityDigits = 9;
-constexpr qint64 thousandthsPerUnit = 1000;
 constexpr qint64 hundredthsOfPercentPerWhole = 10'000;
 
 qint64 sumOf(const std::vector<Amount> &weights)
@@ -88,16 +87,22 @@ QString Percent::toString() const
 std::optional<Amount> product(Amount price, Quantity quantity)
 {
     if (exceeds(price.hundredths(), quantity.thousandths(), greatestAmount.hundredths(),
-            thousandthsPerUnit))
+            Quantity::thousandthsPerUnit))
         return std::nullopt;
     return Amount::ofHundredths(
-        multiplyAndRound(price.hundredths(), quantity.thousandths(), thousandthsPerUnit));
+        multiplyAndRound(price.hundredths(), quantity.thousandths(), Quantity::thousandthsPerUnit));
 }
 
 Amount proportion(Amount amount, Quantity part, Quantity whole)
 {
     return Amount::ofHundredths(
         multiplyAndRound(amount.hundredths(), part.thousandths(), whole.thousandths()));
+}
+
+Amount proportionInUnits(Amount amount, Quantity part, Quantity whole)
+{
+    return Amount::ofUnits(
+        multiplyAndDivide(amount.wholeUnits(), part.thousandths(), whole.thousandths()).first);
 }
 
 std::vector<Amount> apportion(Amount total, const std::vector<Amount> &weights)

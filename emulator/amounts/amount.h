@@ -9,8 +9,8 @@
 
 namespace emulator {
 
-/// Money or points, exact to the hundredth. Doubles are for the wire's readers, never for the
-/// books.
+/// Money, points or stickers, exact to the hundredth. Doubles are for the wire's readers, never for
+/// the books.
 class Amount
 {
 public:
@@ -23,14 +23,24 @@ public:
         return amount;
     }
 
+    /// So many whole ones: roubles, points, stickers.
+    static constexpr Amount ofUnits(qint64 units)
+    {
+        return ofHundredths(units * hundredthsPerUnit);
+    }
+
     /// Reads "-12.34", "12.3" or "12"; nothing for anything else, non-finite numbers included,
     /// and for more than twelve digits before the point.
     static std::optional<Amount> parse(QStringView text);
 
     constexpr qint64 hundredths() const { return m_hundredths; }
+    constexpr qint64 wholeUnits() const { return m_hundredths / hundredthsPerUnit; }
 
     /// Two decimals, a point, no grouping: "1234.50", "-0.05".
     QString toString() const;
+
+    /// For JSON, whose numbers are doubles to most readers; two decimals survive that.
+    double toDouble() const { return toString().toDouble(); }
 
     constexpr auto operator<=>(const Amount &) const = default;
     constexpr Amount operator-() const { return ofHundredths(-m_hundredths); }
@@ -39,10 +49,13 @@ public:
         return ofHundredths(m_hundredths + other.m_hundredths);
     }
     constexpr Amount operator-(Amount other) const { return *this + -other; }
+    constexpr Amount operator*(qint64 factor) const { return ofHundredths(m_hundredths * factor); }
     constexpr Amount &operator+=(Amount other) { return *this = *this + other; }
     constexpr Amount &operator-=(Amount other) { return *this = *this - other; }
 
 private:
+    static constexpr qint64 hundredthsPerUnit = 100;
+
     qint64 m_hundredths = 0;
 };
 
@@ -66,6 +79,7 @@ public:
     static std::optional<Quantity> parse(QStringView text);
 
     constexpr qint64 thousandths() const { return m_thousandths; }
+    constexpr qint64 wholeUnits() const { return m_thousandths / thousandthsPerUnit; }
     QString toString() const;
 
     constexpr auto operator<=>(const Quantity &) const = default;
@@ -79,6 +93,8 @@ public:
     }
     constexpr Quantity &operator+=(Quantity other) { return *this = *this + other; }
     constexpr Quantity &operator-=(Quantity other) { return *this = *this - other; }
+
+    static constexpr qint64 thousandthsPerUnit = 1000;
 
 private:
     qint64 m_thousandths = 0;
@@ -118,6 +134,9 @@ std::optional<Amount> product(Amount price, Quantity quantity);
 
 /// amount × part / whole, rounded half up; `whole` must be greater than zero.
 Amount proportion(Amount amount, Quantity part, Quantity whole);
+
+/// The same rounded down to whole units; the amount must not be negative.
+Amount proportionInUnits(Amount amount, Quantity part, Quantity whole);
 
 /// Splits `total` by the weights, exact to the hundredth: the shares add up to the total, and
 /// the hundredths left over go to the greatest remainders, the first of equals first.

@@ -11,12 +11,6 @@ std::string text(const QString &value)
     return value.toStdString();
 }
 
-/// JSON numbers are doubles for most readers; two decimals survive that.
-double number(Amount amount)
-{
-    return amount.toString().toDouble();
-}
-
 Json timeJson(qint64 milliseconds)
 {
     return text(QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC).toString(Qt::ISODateWithMs));
@@ -33,8 +27,8 @@ Json attributesJson(const QMap<QString, QString> &attributes)
 Json entryJson(const LedgerEntry &entry)
 {
     return {{"id", entry.id}, {"at", timeJson(entry.at)}, {"account", text(entry.account)},
-        {"kind", text(entry.kind)}, {"amount", number(entry.amount)},
-        {"balance", number(entry.balanceAfter)},
+        {"kind", text(entry.kind)}, {"amount", entry.amount.toDouble()},
+        {"balance", entry.balanceAfter.toDouble()},
         {"transaction",
             entry.transaction ? Json(text(transactionText(entry.transaction))) : Json()}};
 }
@@ -42,10 +36,10 @@ Json entryJson(const LedgerEntry &entry)
 Json positionJson(const BookedPosition &position)
 {
     return {{"number", position.number}, {"article", text(position.article)},
-        {"price", number(position.price)}, {"quantity", position.quantity.toString().toDouble()},
-        {"sum", number(position.sum)}, {"sumDiscounted", number(position.sumDiscounted)},
-        {"earned", number(position.earned)}, {"earnedStatus", number(position.earnedStatus)},
-        {"spent", number(position.spent)}};
+        {"price", position.price.toDouble()}, {"quantity", position.quantity.toString().toDouble()},
+        {"sum", position.sum.toDouble()}, {"sumDiscounted", position.sumDiscounted.toDouble()},
+        {"earned", position.earned.toDouble()}, {"earnedStatus", position.earnedStatus.toDouble()},
+        {"spent", position.spent.toDouble()}, {"stickers", position.stickers.toDouble()}};
 }
 
 Json codesJson(const QString &card, const Books &books)
@@ -70,8 +64,9 @@ Json cardJson(const Card &card, const Books &books)
         {"holder", text(card.holder)}, {"email", text(card.email)},
         {"chequesByEmail", card.chequesByEmail}, {"technical", card.technical},
         {"attributes", attributesJson(card.attributes)},
-        {"balance", number(books.ledger.balance(card.number, Account::Active))},
-        {"statusBalance", number(books.ledger.balance(card.number, Account::Status))}};
+        {"balance", books.ledger.balance(card.number, Account::Active).toDouble()},
+        {"statusBalance", books.ledger.balance(card.number, Account::Status).toDouble()},
+        {"stickers", books.ledger.balance(card.number, Account::Stickers).toDouble()}};
 }
 
 Json cardWithLedgerJson(const Card &card, const Books &books)
@@ -91,7 +86,8 @@ Json transactionJson(const Transaction &transaction, const Books &books)
         {"organization", text(transaction.cheque.till.organization)},
         {"businessUnit", text(transaction.cheque.till.businessUnit)},
         {"card", text(transaction.cheque.card)}, {"processed", text(transaction.processed)},
-        {"sum", number(transaction.sum)}, {"sumDiscounted", number(transaction.sumDiscounted)},
+        {"sum", transaction.sum.toDouble()},
+        {"sumDiscounted", transaction.sumDiscounted.toDouble()},
         {"sale", transaction.sale ? Json(text(transactionText(transaction.sale))) : Json()},
         {"rolledBack", transaction.rolledBack}, {"positions", Json::array()}};
     for (const BookedPosition &position : books.transactions.positions(transaction.id))

@@ -27,16 +27,26 @@ void auditCard(const QString &card, const Books &books, AuditReport &report)
     }
 }
 
-void auditSale(const Transaction &sale, const Books &books, AuditReport &report)
+void compare(const QString &what, Amount expected, Amount moved, const Transaction &sale,
+    AuditReport &report)
 {
-    Amount expected;
-    for (const BookedPosition &position : books.transactions.positions(sale.id))
-        expected += position.earned - position.spent;
-    const Amount moved = books.ledger.movedBy(sale.id, Account::Active);
     if (moved != expected)
         report.problems.append(
-            u"transaction %1: its positions come to %2 points, it has moved %3"_s.arg(
-                transactionText(sale.id), expected.toString(), moved.toString()));
+            u"transaction %1: its positions come to %2 %3, it has moved %4"_s.arg(
+                transactionText(sale.id), expected.toString(), what, moved.toString()));
+}
+
+void auditSale(const Transaction &sale, const Books &books, AuditReport &report)
+{
+    Amount points;
+    Amount stickers;
+    for (const BookedPosition &position : books.transactions.positions(sale.id)) {
+        points += position.earned - position.spent;
+        stickers -= position.stickers;
+    }
+    compare(u"points"_s, points, books.ledger.movedBy(sale.id, Account::Active), sale, report);
+    compare(
+        u"stickers"_s, stickers, books.ledger.movedBy(sale.id, Account::Stickers), sale, report);
 }
 
 } // namespace

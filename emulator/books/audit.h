@@ -15,7 +15,8 @@ struct AuditReport
 };
 
 /// Adds the books up: each account's entries come to the balance that each of them states, no
-/// balance is below zero, and each sale has moved what its positions earned and spent.
+/// balance is below zero, and each sale has moved the points that its positions earned and spent
+/// and the stickers that they took.
 AuditReport audit(const Books &books);
 
 } // namespace emulator

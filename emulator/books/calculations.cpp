@@ -22,6 +22,7 @@ LastCalculation readCalculation(const QSqlQuery &row)
     calculation.sumDiscounted = amountIn(row, column++);
     calculation.wish = amountIn(row, column++);
     calculation.code = row.value(column++).toString();
+    calculation.isOver = row.value(column++).toBool();
     return calculation;
 }
 
@@ -41,8 +42,8 @@ void Calculations::remember(const ChequeKey &cheque, const LastCalculation &calc
 std::optional<LastCalculation> Calculations::recall(const ChequeKey &cheque) const
 {
     return m_database.first(
-        u"SELECT sum, discount, sum_discounted, wish, code FROM calculations WHERE %1"_s.arg(
-            whereCheque()),
+        u"SELECT sum, discount, sum_discounted, wish, code, is_over FROM calculations WHERE %1"_s
+            .arg(whereCheque()),
         valuesOf(cheque), readCalculation);
 }
 
@@ -51,17 +52,18 @@ void Calculations::forget(const ChequeKey &cheque)
     m_database.change(u"DELETE FROM calculations WHERE %1"_s.arg(whereCheque()), valuesOf(cheque));
 }
 
-void Calculations::forgetAll(const Till &till, const QString &card)
+void Calculations::endAll(const Till &till, const QString &card)
 {
-    m_database.change(u"DELETE FROM calculations WHERE card = ? AND pos = ? AND business_unit = ?"
-                      " AND organization = ?"_s,
+    m_database.change(
+        u"UPDATE calculations SET is_over = 1 WHERE card = ? AND pos = ? AND business_unit = ?"
+        " AND organization = ?"_s,
         {card, till.pos, till.businessUnit, till.organization});
 }
 
 std::vector<std::pair<QString, QString>> Calculations::waitingCodes(const QString &card) const
 {
-    return m_database.all(
-        u"SELECT number, code FROM calculations WHERE card = ? AND code <> '' ORDER BY number"_s,
+    return m_database.all(u"SELECT number, code FROM calculations WHERE card = ? AND code <> ''"
+                          " AND NOT is_over ORDER BY number"_s,
         {card}, [](const QSqlQuery &row) {
             return std::pair(row.value(0).toString(), row.value(1).toString());
         });

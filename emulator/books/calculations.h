@@ -18,7 +18,8 @@ public:
     void remember(const ChequeKey &cheque, const LastCalculation &calculation);
     std::optional<LastCalculation> recall(const ChequeKey &cheque) const;
     void forget(const ChequeKey &cheque);
-    void forgetAll(const Till &till, const QString &card);
+    /// The till's calculations for the card are those of cheques that are over.
+    void endAll(const Till &till, const QString &card);
 
     /// Codes that wait to be typed, by card: pairs of cheque number and code.
     std::vector<std::pair<QString, QString>> waitingCodes(const QString &card) const;

@@ -28,7 +28,15 @@ LedgerEntry readEntry(const QSqlQuery &row)
 
 QString accountName(Account account)
 {
-    return account == Account::Active ? u"active"_s : u"status"_s;
+    switch (account) {
+    case Account::Active:
+        return u"active"_s;
+    case Account::Status:
+        return u"status"_s;
+    case Account::Stickers:
+        return u"stickers"_s;
+    }
+    return {};
 }
 
 QString entryKindName(EntryKind kind)

@@ -5,11 +5,13 @@
 
 namespace emulator {
 
-/// Points that can be spent, and points that only count for the holder's status.
+/// Points that can be spent, points that only count for the holder's status, and stickers, of which
+/// there are only whole ones.
 enum class Account
 {
     Active,
-    Status
+    Status,
+    Stickers
 };
 
 enum class EntryKind
@@ -17,12 +19,12 @@ enum class EntryKind
     Opening,
     Earned,
     Spent,
-    GivenBack, ///< spent points of goods that came back
+    GivenBack, ///< spent points or stickers of goods that came back
     TakenBack, ///< earned points of goods that came back
     RolledBack
 };
 
-QString accountName(Account account); ///< "active", "status"
+QString accountName(Account account); ///< "active", "status", "stickers"
 QString entryKindName(EntryKind kind); ///< "opening", "earned", …
 
 struct LedgerEntry
@@ -46,7 +48,8 @@ struct NewEntry
     qint64 at = 0;
 };
 
-/// Every movement of points. A balance is what the entries come to, and never below zero.
+/// Every movement of points and stickers. A balance is what the entries come to, and never below
+/// zero.
 class Ledger
 {
 public:

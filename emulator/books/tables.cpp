@@ -11,9 +11,9 @@ namespace emulator {
 namespace {
 
 /// Counts up when the tables change.
-constexpr int layoutVersion = 1;
+constexpr int layoutVersion = 3;
 
-// Amounts are hundredths, quantities thousandths, "at" is UTC milliseconds.
+// Amounts are hundredths, stickers among them, quantities thousandths, "at" is UTC milliseconds.
 const QStringList &definitions()
 {
     static const QStringList statements = {
@@ -39,13 +39,14 @@ const QStringList &definitions()
         " (number, pos, business_unit, organization, card)"_s,
         u"CREATE INDEX transactions_by_sale ON transactions (sale)"_s,
 
-        // Of a sale: what the position earned and spent. Of a return: what was due to be taken
-        // back of that and given back, for the sale's position named.
+        // Of a sale: what the position earned and spent, and the stickers that it took. Of a
+        // return: what was due to be taken back of that and given back, for the sale's position
+        // named.
         u"CREATE TABLE positions (transaction_id INTEGER NOT NULL REFERENCES transactions,"
         " number INTEGER NOT NULL, article TEXT NOT NULL, price INTEGER NOT NULL,"
         " quantity INTEGER NOT NULL, sum INTEGER NOT NULL, sum_discounted INTEGER NOT NULL,"
         " earned INTEGER NOT NULL, earned_status INTEGER NOT NULL, spent INTEGER NOT NULL,"
-        " sale_position INTEGER)"_s,
+        " stickers INTEGER NOT NULL, sale_position INTEGER)"_s,
         u"CREATE INDEX positions_by_transaction ON positions (transaction_id)"_s,
 
         u"CREATE TABLE issued_coupons (id INTEGER PRIMARY KEY AUTOINCREMENT,"
@@ -58,7 +59,7 @@ const QStringList &definitions()
         u"CREATE TABLE calculations (organization TEXT NOT NULL, business_unit TEXT NOT NULL,"
         " pos TEXT NOT NULL, number TEXT NOT NULL, card TEXT NOT NULL, sum INTEGER NOT NULL,"
         " discount INTEGER NOT NULL, sum_discounted INTEGER NOT NULL, wish INTEGER NOT NULL,"
-        " code TEXT NOT NULL,"
+        " code TEXT NOT NULL, is_over INTEGER NOT NULL DEFAULT 0,"
         " PRIMARY KEY (card, number, pos, business_unit, organization))"_s,
     };
     return statements;

@@ -64,6 +64,7 @@ BookedPosition readPosition(const QSqlQuery &row)
     position.earned = amountIn(row, column++);
     position.earnedStatus = amountIn(row, column++);
     position.spent = amountIn(row, column++);
+    position.stickers = amountIn(row, column++);
     position.salePosition = row.value(column++).toInt();
     return position;
 }
@@ -79,6 +80,7 @@ SoldPosition asSold(const BookedPosition &position)
     sold.earned = position.earned;
     sold.earnedStatus = position.earnedStatus;
     sold.spent = position.spent;
+    sold.stickers = position.stickers;
     return sold;
 }
 
@@ -91,6 +93,7 @@ void addReturned(std::vector<SoldPosition> &sold, const BookedPosition &returned
         position.earnedReturned += returned.earned;
         position.statusReturned += returned.earnedStatus;
         position.spentReturned += returned.spent;
+        position.stickersReturned += returned.stickers;
     }
 }
 
@@ -125,13 +128,13 @@ void Transactions::addPosition(qint64 transaction, const BookedPosition &positio
 {
     m_database.change(
         u"INSERT INTO positions (transaction_id, number, article, price, quantity, sum,"
-        " sum_discounted, earned, earned_status, spent, sale_position)"
-        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+        " sum_discounted, earned, earned_status, spent, stickers, sale_position)"
+        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
         {transaction, position.number, position.article, position.price.hundredths(),
             position.quantity.thousandths(), position.sum.hundredths(),
             position.sumDiscounted.hundredths(), position.earned.hundredths(),
             position.earnedStatus.hundredths(), position.spent.hundredths(),
-            position.salePosition});
+            position.stickers.hundredths(), position.salePosition});
 }
 
 void Transactions::setAnswer(qint64 transaction, const QByteArray &xml)
@@ -182,7 +185,7 @@ std::vector<BookedPosition> Transactions::positions(qint64 transaction) const
 {
     return m_database.all(
         u"SELECT number, article, price, quantity, sum, sum_discounted, earned, earned_status,"
-        " spent, sale_position FROM positions WHERE transaction_id = ? ORDER BY rowid"_s,
+        " spent, stickers, sale_position FROM positions WHERE transaction_id = ? ORDER BY rowid"_s,
         {transaction}, readPosition);
 }
 

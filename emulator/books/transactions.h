@@ -56,6 +56,7 @@ struct BookedPosition
     Amount earned; ///< of a return: due to be taken back
     Amount earnedStatus;
     Amount spent; ///< of a return: given back
+    Amount stickers; ///< whole ones; of a return: given back
     int salePosition = 0; ///< of a return
 };
 

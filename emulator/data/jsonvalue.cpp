@@ -128,6 +128,14 @@ int JsonValue::integer() const
     return m_value.get<int>();
 }
 
+int JsonValue::integerOfAtLeast(int least) const
+{
+    const int number = integer();
+    if (number < least)
+        expected("a whole number of at least " + std::to_string(least));
+    return number;
+}
+
 bool JsonValue::boolean() const
 {
     if (!m_value.is_boolean())
@@ -151,6 +159,14 @@ Amount JsonValue::amount() const
 {
     return Amount::ofHundredths(hundredths(
         greatestConfiguredAmount, "an amount of zero or more with at most two decimals"));
+}
+
+Amount JsonValue::amountAboveZero() const
+{
+    const Amount above = amount();
+    if (above == Amount())
+        expected("an amount above zero");
+    return above;
 }
 
 Percent JsonValue::percent() const

@@ -44,8 +44,10 @@ public:
     QString text() const; ///< without characters that XML cannot carry
     QString textWithContent() const; ///< not empty
     int integer() const;
+    int integerOfAtLeast(int least) const;
     bool boolean() const;
     Amount amount() const; ///< zero or more, at most two decimals
+    Amount amountAboveZero() const;
     Percent percent() const; ///< 0 to 100, at most two decimals
 
 private:

@@ -135,7 +135,7 @@ Messages readMessages(const JsonValue &value)
 CardData readCard(const JsonValue &value)
 {
     value.allowOnly({"number", "status", "type", "holder", "email", "chequesByEmail", "balance",
-        "attributes", "forced"});
+        "stickers", "attributes", "forced"});
     CardData card;
     card.number = value.member("number").textWithContent();
     card.status = optionalInteger(value, "status", activeStatus);
@@ -144,6 +144,8 @@ CardData readCard(const JsonValue &value)
     card.email = optionalText(value, "email");
     card.chequesByEmail = optionalBoolean(value, "chequesByEmail", false);
     card.openingBalance = optionalAmount(value, "balance");
+    if (const auto stickers = value.find("stickers"))
+        card.openingStickers = stickers->integerOfAtLeast(0);
     if (const auto attributes = value.find("attributes"))
         attributes->forEachMember([&](const QString &key, const JsonValue &attribute) {
             card.attributes.insert(key, attribute.text());
@@ -203,6 +205,18 @@ Spending readSpending(const JsonValue &value)
             code->expected("Latin letters and digits, as a cashier can type them");
     }
     return spending;
+}
+
+StickerOffer readStickerOffer(const JsonValue &value)
+{
+    value.allowOnly({"article", "stickers", "discount", "limit"});
+    StickerOffer offer;
+    offer.article = value.member("article").textWithContent();
+    offer.stickers = value.member("stickers").integerOfAtLeast(1);
+    offer.discount = value.member("discount").amountAboveZero();
+    if (const auto limit = value.find("limit"))
+        offer.limit = limit->integerOfAtLeast(1);
+    return offer;
 }
 
 CouponData readCoupon(const JsonValue &value)

@@ -12,6 +12,7 @@ TechnicalCards readTechnicalCards(const JsonValue &value);
 void readDiscountsInto(ServiceData &data, const JsonValue &value);
 Earning readEarning(const JsonValue &value);
 Spending readSpending(const JsonValue &value);
+StickerOffer readStickerOffer(const JsonValue &value);
 CouponData readCoupon(const JsonValue &value);
 InstantCouponRule readInstantCoupon(const JsonValue &value);
 void readMessagesInto(ServiceData &data, const JsonValue &value);

@@ -32,6 +32,7 @@ struct CardData
     QString email;
     bool chequesByEmail = false;
     Amount openingBalance;
+    int openingStickers = 0;
     QMap<QString, QString> attributes;
     std::optional<ForcedCode> forced;
 };
@@ -84,6 +85,15 @@ struct Spending
     QString code; ///< always this code instead of a random one; empty: random
 };
 
+/// What stickers buy: a discount on units of an article.
+struct StickerOffer
+{
+    QString article;
+    int stickers = 0; ///< for one unit; at least 1
+    Amount discount; ///< for one unit; above zero
+    std::optional<int> limit; ///< units of one position, at least 1; nothing: as many as there are
+};
+
 struct CouponData
 {
     QString number;
@@ -119,6 +129,7 @@ struct ServiceData
     std::vector<ChequeDiscount> chequeDiscounts; ///< the one with the greatest `from` reached
     Earning earning;
     Spending spending;
+    std::vector<StickerOffer> stickerOffers; ///< at most one for an article
     std::vector<CouponData> coupons;
     std::vector<InstantCouponRule> instantCoupons;
     Messages softMessages;

@@ -67,6 +67,18 @@ void readCardsInto(ServiceData &data, const JsonValue &cards)
     });
 }
 
+void readStickerOffersInto(ServiceData &data, const JsonValue &offers)
+{
+    QSet<QString> articles;
+    offers.forEachItem([&](const JsonValue &value) {
+        data.stickerOffers.push_back(readStickerOffer(value));
+        const QString article = data.stickerOffers.back().article;
+        if (articles.contains(article))
+            value.member("article").expected("an article that no offer above has");
+        articles.insert(article);
+    });
+}
+
 void readSectionsInto(ServiceData &data, const JsonValue &root)
 {
     if (const auto section = root.find("cards"))
@@ -79,6 +91,8 @@ void readSectionsInto(ServiceData &data, const JsonValue &root)
         data.earning = readEarning(*section);
     if (const auto section = root.find("spending"))
         data.spending = readSpending(*section);
+    if (const auto section = root.find("stickerOffers"))
+        readStickerOffersInto(data, *section);
     if (const auto section = root.find("coupons"))
         section->forEachItem(
             [&](const JsonValue &value) { data.coupons.push_back(readCoupon(value)); });
@@ -97,7 +111,7 @@ ServiceData readServiceData(const QByteArray &json)
     const nlohmann::json document = parseJson(json);
     const JsonValue root(document);
     root.allowOnly({"servedStatuses", "cards", "technicalCards", "discounts", "earning", "spending",
-        "coupons", "instantCoupons", "messages"});
+        "stickerOffers", "coupons", "instantCoupons", "messages"});
     ServiceData data;
     data.servedStatuses = readServedStatuses(root);
     readSectionsInto(data, root);

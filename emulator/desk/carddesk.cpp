@@ -21,6 +21,15 @@ Outcome unknownCard()
     return {returncodes::unknownCard, u"Карта не найдена"_s};
 }
 
+void enterOpeningBalances(const DeskContext &context, const CardData &data)
+{
+    Ledger &ledger = context.books.ledger;
+    const qint64 at = context.now.toMSecsSinceEpoch();
+    ledger.enter({data.number, Account::Active, EntryKind::Opening, data.openingBalance, 0, at});
+    ledger.enter({data.number, Account::Stickers, EntryKind::Opening,
+        Amount::ofUnits(data.openingStickers), 0, at});
+}
+
 } // namespace
 
 void openCards(const DeskContext &context)
@@ -29,8 +38,7 @@ void openCards(const DeskContext &context)
         const bool isNew = !context.books.cards.find(data.number);
         context.books.cards.put(asCard(data));
         if (isNew)
-            context.books.ledger.enter({data.number, Account::Active, EntryKind::Opening,
-                data.openingBalance, 0, context.now.toMSecsSinceEpoch()});
+            enterOpeningBalances(context, data);
     }
 }
 
@@ -71,7 +79,7 @@ Answer balance(const DeskContext &context, const BalanceRequest &request)
     const auto card = findCard(context, request.card);
     if (!card)
         return BalanceAnswer{unknownCard(), {}};
-    context.books.calculations.forgetAll(request.till, request.card);
+    context.books.calculations.endAll(request.till, request.card);
     return BalanceAnswer{{},
         CardFigures{card->number, card->status, card->type,
             context.books.ledger.balance(card->number, Account::Active), card->holder, card->email,

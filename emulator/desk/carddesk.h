@@ -19,7 +19,7 @@ std::optional<Outcome> refusalOf(const DeskContext &context, const std::optional
 void keepTechnicalCard(const DeskContext &context, const Card &card);
 
 /// What the card is and has. A till asks when the card is presented, so what it calculated for the
-/// card before belongs to a cheque that is over, and is forgotten.
+/// card before belongs to cheques that are over; one of them may still come to be registered.
 Answer balance(const DeskContext &context, const BalanceRequest &request);
 
 } // namespace emulator

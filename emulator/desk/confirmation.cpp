@@ -15,12 +15,14 @@ QString randomCode()
         .rightJustified(codeDigits, u'0');
 }
 
-bool needsConfirmation(const SaleRequest &request, Amount points, const Spending &rules)
+bool isIssued(const std::optional<LastCalculation> &last, Amount points)
 {
-    if (points == Amount())
-        return false;
-    const bool tillWants = request.confirmation && request.confirmation->confirm;
-    return tillWants || (rules.confirmAbove && points > *rules.confirmAbove);
+    return last && last->wish == points && !last->code.isEmpty();
+}
+
+bool carriesCode(const Confirmation &confirmation, const QString &code)
+{
+    return confirmation.confirm && confirmation.code == code;
 }
 
 } // namespace
@@ -35,10 +37,11 @@ QString issueCode(const SaleRequest &request, Amount points, const Spending &rul
 bool isConfirmed(const SaleRequest &request, Amount points, const Spending &rules,
     const std::optional<LastCalculation> &last)
 {
-    if (!needsConfirmation(request, points, rules))
-        return true;
-    return request.confirmation && request.confirmation->confirm && last && last->wish == points
-        && !last->code.isEmpty() && last->code == request.confirmation->code;
+    if (!isIssued(last, points))
+        return points == Amount() || !rules.confirmAbove || points <= *rules.confirmAbove;
+    // A registration from the queue carries no confirmation; its till has compared the code when
+    // the holder told it, and has sold the goods.
+    return !request.confirmation || carriesCode(*request.confirmation, last->code);
 }
 
 } // namespace emulator

@@ -10,8 +10,9 @@ namespace emulator {
 /// Empty when none was asked for or no points are to be spent.
 QString issueCode(const SaleRequest &request, Amount points, const Spending &rules);
 
-/// Whether these points may be written off: without a code when neither the till nor the rules
-/// want one, otherwise with the code that was issued for just these points.
+/// Whether these points may be written off. Where a code was issued for just these points, with
+/// that code, or without any confirmation, as a till's queue brings it; otherwise when the rules
+/// want no code for so many. A code for other points is not looked at.
 bool isConfirmed(const SaleRequest &request, Amount points, const Spending &rules,
     const std::optional<LastCalculation> &last);
 

@@ -1,5 +1,6 @@
 #include "emulator/desk/quote.h"
 
+#include "emulator/desk/stickerattributes.h"
 #include "emulator/rules/discounts.h"
 #include "emulator/rules/earning.h"
 #include "emulator/rules/messages.h"
@@ -46,8 +47,8 @@ QMap<QString, QString> placeholderValues(const ChequeFigures &figures, const Car
 
 } // namespace
 
-Quote quoteSale(
-    const DeskContext &context, const SaleRequest &request, const Card &card, Amount wish)
+Quote quoteSale(const DeskContext &context, const SaleRequest &request, const Card &card,
+    Amount wish, StickerTerms terms)
 {
     Quote quote;
     quote.card = card;
@@ -55,6 +56,7 @@ Quote quoteSale(
     quote.balance = context.books.ledger.balance(card.number, Account::Active);
     quote.coupons = assessCoupons(context, request.coupons);
     quote.calculation = discounted(context, request, quote.coupons);
+    quote.stickers = settleStickers(context, request, terms, quote.calculation.positions);
     quote.available
         = availablePayment(quote.calculation, context.data.spending.share, quote.balance);
     if (quote.isAffordable())
@@ -79,7 +81,8 @@ ChequeFigures figuresOf(const DeskContext &context, const Quote &quote)
     figures.coupons = quote.coupons;
     for (const CalculatedPosition &position : calculation.positions)
         figures.positions.push_back({position.number, position.sum, position.sumDiscounted,
-            position.earned, position.earnedStatus, position.spent});
+            position.earned, position.earnedStatus, position.spent,
+            stickerAttributes(position, quote.card.number, quote.stickers.left)});
     return figures;
 }
 

@@ -31,11 +31,11 @@ void addPositions(const DeskContext &context, const Calculation &calculation, qi
         context.books.transactions.addPosition(transaction,
             {position.number, position.article, position.price, position.quantity, position.sum,
                 position.sumDiscounted, position.earned + chequeEarning[index],
-                position.earnedStatus, position.spent, 0});
+                position.earnedStatus, position.spent, Amount::ofUnits(position.stickers()), 0});
     }
 }
 
-void enterPoints(const DeskContext &context, const QString &card, const Calculation &calculation,
+void enterMovements(const DeskContext &context, const QString &card, const Calculation &calculation,
     qint64 transaction)
 {
     Ledger &ledger = context.books.ledger;
@@ -44,6 +44,8 @@ void enterPoints(const DeskContext &context, const QString &card, const Calculat
     ledger.enter({card, Account::Active, EntryKind::Earned, calculation.earned(), transaction, at});
     ledger.enter(
         {card, Account::Status, EntryKind::Earned, calculation.earnedStatus(), transaction, at});
+    ledger.enter({card, Account::Stickers, EntryKind::Spent,
+        -Amount::ofUnits(calculation.stickers()), transaction, at});
 }
 
 } // namespace
@@ -54,7 +56,7 @@ ChequeFigures bookSale(const DeskContext &context, const ChequeKey &cheque, cons
     keepTechnicalCard(context, quote.card);
     const qint64 transaction = addTransaction(context, cheque, quote.calculation, fingerprint);
     addPositions(context, quote.calculation, transaction);
-    enterPoints(context, quote.card.number, quote.calculation, transaction);
+    enterMovements(context, quote.card.number, quote.calculation, transaction);
     useCoupons(context, quote.coupons, transaction);
     const auto issued = issueCoupons(context, quote.calculation.sumDiscounted(), transaction);
 

@@ -52,18 +52,21 @@ void addPositions(const DeskContext &context, const ReturnRequest &request, cons
         context.books.transactions.addPosition(transaction,
             {part.number, position.article, position.price, part.quantity, part.sum,
                 part.sumDiscounted, part.takeBack, part.takeBackStatus, part.giveBack,
-                part.salePosition});
+                part.giveBackStickers, part.salePosition});
     }
 }
 
-/// What comes back first, so that points spent on the goods can pay for those they earned.
-Amount movePoints(
+/// What comes back first, so that points spent on the goods can pay for those they earned. Returns
+/// the points really taken.
+Amount moveBack(
     const DeskContext &context, const QString &card, const Parts &parts, qint64 transaction)
 {
     Ledger &ledger = context.books.ledger;
     const qint64 at = context.now.toMSecsSinceEpoch();
     ledger.enter({card, Account::Active, EntryKind::GivenBack,
         total(parts, &ReturnedPart::giveBack), transaction, at});
+    ledger.enter({card, Account::Stickers, EntryKind::GivenBack,
+        total(parts, &ReturnedPart::giveBackStickers), transaction, at});
     ledger.enter({card, Account::Status, EntryKind::TakenBack,
         -total(parts, &ReturnedPart::takeBackStatus), transaction, at});
     return -ledger.enter({card, Account::Active, EntryKind::TakenBack,
@@ -100,7 +103,7 @@ ChequeFigures bookReturn(
         = context.books.transactions.add({TransactionKind::Return, keyOf(request),
             fingerprintOf(request), context.now, figures.sum, figures.sumDiscounted, sale});
     addPositions(context, request, parts, transaction);
-    figures.spent = movePoints(context, request.card, parts, transaction);
+    figures.spent = moveBack(context, request.card, parts, transaction);
     figures.earned = total(parts, &ReturnedPart::giveBack);
     figures.transaction = transactionText(transaction);
     figures.processed = context.now.toLocalTime();

@@ -30,6 +30,7 @@ Amount undo(const DeskContext &context, const Transaction &transaction)
     BooksTransaction changes(context.books.database);
     const Amount moved = undoOn(context, transaction, Account::Active);
     undoOn(context, transaction, Account::Status);
+    undoOn(context, transaction, Account::Stickers);
     context.books.transactions.markRolledBack(transaction.id);
     changes.commit();
     return moved;

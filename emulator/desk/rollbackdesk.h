@@ -6,8 +6,9 @@
 
 namespace emulator {
 
-/// Undoes a transaction of the card: its points, the coupons it used and those it issued. Undoing
-/// it again answers the same and moves nothing. A sale of which goods have come back stays.
+/// Undoes a transaction of the card: its points and stickers, the coupons it used and those it
+/// issued. Undoing it again answers the same and moves nothing. A sale of which goods have come
+/// back stays.
 Answer rollback(const DeskContext &context, const RollbackRequest &request);
 
 } // namespace emulator

@@ -26,14 +26,18 @@ Outcome notEnoughPoints()
 Quote quoteWish(const DeskContext &context, const SaleRequest &request, const Card &card)
 {
     const auto last = context.books.calculations.recall(keyOf(request));
-    return quoteSale(context, request, card, wishOf(request, last));
+    const Amount wish = wishOf(request, last);
+    // The cashier is only asked about offers after a calculation without points.
+    const bool mayAgree = !request.fiscal && wish == Amount();
+    return quoteSale(
+        context, request, card, wish, mayAgree ? StickerTerms::Agree : StickerTerms::KeepAgreed);
 }
 
 void remember(const DeskContext &context, const SaleRequest &request, const ChequeFigures &figures)
 {
     context.books.calculations.remember(keyOf(request),
         {figures.sum, figures.sum - figures.sumDiscounted, figures.sumDiscounted, figures.spent,
-            figures.verificationCode});
+            figures.verificationCode, false});
 }
 
 ChequeAnswer tooManyPoints(const DeskContext &context, const Quote &quote, const Outcome &outcome)
@@ -44,6 +48,8 @@ ChequeAnswer tooManyPoints(const DeskContext &context, const Quote &quote, const
 std::optional<Outcome> refusalOfSale(
     const DeskContext &context, const SaleRequest &request, const Quote &quote)
 {
+    if (!quote.stickers.sufficed)
+        return Outcome{returncodes::notEnoughStickers, u"Недостаточно фишек"_s};
     const auto last = context.books.calculations.recall(keyOf(request));
     if (isConfirmed(request, quote.wish, context.data.spending, last))
         return {};
@@ -102,7 +108,8 @@ Answer refuseSpending(
     const auto card = findCard(context, request.card);
     if (const auto refusal = refusalOf(context, card))
         return ChequeAnswer{*refusal, {}};
-    return tooManyPoints(context, quoteSale(context, request, *card, Amount()), outcome);
+    return tooManyPoints(
+        context, quoteSale(context, request, *card, Amount(), StickerTerms::KeepAgreed), outcome);
 }
 
 } // namespace emulator

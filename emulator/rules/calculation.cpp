@@ -51,4 +51,12 @@ Amount Calculation::earnedStatus() const
     return total(positions, &CalculatedPosition::earnedStatus);
 }
 
+qint64 Calculation::stickers() const
+{
+    qint64 stickers = 0;
+    for (const CalculatedPosition &position : positions)
+        stickers += position.stickers();
+    return stickers;
+}
+
 } // namespace emulator

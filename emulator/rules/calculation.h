@@ -5,9 +5,21 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace emulator {
+
+/// Units of a position that stickers make cheaper.
+struct StickerDeal
+{
+    qint64 units = 0;
+    qint64 stickersPerUnit = 0;
+    Amount discountPerUnit;
+
+    qint64 stickers() const { return units * stickersPerUnit; }
+    Amount discount() const { return discountPerUnit * units; }
+};
 
 /// One position on its way through the rules; every figure is the service's own.
 struct CalculatedPosition
@@ -22,9 +34,13 @@ struct CalculatedPosition
     Amount spent; ///< points that pay for it
     Amount earned;
     Amount earnedStatus;
+    std::optional<StickerDeal> exchanged; ///< its discount is taken off
+    std::optional<StickerDeal> offered; ///< not taken off
 
     /// How much cheaper it may still get.
     Amount room() const;
+
+    qint64 stickers() const { return exchanged ? exchanged->stickers() : 0; }
 };
 
 using Positions = std::vector<CalculatedPosition>;
@@ -40,6 +56,7 @@ struct Calculation
     Amount spent() const;
     Amount earned() const; ///< positions and cheque together
     Amount earnedStatus() const;
+    qint64 stickers() const; ///< that the positions have exchanged
 };
 
 } // namespace emulator

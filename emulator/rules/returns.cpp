@@ -14,6 +14,13 @@ Amount due(Amount whole, Amount before, const SoldPosition &sold, Quantity quant
     return std::max(Amount(), together - before);
 }
 
+Amount dueStickers(const SoldPosition &sold, Quantity quantity)
+{
+    const Amount together
+        = proportionInUnits(sold.stickers, sold.returned + quantity, sold.quantity);
+    return std::max(Amount(), together - sold.stickersReturned);
+}
+
 ReturnedPart takePart(SoldPosition &sold, int number, Quantity quantity)
 {
     ReturnedPart part;
@@ -25,11 +32,13 @@ ReturnedPart takePart(SoldPosition &sold, int number, Quantity quantity)
     part.takeBack = due(sold.earned, sold.earnedReturned, sold, quantity);
     part.takeBackStatus = due(sold.earnedStatus, sold.statusReturned, sold, quantity);
     part.giveBack = due(sold.spent, sold.spentReturned, sold, quantity);
+    part.giveBackStickers = dueStickers(sold, quantity);
 
     sold.returned += quantity;
     sold.earnedReturned += part.takeBack;
     sold.statusReturned += part.takeBackStatus;
     sold.spentReturned += part.giveBack;
+    sold.stickersReturned += part.giveBackStickers;
     return part;
 }
 

@@ -18,11 +18,13 @@ struct SoldPosition
     Amount earned;
     Amount earnedStatus;
     Amount spent;
+    Amount stickers; ///< whole ones
 
     Quantity returned;
     Amount earnedReturned;
     Amount statusReturned;
     Amount spentReturned;
+    Amount stickersReturned;
 };
 
 /// A part of a sold position that comes back, in the sale's own figures.
@@ -36,11 +38,13 @@ struct ReturnedPart
     Amount takeBack; ///< earned points
     Amount takeBackStatus;
     Amount giveBack; ///< spent points
+    Amount giveBackStickers; ///< whole ones
 };
 
 /// Finds for each returned position the sold one: that of the same number and article first,
 /// then others of the article. Points are in proportion to the quantity and rounded so that all
-/// parts together come to exactly what was given. Nothing when more comes back than was sold.
+/// parts together come to exactly what was given; stickers are rounded down to whole ones until the
+/// last part. Nothing when more comes back than was sold.
 std::optional<std::vector<ReturnedPart>> planReturn(
     std::vector<SoldPosition> sold, const std::vector<RequestPosition> &returned);
 

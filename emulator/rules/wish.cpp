@@ -16,7 +16,9 @@ bool isMeant(const SaleRequest &sale, const std::optional<LastCalculation> &last
         return true;
     if (!last)
         return false;
-    return sale.fiscal ? last->wish == sale.paidByBonus : repeatsFigures(sale, *last);
+    if (sale.fiscal)
+        return last->wish == sale.paidByBonus;
+    return !last->isOver && repeatsFigures(sale, *last);
 }
 
 } // namespace

@@ -14,6 +14,7 @@ struct LastCalculation
     Amount sumDiscounted;
     Amount wish; ///< points that it was asked to spend and did
     QString code; ///< the verification code that was issued; empty: none
+    bool isOver = false; ///< the cheque is no longer calculated; it may still be registered
 };
 
 /// How many points the request means to spend.
@@ -21,7 +22,7 @@ struct LastCalculation
 /// "PaidByBonus" alone does not tell: a till that has no answer for the cheque yet sends the sum
 /// after discounts there, and means nothing. So where the two are equal
 /// - a calculation means it only when it repeats the figures of the last answer, which a till
-///   always does once it has one;
+///   always does once it has one; not those of a cheque that is over, whose number came again;
 /// - a registration means it only when the last calculation has spent just that.
 /// In all other cases the value is the wish.
 Amount wishOf(const SaleRequest &sale, const std::optional<LastCalculation> &last);

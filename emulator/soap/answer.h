@@ -61,6 +61,7 @@ struct AnsweredPosition
     Amount earned;
     Amount earnedStatus;
     Amount spent;
+    QMap<QString, QString> attributes; ///< a till sends them back with the position
 };
 
 struct ChequeFigures

@@ -153,6 +153,7 @@ void writePosition(QXmlStreamWriter &writer, const AnsweredPosition &position)
     write(writer, u"ActiveChargedBonus"_s, position.earned + position.earnedStatus);
     write(writer, u"ChargedStatusBonus"_s, position.earnedStatus);
     write(writer, u"WriteoffBonus"_s, position.spent);
+    writeAttributes(writer, position.attributes);
     writer.writeEndElement();
 }
 

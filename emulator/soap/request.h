@@ -4,6 +4,7 @@
 #include "emulator/data/operations.h"
 
 #include <QDate>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -44,6 +45,7 @@ struct RequestPosition
     Quantity quantity;
     Amount sum; ///< price × quantity
     Amount minimumPrice; ///< per unit; zero: none
+    QMap<QString, QString> attributes; ///< what the last answer held for it, or the till's own
 };
 
 struct SaleRequest

@@ -53,6 +53,19 @@ QString readCard(const XmlElement &payload)
     return childText(payload.child("Card"), "CardNumber");
 }
 
+/// A till may put several pairs into one element. Of two pairs with one key the last one counts.
+QMap<QString, QString> readAttributes(const XmlElement &parent)
+{
+    QMap<QString, QString> attributes;
+    for (const XmlElement &element : parent.children("ExtendedAttribute")) {
+        const auto keys = element.children("Key");
+        const auto values = element.children("Value");
+        for (std::size_t index = 0; index < keys.size(); ++index)
+            attributes.insert(keys[index].text(), values[index].text());
+    }
+    return attributes;
+}
+
 RequestPosition readPosition(const XmlElement &item)
 {
     RequestPosition position;
@@ -65,6 +78,7 @@ RequestPosition readPosition(const XmlElement &item)
     if (!sum)
         refuse(item, u"Price times Quantity is too large"_s);
     position.sum = *sum;
+    position.attributes = readAttributes(item);
     return position;
 }
 

@@ -62,6 +62,12 @@ double AbstractDocument::getSumAfterDiscounts() const
         [](double sum, const auto &position) { return sum + position->getSumb(); });
 }
 
+double AbstractDocument::getPointsPaid() const
+{
+    return std::accumulate(m_goods.cbegin(), m_goods.cend(), 0.0,
+        [](double sum, const auto &position) { return sum + position->getPointsPaid(); });
+}
+
 void AbstractDocument::recalculate()
 {
     for (const auto &position : std::as_const(m_goods))

@@ -100,6 +100,8 @@ public:
     /// Sums of all positions before and after discounts and points.
     [[nodiscard]] virtual double getSumBeforeDiscounts() const;
     [[nodiscard]] virtual double getSumAfterDiscounts() const;
+    /// Points that pay for the positions; the sum after discounts is less by them.
+    [[nodiscard]] double getPointsPaid() const;
     /// Computes the sums of all positions anew.
     virtual void recalculate();
     /// Brings everything that is derived from the document up to date, sums included.

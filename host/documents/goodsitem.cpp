@@ -7,6 +7,14 @@ double GoodsItem::getAppliedShare() const
     return m_appliedQuantity > 0.0 ? m_quantity / m_appliedQuantity : 0.0;
 }
 
+double GoodsItem::getPointsPaid() const
+{
+    if (!money::counts(m_appliedPoints))
+        return 0.0;
+    const double discount = money::roundedToKopecks(m_appliedDiscount * getAppliedShare());
+    return money::roundedToKopecks(m_sumBefore - m_sumAfter - discount);
+}
+
 void GoodsItem::recalculate()
 {
     m_sumBefore = money::roundedToKopecks(m_price * m_quantity);

@@ -81,6 +81,9 @@ public:
     /// The part of the applied discount and points that falls on the quantity of now: 1 while that
     /// is the one they were granted for, 0 before any was granted.
     [[nodiscard]] double getAppliedShare() const;
+    /// Points that pay for the quantity of now, in whole kopecks: what is left of the difference of
+    /// the two sums when the discount's share is taken off, so that the three always add up.
+    [[nodiscard]] double getPointsPaid() const;
 
     /// Computes both sums: price × quantity, and that less the applied discount and points, in
     /// proportion where the quantity is not the one they were granted for.

@@ -5,8 +5,6 @@
 
 #include <QRegularExpression>
 
-#include <numeric>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace receipt {
@@ -45,9 +43,9 @@ void addCounting(QStringList &lines, const QString &left, double value, bool isT
         lines.append(line(left, isTaken ? taken(value) : amount(value)));
 }
 
-double pointsPaid(const GoodsItem &position)
+bool comesBack(const AbstractDocument &document)
 {
-    return money::roundedToKopecks(position.getAppliedPoints() * position.getAppliedShare());
+    return document.getOperationKind() == EOperationKind::GoodsComeBack;
 }
 
 QVariantMap positionData(const GoodsItem &position)
@@ -56,7 +54,7 @@ QVariantMap positionData(const GoodsItem &position)
         position.getUnitName(), amount(position.getPrice()));
     QStringList lines = columns::wrapped(position.getName(), paperWidth);
     lines.append(line(multiplied, amount(position.getSumn())));
-    const double points = pointsPaid(position);
+    const double points = position.getPointsPaid();
     const double discount = position.getSumn() - position.getSumb() - points;
     addCounting(lines, indent + u"Скидка"_s, discount, true);
     addCounting(lines, indent + u"Оплачено баллами"_s, points, true);
@@ -72,18 +70,11 @@ QVariantList positions(const AbstractDocument &document)
     return items;
 }
 
-double pointsPaid(const AbstractDocument &document)
-{
-    const auto goods = document.getGoods();
-    return std::accumulate(goods.cbegin(), goods.cend(), 0.0,
-        [](double sum, const auto &position) { return sum + pointsPaid(*position); });
-}
-
 QStringList totals(const AbstractDocument &document)
 {
     const double before = document.getSumBeforeDiscounts();
     const double after = document.getSumAfterDiscounts();
-    const double points = pointsPaid(document);
+    const double points = document.getPointsPaid();
     QStringList lines;
     if (!money::equal(before, after))
         lines.append(line(u"Сумма"_s, amount(before)));
@@ -103,13 +94,29 @@ QStringList payments(const AbstractDocument &document)
     return lines;
 }
 
-// A sale that the loyalty system has not registered is registered from the queue later on.
-bool isBookedLater(const AbstractDocument &document, const DocumentCardRecord &card)
+QStringList pointsOfSale(
+    const AbstractDocument &sale, const DocumentCardRecord &card, Booking booking)
 {
-    return document.getType() == EDocumentType::Sale && card.getOperationId().isEmpty();
+    QStringList lines;
+    addCounting(lines, u"Списано баллов"_s, sale.getPointsPaid(), false);
+    if (booking == Booking::Later)
+        return lines << u"Баллы будут начислены позже"_s;
+    addCounting(lines, u"Начислено баллов"_s, sale.getEffects().pointsEarned, false);
+    if (card.getBonusBalance().isValid())
+        lines.append(line(u"Баланс баллов"_s, amount(card.getBonusBalance().toDouble())));
+    return lines;
 }
 
-QStringList loyalty(const AbstractDocument &document)
+// The balance on the record is the one of the sale, and a return's answer brings no newer one.
+QStringList pointsOfReturn(const AbstractDocument &document, Booking booking)
+{
+    QStringList lines;
+    addCounting(lines, u"Возвращено баллов"_s, document.getPointsPaid(), false);
+    return lines << (booking == Booking::Later ? u"Баллы за покупку будут пересчитаны позже"_s
+                                               : u"Баллы за покупку пересчитаны"_s);
+}
+
+QStringList loyalty(const AbstractDocument &document, Booking booking)
 {
     const auto card = document.getCardRecord(ECardMode::OnlineLoyalty);
     if (!card)
@@ -117,15 +124,9 @@ QStringList loyalty(const AbstractDocument &document)
     QStringList lines{line(u"Карта"_s, card->getNumber().toString())};
     if (const auto client = card->getCard()->getClient(); client && !client->getName().isEmpty())
         lines.append(line(u"Покупатель"_s, client->getName()));
-    if (isBookedLater(document, *card)) {
-        lines.append(u"Баллы будут начислены позже"_s);
-        return lines;
-    }
-    addCounting(lines, u"Списано баллов"_s, pointsPaid(document), false);
-    addCounting(lines, u"Начислено баллов"_s, document.getEffects().pointsEarned, false);
-    if (card->getBonusBalance().isValid())
-        lines.append(line(u"Баланс баллов"_s, amount(card->getBonusBalance().toDouble())));
-    return lines;
+    return lines
+        + (comesBack(document) ? pointsOfReturn(document, booking)
+                               : pointsOfSale(document, *card, booking));
 }
 
 // The loyalty system's texts come as a list with the calculation and joined in one text with the
@@ -145,11 +146,10 @@ QStringList messages(const AbstractDocument &document)
 
 QStringList heading(const AbstractDocument &document)
 {
-    const bool isReturn = document.getOperationKind() == EOperationKind::GoodsComeBack;
     const QDateTime time
         = document.getClosed().isValid() ? document.getClosed() : document.getOpened();
     QStringList lines{
-        columns::centred(isReturn ? u"ВОЗВРАТ"_s : u"КАССОВЫЙ ЧЕК"_s, paperWidth),
+        columns::centred(comesBack(document) ? u"ВОЗВРАТ"_s : u"КАССОВЫЙ ЧЕК"_s, paperWidth),
         line(u"Магазин "_s + document.getShop(), u"Касса "_s + document.getTill()),
         line(u"Чек № "_s + document.getNumber(), time.toString(u"dd.MM.yyyy HH:mm"_s)),
     };
@@ -174,7 +174,7 @@ QVariantList blocks(const QList<QStringList> &all)
 
 } // namespace
 
-QVariantMap data(const AbstractDocument &document)
+QVariantMap data(const AbstractDocument &document, Booking booking)
 {
     return {
         {u"heading"_s, heading(document)},
@@ -182,7 +182,7 @@ QVariantMap data(const AbstractDocument &document)
         {u"positions"_s, positions(document)},
         {u"totals"_s, totals(document)},
         {u"payments"_s, payments(document)},
-        {u"loyalty"_s, blocks({loyalty(document)})},
+        {u"loyalty"_s, blocks({loyalty(document, booking)})},
         {u"messages"_s, blocks({messages(document)})},
     };
 }

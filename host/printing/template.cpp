@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <kainjow/mustache.hpp>
 
@@ -55,6 +56,16 @@ Data dataFrom(const QVariant &value)
     }
 }
 
+// The library drops the line of a closing tag only where its section was shown. Behind each stands
+// a section that is always shown, of a name that nothing has, so that what is left out leaves no
+// empty line behind.
+QString withoutIdleLines(QString contents)
+{
+    static const QRegularExpression loneClosingTag(
+        uR"(^([ \t]*\{\{/[^}]+\}\})[ \t]*$)"_s, QRegularExpression::MultilineOption);
+    return contents.replace(loneClosingTag, u"\\1{{^-}}{{/-}}"_s);
+}
+
 } // namespace
 
 QString load(const QString &name, const QStringList &folders)
@@ -72,7 +83,7 @@ QString load(const QString &name, const QStringList &folders)
 
 QString fill(const QString &contents, const QVariantMap &data, const QString &name)
 {
-    kainjow::mustache::mustache compiled(contents.toStdString());
+    kainjow::mustache::mustache compiled(withoutIdleLines(contents).toStdString());
     compiled.set_custom_escape([](const std::string &text) { return text; });
     const std::string text = compiled.is_valid() ? compiled.render(dataFrom(data)) : std::string();
     if (!compiled.is_valid())

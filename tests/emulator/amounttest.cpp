@@ -65,6 +65,36 @@ TEST(Percent, OfNothingIsZero)
     EXPECT_EQ(Percent::share(amount("0.00"), amount("0.00")).toString(), u"0.00");
 }
 
+TEST(WholeUnits, AreRoundedDown)
+{
+    EXPECT_EQ(Amount::ofUnits(3), amount("3.00"));
+    EXPECT_EQ(amount("3.99").wholeUnits(), 3);
+    EXPECT_EQ(quantity("2.999").wholeUnits(), 2);
+    EXPECT_EQ(quantity("0.999").wholeUnits(), 0);
+}
+
+TEST(Amount, IsMultiplied)
+{
+    EXPECT_EQ(amount("59.90") * 3, amount("179.70"));
+}
+
+TEST(Amount, IsADoubleForJson)
+{
+    EXPECT_EQ(amount("59.90").toDouble(), 59.9);
+}
+
+TEST(ProportionInUnits, IsRoundedDownToWholeOnes)
+{
+    const std::vector<std::tuple<const char *, const char *, const char *>> rows
+        = {{"1.000", "3.000", "3.00"}, {"2.000", "3.000", "6.00"}, {"3.000", "3.000", "10.00"},
+            {"2.999", "3.000", "9.00"}, {"0.000", "3.000", "0.00"}};
+    for (const auto &[part, whole, expected] : rows) {
+        SCOPED_TRACE(part);
+        EXPECT_EQ(
+            proportionInUnits(amount("10.00"), quantity(part), quantity(whole)), amount(expected));
+    }
+}
+
 TEST(Apportion, GivesTheRestToTheGreatestRemainders)
 {
     EXPECT_THAT(apportion(amount("1.00"), {amount("1.00"), amount("1.00"), amount("1.00")}),

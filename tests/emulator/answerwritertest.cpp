@@ -19,8 +19,8 @@ ChequeFigures figures()
     figures.sumDiscounted = amount("90.00");
     figures.earned = amount("4.50");
     figures.earnedStatus = amount("0.90");
-    figures.positions
-        = {{1, amount("100.00"), amount("90.00"), amount("4.50"), amount("0.90"), amount("10.00")}};
+    figures.positions = {{1, amount("100.00"), amount("90.00"), amount("4.50"), amount("0.90"),
+        amount("10.00"), {}}};
     return figures;
 }
 
@@ -57,6 +57,15 @@ TEST(AnswerWriter, WritesTheChequesDiscountAsAnAmountAndThePositionsAsAPercentag
     const QByteArray xml = writeAnswer(ChequeAnswer{{}, cheque});
     EXPECT_TRUE(xmlLines(xml).join(u'\n').contains(u"ChequeResponse/Discount = 10.00"));
     EXPECT_TRUE(xmlLines(xml).join(u'\n').contains(u"Item/Discount = 20.00"));
+}
+
+TEST(AnswerWriter, WritesTheAttributesOfAPositionLast)
+{
+    ChequeFigures cheque = figures();
+    cheque.positions[0].attributes = {{u"StickersInterchange"_s, u"{\"amount\":2}"_s}};
+    const QByteArray xml = writeAnswer(ChequeAnswer{{}, cheque});
+    EXPECT_EQ(complaintOfSchemaFiles(xml), QString());
+    EXPECT_TRUE(xmlLines(xml).last().endsWith(u"Item/ExtendedAttribute/Value = {\"amount\":2}"));
 }
 
 TEST(AnswerWriter, WritesTheTimeWithoutFractionAndZone)

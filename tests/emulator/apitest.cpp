@@ -37,11 +37,13 @@ protected:
 TEST_F(ApiTest, ListsTheCards)
 {
     const Json cards = whenRead("cards");
-    ASSERT_EQ(cards.size(), 4u);
+    ASSERT_EQ(cards.size(), 5u);
     EXPECT_EQ(cards[0]["number"], "2900000000017");
     EXPECT_EQ(cards[0]["type"], "Золотая");
     EXPECT_EQ(cards[0]["balance"], 500.0);
     EXPECT_EQ(cards[2]["status"], 3);
+    EXPECT_EQ(cards[4]["stickers"], 10.0);
+    EXPECT_EQ(cards[0]["stickers"], 0.0);
 }
 
 TEST_F(ApiTest, ShowsACardWithItsLedger)
@@ -129,7 +131,7 @@ TEST_F(ApiTest, AuditsTheBooks)
 {
     givenSale();
     EXPECT_EQ(
-        whenRead("audit"), Json::parse(R"({"ok": true, "cards": 4, "entries": 6, "transactions": 1,
+        whenRead("audit"), Json::parse(R"({"ok": true, "cards": 5, "entries": 8, "transactions": 1,
                         "problems": []})"));
 }
 

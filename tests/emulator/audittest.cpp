@@ -23,13 +23,14 @@ protected:
         books.ledger.enter({u"1"_s, Account::Active, EntryKind::Opening, amount("10.00"), 0, 0});
     }
 
-    qint64 givenSale(const char *earned)
+    qint64 givenSale(const char *earned, const char *stickers = "0.00")
     {
         NewTransaction sale;
         sale.cheque.card = u"1"_s;
         const qint64 id = books.transactions.add(sale);
         BookedPosition position;
         position.earned = amount(earned);
+        position.stickers = amount(stickers);
         books.transactions.addPosition(id, position);
         return id;
     }
@@ -71,6 +72,33 @@ TEST_F(AuditTest, FindsASaleThatMovedOtherPointsThanItsPositions)
     EXPECT_THAT(whenAudited(),
         ElementsAre(
             u"transaction 0000000001: its positions come to 2.00 points, it has moved 2.01"_s));
+}
+
+TEST_F(AuditTest, FindsTheStickersOfASaleInOrder)
+{
+    const qint64 sale = givenSale("0.00", "6.00");
+    books.ledger.enter({u"1"_s, Account::Stickers, EntryKind::Opening, amount("10.00"), 0, 0});
+    books.ledger.enter({u"1"_s, Account::Stickers, EntryKind::Spent, amount("-6.00"), sale, 0});
+    EXPECT_THAT(whenAudited(), testing::IsEmpty());
+}
+
+TEST_F(AuditTest, FindsASaleWhosePositionsWereTamperedWith)
+{
+    const qint64 sale = givenSale("0.00", "6.00");
+    books.ledger.enter({u"1"_s, Account::Stickers, EntryKind::Opening, amount("10.00"), 0, 0});
+    books.ledger.enter({u"1"_s, Account::Stickers, EntryKind::Spent, amount("-6.00"), sale, 0});
+    database.change(u"UPDATE positions SET stickers = 500"_s);
+    EXPECT_THAT(whenAudited(),
+        ElementsAre(
+            u"transaction 0000000001: its positions come to -5.00 stickers, it has moved -6.00"_s));
+}
+
+TEST_F(AuditTest, FindsAStickerBalanceThatTheEntriesDoNotComeTo)
+{
+    books.ledger.enter({u"1"_s, Account::Stickers, EntryKind::Opening, amount("10.00"), 0, 0});
+    database.change(u"UPDATE ledger SET amount = 900 WHERE account = 'stickers'"_s);
+    EXPECT_THAT(whenAudited(),
+        ElementsAre(u"card 1, entry 2: the entries come to 9.00, the balance is 10.00"_s));
 }
 
 TEST_F(AuditTest, LeavesRolledBackSalesAlone)

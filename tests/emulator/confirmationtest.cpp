@@ -75,9 +75,42 @@ TEST_F(ConfirmationTest, WithAnotherCodeIsRefused)
 
 TEST_F(ConfirmationTest, WithoutACodeIsRefusedAboveTheLimit)
 {
+    const ChequeFigures soft = whenAccepted(sale);
+    const ChequeFigures last = whenAccepted(nextSoft(sale, soft, amount("100.01")));
+    thenRefused(registration(last, "100.01", {}), returncodes::wrongConfirmation);
+    thenRefused(registration(last, "100.01", u"1234"_s), returncodes::wrongConfirmation);
+    thenRefused(fiscal(sale, last, amount("100.01")), returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, WithoutTheCodeThatWasIssuedIsRefusedWhereTheTillSpeaksOfConfirmation)
+{
     const ChequeFigures asked = whenCodeIsAsked("100.01");
-    thenRefused(registration(asked, "100.01", {}), returncodes::wrongConfirmation);
-    thenRefused(fiscal(sale, asked, amount("100.01")), returncodes::wrongConfirmation);
+    SaleRequest request = registration(asked, "100.01", {});
+    thenRefused(request, returncodes::wrongConfirmation);
+    request.confirmation = Confirmation{false, false, asked.verificationCode};
+    thenRefused(request, returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, FromTheQueueNeedsNoCodeWhereOneWasIssuedForThesePoints)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    // The holder comes back before the queue does.
+    desk().answer(BalanceRequest{sale.till, sale.card});
+    whenAccepted(fiscal(sale, asked, amount("150.00")));
+    thenBalanceIs("362.50");
+}
+
+TEST_F(ConfirmationTest, FromTheQueueNeedsTheCodeForOtherPoints)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    thenRefused(fiscal(sale, asked, amount("150.01")), returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, OfLargerPointsDoesNotStandInTheWayOfSmallerOnes)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    const ChequeFigures last = whenAccepted(nextSoft(sale, asked, amount("50.00")));
+    whenAccepted(registration(last, "50.00", asked.verificationCode));
 }
 
 TEST_F(ConfirmationTest, IsNotNeededUpToTheLimit)

@@ -108,6 +108,15 @@ TEST_F(PointsTest, AreKeptWhenACancelledChequeIsSoldAgainAsItWas)
     EXPECT_EQ(whenAccepted(sale).spent, Amount());
 }
 
+TEST_F(PointsTest, ThatPaidForAllOfAChequeAreSpentWhenItComesFromTheQueueAfterTheNextOne)
+{
+    data.spending.share = Percent::ofHundredths(10000);
+    const ChequeFigures soft = whenAccepted(sale);
+    const ChequeFigures paid = whenAccepted(nextSoft(sale, soft, soft.sumDiscounted));
+    desk().answer(BalanceRequest{sale.till, sale.card});
+    EXPECT_EQ(whenAccepted(fiscal(sale, paid, paid.sumDiscounted)).spent, soft.sumDiscounted);
+}
+
 TEST_F(PointsTest, AreNotForgottenWhenTheCardIsPresentedElsewhere)
 {
     data.spending.share = Percent::ofHundredths(10000);

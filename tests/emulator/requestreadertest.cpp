@@ -76,6 +76,25 @@ TEST_F(RequestReaderTest, ReadsThePositionsOfASale)
     EXPECT_EQ(sale.positions[2].minimumPrice, amount("2.50"));
 }
 
+TEST_F(RequestReaderTest, ReadsTheAttributesOfAPosition)
+{
+    const auto sale = std::get<SaleRequest>(whenRead(sample("stickers-exchange-request.xml")));
+    ASSERT_EQ(sale.positions.size(), 2u);
+    EXPECT_EQ(sale.positions[1].attributes.value(u"StickersInterchange"_s),
+        u"{\"activebalance\":10,\"promocoupons\":4,\"amount\":1,\"discount\":90.0}");
+}
+
+TEST_F(RequestReaderTest, ReadsSeveralAttributesInOneElementAndInSeveral)
+{
+    const auto sale = std::get<SaleRequest>(
+        whenRead(changed("sale-soft-request.xml", "<Value>red</Value>\n      </ExtendedAttribute>",
+            "<Value>red</Value><Key>Size</Key><Value>L</Value></ExtendedAttribute>"
+            "<ExtendedAttribute><Key>Color</Key><Value>blue</Value></ExtendedAttribute>")));
+    const QMap<QString, QString> expected = {{u"Color"_s, u"blue"_s}, {u"Size"_s, u"L"_s}};
+    EXPECT_EQ(sale.positions[0].attributes, expected);
+    EXPECT_TRUE(sale.positions[1].attributes.isEmpty());
+}
+
 TEST_F(RequestReaderTest, ReadsAReturn)
 {
     const auto request = std::get<ReturnRequest>(whenRead(sample("return-request.xml")));

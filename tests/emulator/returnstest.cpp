@@ -62,6 +62,41 @@ TEST(PlanReturn, InThirdsComesToExactlyTheWhole)
     EXPECT_EQ(given, amount("10.00"));
 }
 
+TEST(PlanReturn, GivesWholeStickersBackAndTheRestWithTheLastPart)
+{
+    SoldPosition position = sold(1, "A", "4.000");
+    position.stickers = amount("10.00");
+    for (const char *stickers : {"2.00", "3.00", "2.00", "3.00"}) {
+        const auto parts = planReturn({position}, {returned(1, "A", "1.000")});
+        ASSERT_TRUE(parts);
+        EXPECT_EQ(parts->front().giveBackStickers, amount(stickers));
+        position.returned += parts->front().quantity;
+        position.stickersReturned += parts->front().giveBackStickers;
+    }
+}
+
+TEST(PlanReturn, CountsTheStickersOfTwoPositionsOfOneReturnTogether)
+{
+    SoldPosition position = sold(1, "A", "4.000");
+    position.stickers = amount("10.00");
+    const auto parts
+        = planReturn({position}, {returned(1, "A", "1.000"), returned(2, "A", "3.000")});
+    ASSERT_TRUE(parts);
+    EXPECT_EQ((*parts)[0].giveBackStickers, amount("2.00"));
+    EXPECT_EQ((*parts)[1].giveBackStickers, amount("8.00"));
+}
+
+TEST(PlanReturn, NeverGivesLessThanNoStickersAfterAnEarlierPartWasUndone)
+{
+    SoldPosition position = sold(1, "A", "4.000");
+    position.stickers = amount("10.00");
+    position.returned = quantity("1.000");
+    position.stickersReturned = amount("3.00"); // of the second part, the first one was undone
+    const auto parts = planReturn({position}, {returned(1, "A", "0.100")});
+    ASSERT_TRUE(parts);
+    EXPECT_EQ(parts->front().giveBackStickers, Amount());
+}
+
 TEST(PlanReturn, OfMoreThanSoldIsNothing)
 {
     EXPECT_FALSE(planReturn({sold(1, "A", "3.000")}, {returned(1, "A", "3.001")}));

@@ -23,12 +23,28 @@ TEST(SampleData, HoldsTheCardsThatTheTutorialsName)
     EXPECT_FALSE(data.coupons.at(1).applicable);
 }
 
+TEST(SampleData, HoldsACardWithStickersAndWhatTheyBuy)
+{
+    const ServiceData data = sampleServiceData();
+    EXPECT_EQ(data.cards.at(4).number, u"2900000000062");
+    EXPECT_EQ(data.cards.at(4).openingStickers, 10);
+    EXPECT_EQ(data.cards.at(0).openingStickers, 0);
+    ASSERT_EQ(data.stickerOffers.size(), 2u);
+    EXPECT_EQ(data.stickerOffers[0].article, u"1007");
+    EXPECT_EQ(data.stickerOffers[0].stickers, 3);
+    EXPECT_EQ(data.stickerOffers[0].discount, amount("60.00"));
+    EXPECT_FALSE(data.stickerOffers[0].limit);
+    EXPECT_EQ(data.stickerOffers[1].limit, 1);
+}
+
 TEST(ServiceData, TakesDefaultsForWhatIsLeftOut)
 {
     const ServiceData data = readServiceData(R"({"cards": [{"number": "1"}]})");
     EXPECT_THAT(data.servedStatuses, testing::ElementsAre(2));
     EXPECT_EQ(data.cards.at(0).status, 2);
     EXPECT_EQ(data.cards.at(0).openingBalance, Amount());
+    EXPECT_EQ(data.cards.at(0).openingStickers, 0);
+    EXPECT_TRUE(data.stickerOffers.empty());
     EXPECT_FALSE(data.cards.at(0).forced);
     EXPECT_FALSE(data.spending.confirmAbove);
     EXPECT_TRUE(data.technicalCards.prefix.isEmpty());
@@ -92,6 +108,30 @@ INSTANTIATE_TEST_SUITE_P(Table, WrongServiceData,
         Row{R"({"cards": [{"number": "1", "balance": -1}]})",
             "/cards/0/balance: expected an amount of zero or more"},
         Row{R"({"cards": [{"number": "1", "balance": 0.001}]})", "at most two decimals"},
+        Row{R"({"cards": [{"number": "1", "stickers": -1}]})",
+            "/cards/0/stickers: expected a whole number of at least 0, got -1"},
+        Row{R"({"cards": [{"number": "1", "stickers": 1.5}]})",
+            "/cards/0/stickers: expected a whole number, got 1.5"},
+        Row{R"({"stickerOffers": {}})", "/stickerOffers: expected an array"},
+        Row{R"({"stickerOffers": [{"stickers": 1, "discount": 1}]})",
+            "/stickerOffers/0/article: expected, but it is missing"},
+        Row{R"({"stickerOffers": [{"article": "", "stickers": 1, "discount": 1}]})",
+            "/stickerOffers/0/article: expected a text that is not empty"},
+        Row{R"({"stickerOffers": [{"article": "A", "discount": 1}]})",
+            "/stickerOffers/0/stickers: expected, but it is missing"},
+        Row{R"({"stickerOffers": [{"article": "A", "stickers": 0, "discount": 1}]})",
+            "/stickerOffers/0/stickers: expected a whole number of at least 1, got 0"},
+        Row{R"({"stickerOffers": [{"article": "A", "stickers": 1}]})",
+            "/stickerOffers/0/discount: expected, but it is missing"},
+        Row{R"({"stickerOffers": [{"article": "A", "stickers": 1, "discount": 0}]})",
+            "/stickerOffers/0/discount: expected an amount above zero, got 0"},
+        Row{R"({"stickerOffers": [{"article": "A", "stickers": 1, "discount": 1, "limit": 0}]})",
+            "/stickerOffers/0/limit: expected a whole number of at least 1, got 0"},
+        Row{R"({"stickerOffers": [{"article": "A", "stickers": 1, "discount": 1, "max": 1}]})",
+            "/stickerOffers/0/max: unknown member, expected one of article, stickers"},
+        Row{R"({"stickerOffers": [{"article": "A", "stickers": 1, "discount": 1},
+                                  {"article": "A", "stickers": 2, "discount": 1}]})",
+            "/stickerOffers/1/article: expected an article that no offer above has, got \"A\""},
         Row{R"({"cards": [{"number": "1", "chequesByEmail": 1}]})", "expected true or false"},
         Row{R"({"cards": [{"number": "1", "attributes": {"a/b": 1}}]})",
             "/cards/0/attributes/a~1b: expected a text"},

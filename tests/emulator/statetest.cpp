@@ -18,6 +18,7 @@ protected:
         card.number = QString::fromLatin1(testCard);
         card.status = 2;
         card.openingBalance = amount("500.00");
+        card.openingStickers = 10;
         data.servedStatuses = {2};
         data.cards = {card};
         data.earning.percent = Percent::ofHundredths(500);
@@ -76,6 +77,16 @@ TEST_F(StateTest, GivesNoSecondOpeningBalance)
     EXPECT_EQ(whenBalanceIsAsked(), amount("500.00"));
 }
 
+TEST_F(StateTest, GivesNoSecondOpeningStickers)
+{
+    whenBalanceIsAsked();
+    data.cards[0].openingStickers = 90;
+    Database database(path);
+    const Desk desk(data, database, [] { return QDateTime::currentDateTimeUtc(); });
+    EXPECT_EQ(desk.books().ledger.balance(QString::fromLatin1(testCard), Account::Stickers),
+        amount("10.00"));
+}
+
 TEST_F(StateTest, TakesOverWhatTheDataSaysAboutAKnownCard)
 {
     whenBalanceIsAsked();
@@ -101,6 +112,15 @@ TEST_F(StateTest, OfAnotherProgramIsLeftAlone)
     {
         Database database(path);
         database.change(u"PRAGMA user_version = 99"_s);
+    }
+    EXPECT_TRUE(whenOpeningFails().contains(u"another program or version"));
+}
+
+TEST_F(StateTest, OfTheLayoutWithoutStickersIsLeftAlone)
+{
+    {
+        Database database(path);
+        database.change(u"PRAGMA user_version = 1"_s);
     }
     EXPECT_TRUE(whenOpeningFails().contains(u"another program or version"));
 }

@@ -29,6 +29,25 @@ protected:
             xmlLines(whenPosted(sample(request)), timeOfDay), xmlLines(sample(answer), timeOfDay));
     }
 
+    /// The cheque of the exchange as it is registered, its positions with the answer's attributes.
+    static QByteArray registrationOfStickers()
+    {
+        QByteArray request = sample("stickers-exchange-request.xml");
+        request.replace(R"({"activebalance":10,"promocoupons":3,"amount":2,"discount":60.0})",
+            R"({"card":"2900000000062","stickers":6,"amount":2,"discount":60.0})");
+        request.replace(R"({"activebalance":10,"promocoupons":4,"amount":1,"discount":90.0})",
+            R"({"card":"2900000000062","stickers":4,"amount":1,"discount":90.0})");
+        request.replace("StickersInterchange", "StickersExchanged");
+        return request.replace("\"Soft\"", "\"Fiscal\"");
+    }
+
+    void thenStickersAre(const char *stickers)
+    {
+        const QByteArray card = httpGet(service.api("cards/2900000000062")).body;
+        EXPECT_TRUE(card.contains(QByteArray("\"stickers\": ").append(stickers)))
+            << card.constData();
+    }
+
     ServiceProcess service;
 };
 
@@ -39,6 +58,35 @@ TEST_F(StoryTest, OfASaleGoesAsTheSamplesSay)
     thenAnswered("sale-points-request.xml", "sale-points-answer.xml");
     thenAnswered("sale-fiscal-request.xml", "sale-answer.xml");
     thenAnswered("rollback-request.xml", "rollback-answer.xml");
+}
+
+TEST_F(StoryTest, OfStickersGoesAsTheSamplesSay)
+{
+    thenAnswered("stickers-offer-request.xml", "stickers-offer-answer.xml");
+    thenAnswered("stickers-exchange-request.xml", "stickers-exchange-answer.xml");
+    thenStickersAre("10.0");
+    const QByteArray registration = registrationOfStickers();
+    const QByteArray sold = whenPosted(registration);
+    EXPECT_EQ(firstValue(sold, u"ReturnCode"_s), u"0");
+    EXPECT_EQ(firstValue(sold, u"SummDiscounted"_s), u"607.80");
+    EXPECT_EQ(firstValue(sold, u"Key"_s), u"StickersExchanged");
+    thenStickersAre("0.0");
+    EXPECT_TRUE(httpGet(service.api("transactions")).body.contains("\"stickers\": 6.0"));
+    EXPECT_EQ(whenPosted(registration), sold);
+    EXPECT_TRUE(httpGet(service.api("audit")).body.contains("\"ok\": true"));
+    const QByteArray rollback = sample("rollback-request.xml");
+    whenPosted(QByteArray(rollback).replace(">2900000000017<", ">2900000000062<"));
+    thenStickersAre("10.0");
+}
+
+TEST_F(StoryTest, OfStickersThatAnotherTillHasTakenEndsInARefusal)
+{
+    QByteArray elsewhere = registrationOfStickers();
+    EXPECT_EQ(
+        firstValue(whenPosted(elsewhere.replace("<POS>1<", "<POS>2<")), u"ReturnCode"_s), u"0");
+    const QByteArray refused = whenPosted(registrationOfStickers());
+    EXPECT_EQ(firstValue(refused, u"ReturnCode"_s), u"81330");
+    EXPECT_EQ(firstValue(refused, u"Message"_s), u"Недостаточно фишек");
 }
 
 TEST_F(StoryTest, OfAReturnGoesAsTheSamplesSay)

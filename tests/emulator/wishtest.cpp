@@ -48,10 +48,19 @@ TEST_F(WishTest, IsNothingWhenAnotherChequeHasTakenTheNumber)
 {
     last.sum = amount("100.01");
     EXPECT_EQ(wishOf(sale, last), Amount());
-    last = {sale.sum, amount("9.99"), sale.sumDiscounted, {}, {}};
+    last = {sale.sum, amount("9.99"), sale.sumDiscounted, {}, {}, false};
     EXPECT_EQ(wishOf(sale, last), Amount());
-    last = {sale.sum, sale.discount, amount("89.99"), {}, {}};
+    last = {sale.sum, sale.discount, amount("89.99"), {}, {}, false};
     EXPECT_EQ(wishOf(sale, last), Amount());
+}
+
+TEST_F(WishTest, OfAChequeThatIsOverIsOnlyMeantInItsRegistration)
+{
+    last.isOver = true;
+    last.wish = amount("90.00");
+    EXPECT_EQ(wishOf(sale, last), Amount());
+    sale.fiscal = true;
+    EXPECT_EQ(wishOf(sale, last), amount("90.00"));
 }
 
 TEST_F(WishTest, OfARegistrationIsTheWholeSumOnlyWhenItWasCalculatedSo)

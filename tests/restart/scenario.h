@@ -30,7 +30,7 @@ struct Scenario
 /// Reads a script from its text. Comments, blank lines and `expect` lines are left out: what was
 /// expected of a till that nobody killed need not hold of another one.
 Scenario readScenario(const QString &name, const QString &text);
-/// All scripts of a folder, `*.till`, by name.
+/// All scripts of a folder, `*.till`, by name; `NAME.2.till` and so on belong to `NAME.till`.
 /// @throws std::runtime_error when one cannot be read.
 std::vector<Scenario> scenariosIn(const QString &folder);
 

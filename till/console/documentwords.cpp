@@ -46,6 +46,35 @@ QStringList withoutEmpty(const QStringList &texts, const QString &before)
     return lines;
 }
 
+bool comesBack(const AbstractDocument &document)
+{
+    return document.getOperationKind() == EOperationKind::GoodsComeBack;
+}
+
+// ", discount 9.18, points 17.15" of what was granted.
+QString granted(double discount, double points)
+{
+    QString text;
+    if (!money::equal(discount, 0.0))
+        text += u", discount "_s + amountText(discount);
+    if (money::counts(points))
+        text += u", points "_s + amountText(points);
+    return text;
+}
+
+QStringList points(const AbstractDocument &document)
+{
+    const LoyaltyEffects &effects = document.getEffects();
+    const double paid = document.getPointsPaid();
+    if (money::counts(paid))
+        return {comesBack(document) ? u"Points to be given back: "_s + amountText(paid)
+                                    : u"Paid with points: %1, can be spent: %2"_s.arg(
+                                        amountText(paid), amountText(effects.pointsAvailable))};
+    if (money::counts(effects.pointsAvailable))
+        return {u"Points that can be spent: "_s + amountText(effects.pointsAvailable)};
+    return {};
+}
+
 } // namespace
 
 QString opened(const AbstractDocument &document)
@@ -54,39 +83,44 @@ QString opened(const AbstractDocument &document)
         document.getNumber(), typeName(document), stateName(document.getState()));
 }
 
-QString card(const DocumentCardRecord &card)
+QStringList card(const AbstractDocument &document)
 {
-    QString text = u"Card "_s + card.getNumber().toString();
-    const auto client = card.getCard()->getClient();
+    const auto record = document.getCardRecord(ECardMode::OnlineLoyalty);
+    if (!record)
+        return {};
+    QString text = u"Card "_s + record->getNumber().toString();
+    const auto client = record->getCard()->getClient();
     if (client && !client->getName().isEmpty())
         text += u", "_s + client->getName();
-    const auto group = card.getCard()->getCardGroup();
+    const auto group = record->getCard()->getCardGroup();
     if (group && !group->getName().isEmpty())
         text += u" (%1)"_s.arg(group->getName());
-    if (card.getBonusBalance().isValid())
-        text += u", balance %1 points"_s.arg(amountText(card.getBonusBalance().toDouble()));
-    return text;
+    // A return's record has the balance of the sale, which is not the one of now.
+    const QVariant balance = record->getBonusBalance();
+    if (balance.isValid() && !comesBack(document))
+        text += u", balance %1 points"_s.arg(amountText(balance.toDouble()));
+    return {text};
 }
 
 QString position(const GoodsItem &position)
 {
-    QString text = u"%1. %2: %3 x %4 = %5"_s.arg(QString::number(position.getPosnum()),
+    const QString text = u"%1. %2: %3 x %4 = %5"_s.arg(QString::number(position.getPosnum()),
         position.getName(), quantityText(position.getBquant()), amountText(position.getPrice()),
         amountText(position.getSumn()));
-    if (!money::equal(position.getSumn(), position.getSumb()))
-        text += u", less %1: %2"_s.arg(
-            amountText(position.getSumn() - position.getSumb()), amountText(position.getSumb()));
-    return text;
+    const double points = position.getPointsPaid();
+    const QString less = granted(position.getSumn() - position.getSumb() - points, points);
+    return less.isEmpty() ? text : text + less + u": "_s + amountText(position.getSumb());
 }
 
 QString sums(const AbstractDocument &document)
 {
     const double before = document.getSumBeforeDiscounts();
     const double after = document.getSumAfterDiscounts();
-    if (money::equal(before, after))
-        return u"To pay %1"_s.arg(amountText(after));
-    return u"Sum %1, less %2, to pay %3"_s.arg(
-        amountText(before), amountText(before - after), amountText(after));
+    const double points = document.getPointsPaid();
+    const QString less = granted(before - after - points, points);
+    const QString toPay
+        = (comesBack(document) ? u"To pay back "_s : u"To pay "_s) + amountText(after);
+    return less.isEmpty() ? toPay : u"Sum %1%2. %3"_s.arg(amountText(before), less, toPay);
 }
 
 QString coupon(const Coupon &coupon)
@@ -120,8 +154,7 @@ QStringList ending(const AbstractDocument &document)
 QStringList whole(const AbstractDocument &document)
 {
     QStringList lines{opened(document)};
-    if (const auto record = document.getCardRecord(ECardMode::OnlineLoyalty))
-        lines.append(card(*record));
+    lines += card(document);
     const auto goods = document.getGoods();
     for (const auto &item : goods)
         lines.append(position(*item));
@@ -132,6 +165,7 @@ QStringList whole(const AbstractDocument &document)
     for (const Payment &item : payments)
         lines.append(payment(item));
     lines.append(sums(document));
+    lines += points(document);
     return lines + messages(document);
 }
 

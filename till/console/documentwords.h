@@ -11,7 +11,8 @@ namespace till {
 namespace words {
 
 [[nodiscard]] QString opened(const AbstractDocument &document);
-[[nodiscard]] QString card(const DocumentCardRecord &card);
+/// The loyalty card with its holder and, in a sale, its balance; nothing without a card.
+[[nodiscard]] QStringList card(const AbstractDocument &document);
 [[nodiscard]] QString position(const GoodsItem &position);
 [[nodiscard]] QString sums(const AbstractDocument &document);
 [[nodiscard]] QString coupon(const Coupon &coupon);

@@ -28,12 +28,6 @@ QStringList lastCoupon(const AbstractDocument &document)
     return coupons.isEmpty() ? QStringList() : QStringList{words::coupon(*coupons.constLast())};
 }
 
-QStringList attachedCard(const AbstractDocument &document)
-{
-    const auto card = document.getCardRecord(ECardMode::OnlineLoyalty);
-    return card ? QStringList{words::card(*card)} : QStringList();
-}
-
 QStringList lastPayment(const AbstractDocument &document)
 {
     const auto payments = document.getPayments();
@@ -47,7 +41,7 @@ QStringList openedLine(const AbstractDocument &document)
 
 // What people want to see of the document after a command; nothing after those not listed.
 const QMap<QString, Words> wordsAfter{{u"sale"_s, openedLine}, {u"return"_s, words::whole},
-    {u"card"_s, attachedCard}, {u"input"_s, words::whole}, {u"add"_s, lastPosition},
+    {u"card"_s, words::card}, {u"input"_s, words::whole}, {u"add"_s, lastPosition},
     {u"quantity"_s, words::whole}, {u"storno"_s, words::whole}, {u"coupon"_s, lastCoupon},
     {u"total"_s, words::whole}, {u"points"_s, words::whole}, {u"pay"_s, lastPayment},
     {u"close"_s, words::ending}, {u"cancel"_s, openedLine}, {u"show"_s, words::whole}};

@@ -52,11 +52,7 @@ Outcome Till::calculate()
 
 double Till::sumWithoutPoints() const
 {
-    double sum = document()->getSumAfterDiscounts();
-    const auto goods = document()->getGoods();
-    for (const auto &position : goods)
-        sum += position->getAppliedPoints() * position->getAppliedShare();
-    return sum;
+    return document()->getSumAfterDiscounts() + document()->getPointsPaid();
 }
 
 std::optional<tr::Tr> Till::whyNoPoints(std::optional<double> amount, Outcome &outcome)

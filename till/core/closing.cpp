@@ -68,11 +68,22 @@ void Till::putOut(Outcome &outcome)
     leave(outcome);
 }
 
+// A sale that was registered carries the registration's id. A return carries none; it was queued
+// unless the exchange of its commit succeeded.
+receipt::Booking Till::booking() const
+{
+    const auto card = document()->getCardRecord(ECardMode::OnlineLoyalty);
+    const bool isBooked = document()->getType() == EDocumentType::Sale
+        ? card && !card->getOperationId().isEmpty()
+        : m_exchanges.lastSucceeded();
+    return isBooked ? receipt::Booking::Done : receipt::Booking::Later;
+}
+
 // Not by the factory's printer, which is the plug-in's.
 void Till::printReceipt(Outcome &outcome) const
 {
     try {
-        TextPrinter().print(receipt::templateName, {}, receipt::data(*document()),
+        TextPrinter().print(receipt::templateName, {}, receipt::data(*document(), booking()),
             TextPrinter::defaultCopies, true);
     } catch (const BasicException &error) {
         outcome.notices.append(error.tr());

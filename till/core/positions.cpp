@@ -58,7 +58,7 @@ void Till::insertPosition(const Article &article, const PositionRequest &request
     const control::Action action(control::EActionType::AddPosition,
         {{u"position"_s, QVariant::fromValue(position)}, {u"rawdata"_s, request.rawData}});
     runAction(action, outcome, [&] {
-        m_lastPosnum = open->takeNextPosnum();
+        open->takeNextPosnum();
         open->addPosition(position);
         dropPayments();
     });
@@ -96,7 +96,6 @@ void Till::setQuantity(GoodsItem &position, double quantity, Outcome &outcome)
     runAction(action, outcome, [&] {
         position.setBquant(quantity);
         position.recalculate();
-        m_lastPosnum = position.getPosnum();
         dropPayments();
     });
     modifiers.clear(modifiers::Type::Quantity);

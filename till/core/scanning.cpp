@@ -71,10 +71,15 @@ Outcome Till::scan(const QString &data)
     return outcome;
 }
 
+// A scan that repeats the last one belongs to the position that was made of it. Where that one was
+// taken off, or another cheque has begun, it is a scan like any other.
 void Till::carryOutScan(const control::Action &action, const QString &data, Outcome &outcome)
 {
-    if (action.value(u"useLastChangedPosition"_s, false).toBool()) {
-        raiseLastPosition(outcome);
+    const bool repeatsLast = action.value(u"useLastChangedPosition"_s, false).toBool();
+    const auto last = repeatsLast ? lastAddedPosition() : QSharedPointer<GoodsItem>();
+    if (last) {
+        requireGoodsAllowed();
+        setQuantity(*last, last->getBquant() + oneMore, outcome);
     } else {
         requireScanAllowed(data);
         addScanned(data, outcome);
@@ -82,15 +87,9 @@ void Till::carryOutScan(const control::Action &action, const QString &data, Outc
     runTriggersAfter(m_system, action, outcome);
 }
 
-void Till::raiseLastPosition(Outcome &outcome)
+QSharedPointer<GoodsItem> Till::lastAddedPosition() const
 {
-    requireGoodsAllowed();
-    const auto goods = document()->getGoods();
-    auto position = document()->getPosition(m_lastPosnum);
-    if (!position && !goods.isEmpty())
-        position = goods.constLast();
-    if (position)
-        setQuantity(*position, position->getBquant() + oneMore, outcome);
+    return document()->getPosition(document()->getNextPosnum() - 1);
 }
 
 void Till::addScanned(const QString &data, Outcome &outcome)

@@ -33,15 +33,6 @@ qlonglong lastNumberBefore()
     return number;
 }
 
-double pointsSpent(const AbstractDocument &document)
-{
-    double points = 0.0;
-    const auto goods = document.getGoods();
-    for (const auto &position : goods)
-        points += position->getAppliedPoints() * position->getAppliedShare();
-    return points;
-}
-
 } // namespace
 
 ShiftSums sumUp(const QList<QSharedPointer<AbstractDocument>> &closed)
@@ -55,7 +46,7 @@ ShiftSums sumUp(const QList<QSharedPointer<AbstractDocument>> &closed)
             ++sums.sales;
             sums.sold += document->getSumAfterDiscounts();
             sums.pointsEarned += document->getEffects().pointsEarned;
-            sums.pointsSpent += pointsSpent(*document);
+            sums.pointsSpent += document->getPointsPaid();
         }
     }
     return sums;

@@ -4,6 +4,7 @@
 #include "host/framework/action.h"
 #include "host/framework/basicloyaltysystem.h"
 #include "host/framework/event.h"
+#include "host/printing/receipt.h"
 #include "host/storage/documentstore.h"
 #include "till/core/exchanges.h"
 #include "till/core/outcome.h"
@@ -126,7 +127,7 @@ private:
     void setQuantity(GoodsItem &position, double quantity, Outcome &outcome);
     void carryOutScan(const control::Action &action, const QString &data, Outcome &outcome);
     void addScanned(const QString &data, Outcome &outcome);
-    void raiseLastPosition(Outcome &outcome);
+    [[nodiscard]] QSharedPointer<GoodsItem> lastAddedPosition() const;
 
     [[nodiscard]] double sumWithoutPoints() const;
     [[nodiscard]] std::optional<tr::Tr> whyNoPoints(std::optional<double> amount, Outcome &outcome);
@@ -135,6 +136,7 @@ private:
     [[nodiscard]] bool confirmClosing(Outcome &outcome);
     void registerSale(Outcome &outcome);
     void putOut(Outcome &outcome);
+    [[nodiscard]] receipt::Booking booking() const;
     void printReceipt(Outcome &outcome) const;
     void deliverAfterClose(Outcome &outcome);
 
@@ -142,7 +144,6 @@ private:
     const Catalogue &m_catalogue;
     DocumentStore &m_store;
     const Exchanges &m_exchanges;
-    int m_lastPosnum = 0; ///< the position that was added or changed last; may be gone
 };
 
 } // namespace till

@@ -16,6 +16,7 @@ struct Case
     double grantedFor;
     double sumBefore;
     double sumAfter;
+    double pointsPaid;
 };
 
 class RecalculateTest : public testing::TestWithParam<Case>
@@ -39,20 +40,23 @@ TEST_P(RecalculateTest, ComputesBothSumsToKopecks)
     whenRecalculated();
     EXPECT_DOUBLE_EQ(position.getSumn(), GetParam().sumBefore);
     EXPECT_DOUBLE_EQ(position.getSumb(), GetParam().sumAfter);
+    EXPECT_DOUBLE_EQ(position.getPointsPaid(), GetParam().pointsPaid);
 }
 
 const Case cases[]{
-    {"NothingGranted", 45.9, 2, 0, 0, 0, 91.8, 91.8},
-    {"NothingGrantedForAnyQuantity", 45.9, 2, 10, 5, 0, 91.8, 91.8},
-    {"Weighed", 649, 0.742, 0, 0, 0, 481.56, 481.56},
-    {"HalfKopecksUp", 0.05, 0.1, 0, 0, 0, 0.01, 0.01},
-    {"ProductShortOfItsHalf", 1.005, 1, 0, 0, 0, 1.01, 1.01},
-    {"Discount", 100, 2, 20, 0, 2, 200, 180},
-    {"DiscountAndPoints", 100, 2, 20, 30, 2, 200, 150},
-    {"HalfOfTheQuantityTakesHalf", 100, 1, 20, 30, 2, 100, 75},
-    {"ThirdIsRounded", 100, 1, 10, 0, 3, 100, 96.67},
-    {"MoreThanGrantedForTakesMore", 100, 4, 20, 0, 2, 400, 360},
-    {"NoQuantity", 100, 0, 20, 0, 2, 0, 0},
+    {"NothingGranted", 45.9, 2, 0, 0, 0, 91.8, 91.8, 0},
+    {"NothingGrantedForAnyQuantity", 45.9, 2, 10, 5, 0, 91.8, 91.8, 0},
+    {"Weighed", 649, 0.742, 0, 0, 0, 481.56, 481.56, 0},
+    {"HalfKopecksUp", 0.05, 0.1, 0, 0, 0, 0.01, 0.01, 0},
+    {"ProductShortOfItsHalf", 1.005, 1, 0, 0, 0, 1.01, 1.01, 0},
+    {"Discount", 100, 2, 20, 0, 2, 200, 180, 0},
+    {"DiscountAndPoints", 100, 2, 20, 30, 2, 200, 150, 30},
+    {"HalfOfTheQuantityTakesHalf", 100, 1, 20, 30, 2, 100, 75, 15},
+    {"ThirdIsRounded", 100, 1, 10, 0, 3, 100, 96.67, 0},
+    {"MoreThanGrantedForTakesMore", 100, 4, 20, 0, 2, 400, 360, 0},
+    {"NoQuantity", 100, 0, 20, 0, 2, 0, 0, 0},
+    {"PointsTakeTheHalfKopeck", 399, 1, 0, 206.79, 2, 399, 295.61, 103.39},
+    {"DiscountAndPointsWithHalfKopecks", 100, 1, 0.01, 0.01, 2, 100, 99.99, 0},
 };
 
 INSTANTIATE_TEST_SUITE_P(Positions, RecalculateTest, testing::ValuesIn(cases),

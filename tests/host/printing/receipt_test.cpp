@@ -53,7 +53,7 @@ protected:
     }
     [[nodiscard]] QString whenReceiptPrinted()
     {
-        whenPrinted(receipt::templateName, receipt::data(*document()));
+        whenPrinted(receipt::templateName, receipt::data(*document(), booking));
         return screen().last();
     }
     void thenReceiptHas(const QString &text)
@@ -64,6 +64,8 @@ protected:
     {
         EXPECT_FALSE(whenReceiptPrinted().contains(text)) << qPrintable(text);
     }
+
+    receipt::Booking booking = receipt::Booking::Done;
 };
 
 TEST_F(ReceiptTest, WholeReceiptOfASale)
@@ -126,6 +128,8 @@ TEST_F(ReceiptTest, PlainSaleHasNeitherDiscountNorCard)
     for (const QString &text : {u"Скидка"_s, u"Сумма"_s, u"баллами"_s, u"Карта"_s, u"Баллы"_s})
         thenReceiptHasNot(text);
     thenReceiptHas(u"ИТОГО                              45.90\n"_s);
+    EXPECT_TRUE(screen().last().endsWith(u"45.90\n"_s));
+    EXPECT_FALSE(screen().last().endsWith(u"\n\n"_s));
 }
 
 TEST_F(ReceiptTest, QuantityHasNoIdleZeros)
@@ -145,8 +149,11 @@ TEST_F(ReceiptTest, QuantityHasNoIdleZeros)
 
 TEST_F(ReceiptTest, SaleThatIsNotRegisteredSaysThatPointsComeLater)
 {
-    givenCard()->setBonusBalance(120.5);
-    thenReceiptHas(u"Баллы будут начислены позже\n"_s);
+    givenRegisteredCard(120.5);
+    givenGoods(u"Хлеб"_s, 100, 1);
+    givenPoints(1, 30);
+    booking = receipt::Booking::Later;
+    thenReceiptHas(u"\nСписано баллов                     30.00\nБаллы будут начислены позже\n"_s);
     thenReceiptHasNot(u"Баланс"_s);
 }
 
@@ -161,10 +168,22 @@ TEST_F(ReceiptTest, ReturnNamesItsSale)
 {
     givenDocument(EDocumentType::ReturnOfSale, u"23"_s);
     document()->setReferencedNumber(u"17"_s);
-    givenCard();
     thenReceiptHas(u"                ВОЗВРАТ\n"_s);
     thenReceiptHas(u"К чеку № 17\n"_s);
-    thenReceiptHasNot(u"позже"_s);
+    thenReceiptHasNot(u"Баллы"_s);
+}
+
+TEST_F(ReceiptTest, ReturnTellsWhatBecomesOfPointsButNotTheBalanceOfTheSale)
+{
+    givenDocument(EDocumentType::ReturnOfSale, u"23"_s);
+    givenRegisteredCard(120.5);
+    givenGoods(u"Хлеб"_s, 100, 1);
+    givenPoints(1, 30);
+    thenReceiptHas(u"\nВозвращено баллов                  30.00\nБаллы за покупку пересчитаны\n"_s);
+    for (const QString &text : {u"Баланс"_s, u"Списано"_s, u"позже"_s})
+        thenReceiptHasNot(text);
+    booking = receipt::Booking::Later;
+    thenReceiptHas(u"Баллы за покупку будут пересчитаны позже\n"_s);
 }
 
 TEST_F(ReceiptTest, ClosedDocumentShowsTheTimeOfClosing)

@@ -113,6 +113,18 @@ TEST_F(TextPrinterTest, RepeatsSectionsForListsAndEntersMaps)
     EXPECT_EQ(screen().last(), u"- one\n- two\n29\n"_s);
 }
 
+TEST_F(TextPrinterTest, ASectionOnLinesOfItsOwnLeavesNoLineWhereItIsLeftOut)
+{
+    givenTemplate(u"shop"_s,
+        "one\n{{#first}}\nfirst\n{{/first}}\n  {{#second}}\nsecond\n  {{/second}}  \ntwo\n"
+        "{{^third}}\nthird\n{{/third}}\n\nthree\n{{#fourth}}\nfourth\n{{/fourth}}\n");
+    whenPrinted(u"shop"_s,
+        {{u"first"_s, false}, {u"second"_s, QVariantList()}, {u"third"_s, u"is there"_s}});
+    EXPECT_EQ(screen().last(), u"one\ntwo\n\nthree\n"_s);
+    whenPrinted(u"shop"_s, {{u"first"_s, true}, {u"second"_s, true}, {u"fourth"_s, true}});
+    EXPECT_EQ(screen().last(), u"one\nfirst\nsecond\ntwo\nthird\n\nthree\nfourth\n"_s);
+}
+
 TEST_F(TextPrinterTest, EmptyValuesLeaveTheirSectionOut)
 {
     givenTemplate(u"shop"_s, "{{#value}}there{{/value}}{{^value}}none{{/value}}");

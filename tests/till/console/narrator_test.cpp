@@ -70,8 +70,50 @@ TEST_F(NarratorTest, ATotalTellsDiscountsMessagesAndWhatIsToBePaid)
     };
     EXPECT_EQ(story(u"total"_s),
         "> total\n    Document 17 (sale) is open\n"
-        "    1. Молоко: 1 x 100.00 = 100.00, less 10.00: 90.00\n"
-        "    Sum 100.00, less 10.00, to pay 90.00\n    For the cashier: Предложите пакет\n");
+        "    1. Молоко: 1 x 100.00 = 100.00, discount 10.00: 90.00\n"
+        "    Sum 100.00, discount 10.00. To pay 90.00\n    For the cashier: Предложите пакет\n");
+}
+
+TEST_F(NarratorTest, PointsThatCanBeSpentAreToldBeforeAndAfterAPaymentWithThem)
+{
+    story(u"add 1002"_s);
+    loyalty->behaviour[u"request"_s] = [this] {
+        loyalty->giveDiscount(1, 10.0);
+        return true;
+    };
+    loyalty->setAvailablePoints(50.0);
+    EXPECT_NE(story(u"total"_s).find("To pay 90.00\n    Points that can be spent: 50.00\n"),
+        std::string::npos);
+    loyalty->behaviour[u"spendPoints"_s] = [this] {
+        loyalty->givePoints(1, 20.0);
+        return true;
+    };
+    EXPECT_EQ(story(u"points 20"_s),
+        "> points 20\n    Document 17 (sale) is open\n"
+        "    1. Молоко: 1 x 100.00 = 100.00, discount 10.00, points 20.00: 70.00\n"
+        "    Sum 100.00, discount 10.00, points 20.00. To pay 70.00\n"
+        "    Paid with points: 20.00, can be spent: 50.00\n");
+}
+
+TEST_F(NarratorTest, AReturnTellsThePointsThatComeBackButNotTheBalanceOfTheSale)
+{
+    loyalty->behaviour[u"identifyByCard"_s] = [this] {
+        loyalty->presented->setBonusBalance(120.5);
+        return true;
+    };
+    story(u"card 29"_s);
+    story(u"add 1002"_s);
+    loyalty->setAvailablePoints(50.0);
+    loyalty->behaviour[u"spendPoints"_s] = [this] {
+        loyalty->givePoints(1, 20.0);
+        return true;
+    };
+    story(u"points 20"_s);
+    story(u"close"_s);
+    EXPECT_EQ(story(u"return 17"_s),
+        "> return 17\n    Document 18 (return of sale 17) is open\n    Card 29\n"
+        "    1. Молоко: 1 x 100.00 = 100.00, points 20.00: 80.00\n"
+        "    Sum 100.00, points 20.00. To pay back 80.00\n    Points to be given back: 20.00\n");
 }
 
 TEST_F(NarratorTest, EmptyMessagesAreNotShown)

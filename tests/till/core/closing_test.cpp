@@ -1,8 +1,10 @@
 // Documents are closed and cancelled: what happens, and in which order.
 
 #include "host/framework/basicexception.h"
+#include "host/net/restclient.h"
 #include "host/printing/textprinter.h"
 #include "host/storage/statefolder.h"
+#include "tests/support/scriptedserver.h"
 #include "tests/till/support/tillfixture.h"
 
 #include <QFile>
@@ -18,9 +20,25 @@ class ClosingTest : public TillFixture
 public:
     ClosingTest()
     {
-        TextPrinter::setScreen([this](const QString &) { loyalty->calls.append(u"printed"_s); });
+        TextPrinter::setScreen([this](const QString &text) {
+            loyalty->calls.append(u"printed"_s);
+            receipt = text;
+        });
     }
     ~ClosingTest() override { TextPrinter::setScreen({}); }
+
+    /// The commit of a return asks a service that answers with this status.
+    void givenCommitAnswered(int status)
+    {
+        loyalty->behaviour[u"commit"_s] = [this, status] {
+            ScriptedServer service;
+            service.answer("<E/>", status);
+            MockFactory<RestClient>::create()->post(service.url(), "<x/>", {});
+            return true;
+        };
+    }
+
+    QString receipt; ///< as it was printed last
 };
 
 TEST_F(ClosingTest, ASaleIsRegisteredPrintedClosedAndLeftInThatOrder)
@@ -207,6 +225,33 @@ TEST_F(ClosingTest, ARefusedReturnStaysOpen)
     EXPECT_EQ(outcome.refusal.value().message.ru(), u"Возврат невозможен"_s);
     EXPECT_TRUE(till->document());
     EXPECT_TRUE(store->closedNumbers().isEmpty());
+}
+
+TEST_F(ClosingTest, TheReceiptOfASaleSaysWhetherItsPointsAreBooked)
+{
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    till->close();
+    EXPECT_TRUE(receipt.contains(u"Баллы будут начислены позже"_s)) << qPrintable(receipt);
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    loyalty->presented->setOperationId(u"T-1"_s);
+    till->close();
+    EXPECT_FALSE(receipt.contains(u"позже"_s)) << qPrintable(receipt);
+}
+
+TEST_F(ClosingTest, TheReceiptOfAReturnSaysWhetherItsPointsAreBooked)
+{
+    const QString sale = givenClosedSale();
+    till->openReturnOf(sale);
+    givenCommitAnswered(200);
+    till->close();
+    EXPECT_TRUE(receipt.contains(u"Баллы за покупку пересчитаны"_s)) << qPrintable(receipt);
+    till->openReturnOf(sale);
+    givenCommitAnswered(503);
+    till->close();
+    EXPECT_TRUE(receipt.contains(u"Баллы за покупку будут пересчитаны позже"_s))
+        << qPrintable(receipt);
 }
 
 TEST_F(ClosingTest, AFailingPrinterIsToldAndTheChequeClosed)

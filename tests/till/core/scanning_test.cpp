@@ -102,13 +102,34 @@ TEST_F(ScanningTest, ARepeatedScanRaisesTheLastPosition)
     EXPECT_DOUBLE_EQ(document()->getPosition(2)->getSumn(), 200.0);
 }
 
-TEST_F(ScanningTest, TheLastPositionIsTheOneThatWasChangedLast)
+TEST_F(ScanningTest, AChangeOfAnotherPositionDoesNotMisleadARepeatedScan)
 {
     givenSaleOf({u"1001"_s, u"1002"_s});
     till->changeQuantity(1, 5.0);
     givenUseOfLastPosition();
     till->scan(u"whatever"_s);
-    EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 6.0);
+    EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 5.0);
+    EXPECT_DOUBLE_EQ(document()->getPosition(2)->getBquant(), 2.0);
+}
+
+TEST_F(ScanningTest, ARepeatedScanOfAPositionThatWasTakenOffIsAScanLikeAnyOther)
+{
+    givenSaleOf({u"1001"_s, u"1002"_s});
+    till->removePosition(2);
+    givenUseOfLastPosition();
+    till->scan(u"1002"_s);
+    EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 1.0);
+    EXPECT_EQ(document()->getPosition(3)->getCode(), u"1002"_s);
+    till->removePosition(3);
+    EXPECT_TRUE(whyNot([&] { till->scan(u"whatever"_s); }).startsWith(u"whatever is no card"));
+}
+
+TEST_F(ScanningTest, ARepeatedScanOnANewChequeIsAScanLikeAnyOther)
+{
+    givenClosedSale();
+    givenUseOfLastPosition();
+    till->scan(u"1002"_s);
+    EXPECT_EQ(document()->getPosition(1)->getCode(), u"1002"_s);
 }
 
 TEST_F(ScanningTest, TheLastPositionOfAReturnOfASaleIsNotRaised)
