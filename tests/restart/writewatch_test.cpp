@@ -48,6 +48,15 @@ TEST_F(WriteWatchTest, ChangesMovesAndRemovalsCount)
     EXPECT_EQ(whenCounted(), 1);
 }
 
+TEST_F(WriteWatchTest, WritesToOneFileInARowCountOnce)
+{
+    for (const char *name : {"a", "a", "b", "a"})
+        whenWritten(QString::fromLatin1(name));
+    EXPECT_EQ(whenCounted(), 3);
+    whenWritten(u"a"_s);
+    EXPECT_EQ(whenCounted(), 1);
+}
+
 TEST_F(WriteWatchTest, ACountBeginsAnewWhenItIsTaken)
 {
     whenWritten(u"a"_s);
