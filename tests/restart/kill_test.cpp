@@ -1,6 +1,7 @@
 // Which kills there are, and which of them are the sample.
 
 #include "tests/restart/kill.h"
+#include "tests/support/printers.h"
 
 #include <QRegularExpression>
 #include <QSet>

@@ -2,6 +2,7 @@
 
 #include "tests/restart/course.h"
 #include "tests/restart/laws.h"
+#include "tests/support/printers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
