@@ -1,6 +1,7 @@
 // Which answers a killed till takes with it.
 
 #include "tests/restart/answersinline.h"
+#include "tests/support/printers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// What the transactions have made of the cards' points.
+// What the transactions have made of the cards' points and stickers.
 
 #include "tests/restart/laws.h"
 
@@ -27,18 +27,31 @@ double total(const Json &transaction, const char *figure)
     return sum;
 }
 
-/// The entries of a card's spendable points, by what they are for.
-class PointsLedger
+/// What a card keeps: where its entries, its balance and the figures of a position stand.
+struct Kept
+{
+    const char *name; ///< for people
+    const char *account; ///< of the entries
+    const char *balance; ///< of the card
+    const char *earned; ///< of a position; null where nothing is earned
+    const char *spent; ///< of a position; of a return's: given back
+};
+
+constexpr Kept allKept[] = {{"points", "active", "balance", "earned", "spent"},
+    {"stickers", "stickers", "stickers", nullptr, "stickers"}};
+
+/// The entries of a card on one account, by what they are for.
+class Entries
 {
 public:
-    explicit PointsLedger(const Json &card)
+    Entries(const Json &card, const char *account)
     {
         for (const Json &entry : card.at("ledger"))
-            if (entry.at("account") == "active")
+            if (entry.at("account") == account)
                 m_entries.push_back(&entry);
     }
 
-    /// Entries of that kind for that transaction (null: of none).
+    /// Amounts of that kind for that transaction (null: of none).
     [[nodiscard]] std::vector<double> amounts(const Json &transaction, const char *kind) const
     {
         std::vector<double> amounts;
@@ -57,14 +70,15 @@ private:
     std::vector<const Json *> m_entries;
 };
 
-/// Follows a card through its transactions.
+/// Follows what a card keeps through its transactions.
 class Account
 {
 public:
-    explicit Account(const Json &card)
-        : m_ledger(card)
+    Account(const Json &card, const Kept &kept)
+        : m_kept(kept)
+        , m_entries(card, kept.account)
         , m_number(QString::fromStdString(card.at("number")))
-        , m_balance(m_ledger.opening())
+        , m_balance(m_entries.opening())
     { }
 
     void follow(const Json &transaction)
@@ -78,8 +92,9 @@ public:
     void compareWith(double balance)
     {
         if (differ(m_balance, balance))
-            m_wrong.append(u"card %1 has %2 points, its transactions come to %3"_s.arg(m_number)
+            m_wrong.append(u"card %1 has %2 %3, its transactions come to %4"_s.arg(m_number)
                                .arg(balance)
+                               .arg(QString::fromLatin1(m_kept.name))
                                .arg(m_balance));
     }
 
@@ -88,8 +103,9 @@ public:
 private:
     void followSale(const Json &sale)
     {
-        const double moved = entered(sale, "earned", total(sale, "earned"))
-            + entered(sale, "spent", -total(sale, "spent"));
+        double moved = entered(sale, "spent", -total(sale, m_kept.spent));
+        if (m_kept.earned)
+            moved += entered(sale, "earned", total(sale, m_kept.earned));
         m_balance += moved;
         if (sale.at("rolledBack").get<bool>())
             m_balance += entered(sale, "rolled back", -moved);
@@ -98,45 +114,52 @@ private:
     // Of what was earned only what is still there is taken back.
     void followReturn(const Json &taken)
     {
-        m_balance += entered(taken, "given back", total(taken, "spent"));
-        for (const double amount : m_ledger.amounts(taken.at("id"), "taken back"))
+        m_balance += entered(taken, "given back", total(taken, m_kept.spent));
+        for (const double amount : m_entries.amounts(taken.at("id"), "taken back"))
             m_balance += amount;
     }
 
     // The expected amount; it stands in the ledger in one entry, and in none when it is 0.
     double entered(const Json &transaction, const char *kind, double expected)
     {
-        const auto amounts = m_ledger.amounts(transaction.at("id"), kind);
+        const auto amounts = m_entries.amounts(transaction.at("id"), kind);
         const bool isRight = differ(expected, 0.0)
             ? amounts.size() == 1 && !differ(amounts.front(), expected)
             : amounts.empty();
         if (!isRight)
-            m_wrong.append(u"card %1: %2 points for transaction %3 are not entered once: %4"_s
-                               .arg(m_number, QString::fromLatin1(kind),
-                                   QString::fromStdString(transaction.at("id")))
-                               .arg(expected));
+            m_wrong.append(
+                u"card %1: %2 %3 for transaction %4 are not entered once: %5"_s
+                    .arg(m_number, QString::fromLatin1(kind), QString::fromLatin1(m_kept.name),
+                        QString::fromStdString(transaction.at("id")))
+                    .arg(expected));
         return expected;
     }
 
-    PointsLedger m_ledger;
+    const Kept &m_kept;
+    Entries m_entries;
     QString m_number;
     double m_balance;
     QStringList m_wrong;
 };
+
+QStringList wrongIn(const Json &card, const Kept &kept, const Json &transactions)
+{
+    Account account(card, kept);
+    for (const Json &transaction : transactions)
+        if (transaction.at("card") == card.at("number"))
+            account.follow(transaction);
+    account.compareWith(card.at(kept.balance));
+    return account.wrong();
+}
 
 } // namespace
 
 QStringList balancesComeFromTransactions(const Books &books)
 {
     QStringList wrong;
-    for (const Json &card : books.cards) {
-        Account account(card);
-        for (const Json &transaction : books.transactions)
-            if (transaction.at("card") == card.at("number"))
-                account.follow(transaction);
-        account.compareWith(card.at("balance"));
-        wrong += account.wrong();
-    }
+    for (const Json &card : books.cards)
+        for (const Kept &kept : allKept)
+            wrong += wrongIn(card, kept, books.transactions);
     return wrong;
 }
 

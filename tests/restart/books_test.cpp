@@ -1,6 +1,7 @@
 // What a state folder is found to hold.
 
 #include "tests/restart/books.h"
+#include "tests/support/printers.h"
 
 #include <QDir>
 #include <QFile>

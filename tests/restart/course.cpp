@@ -138,19 +138,18 @@ void Course::killAtWrite(const Kill &kill)
 // The cashier looks at the till and gives the command again where it is still due.
 void Course::goOn(const Kill &kill, const Json &undisturbed)
 {
-    if (!m_outcome.objects.at(kill.command).is_null())
-        return;
     const Command &command = m_scenario.commands.at(kill.command);
+    const bool isTold = !m_outcome.objects.at(kill.command).is_null();
     const Json now = openDocument();
-    const bool worked = hasWorked(command, m_document, now);
-    if (!worked && kill.isGivenAgain) {
-        feed(kill.command);
-        return;
-    }
-    m_document = now;
-    // What the till was answered meanwhile, nobody has seen.
-    if (worked)
+    const bool worked = isTold || hasWorked(command, m_document, now);
+    // What it was answered meanwhile, nobody has seen.
+    if (worked && !isTold)
         m_answers.note(command, undisturbed);
+    giveAnswersAgain();
+    if (!worked && kill.isGivenAgain)
+        feed(kill.command);
+    else
+        m_document = now;
 }
 
 void Course::note(std::size_t place, const Json &object)
@@ -171,16 +170,26 @@ void Course::startTill()
     m_till = std::make_unique<TillProcess>(m_premises);
 }
 
-// The clock and the answers in line were the killed till's alone.
+// The clock was the ended till's alone.
 void Course::startTillAgain()
 {
     startTill();
-    QStringList commands = m_answers.commands();
     if (!m_clock.isEmpty())
-        commands.prepend(m_clock);
-    for (const QString &command : std::as_const(commands))
-        if (!m_till->tell(command))
-            throw std::runtime_error(m_till->complaint().toStdString());
+        giveAgain(m_clock);
+}
+
+// So were the answers in line.
+void Course::giveAnswersAgain()
+{
+    const QStringList answers = m_answers.commands();
+    for (const QString &answer : answers)
+        giveAgain(answer);
+}
+
+void Course::giveAgain(const QString &command)
+{
+    if (!m_till->tell(command))
+        throw std::runtime_error(m_till->complaint().toStdString());
 }
 
 void Course::noteKill()
@@ -213,6 +222,7 @@ std::optional<Json> Course::tell(const QString &command)
                 .toStdString());
     m_outcome.skipped.append(complaint);
     startTillAgain();
+    giveAnswersAgain();
     return std::nullopt;
 }
 

@@ -62,6 +62,8 @@ private:
 
     void startTill();
     void startTillAgain();
+    void giveAnswersAgain();
+    void giveAgain(const QString &command);
     void noteKill();
     void noteEnd(bool byUs);
     /// Gives a command; where the till refuses it another till goes on.

@@ -2,6 +2,7 @@
 
 #include "tests/restart/course.h"
 #include "tests/restart/laws.h"
+#include "tests/support/printers.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -75,6 +76,18 @@ TEST_F(CourseTest, AnswersThatWereNotUsedAreGivenAgain)
     EXPECT_FALSE(closed().at("effects").at("bonusImpacts").empty());
 }
 
+TEST_F(CourseTest, AnswersThatWereUsedBeforeTheKillAreNotGivenAgain)
+{
+    givenFile(
+        u"own.ini"_s, "[KorvelLoyaltyOnline]\nuseConfirmation=true\nnoConfirmationBonusLimit=10\n");
+    givenScript(u"answer text 4829\ncard 2900000000017\nadd 1004 2\ntotal\npoints 50\n"
+                "points 40\nclose\n"_s);
+    // Behind its last write the payment stands.
+    whenRun();
+    whenKilled({4, Manner::Written, outcome().activities[4].writes});
+    EXPECT_EQ(outcome().objects[5].at("dialogs").at(0).at("answer"), "cancel");
+}
+
 TEST_F(CourseTest, TheScenariosOwnServiceDataCount)
 {
     givenFile(u"own.service.json"_s, R"({"cards": [{"number": "2900000000555", "balance": 7}]})");
@@ -101,6 +114,13 @@ TEST_F(CourseTest, AStoppedServiceComesBackWithItsBooks)
                 "card 2900000000017\nadd 1002\ntotal\nclose\n"_s);
     whenRun();
     EXPECT_EQ(outcome().books.transactions.size(), 2U);
+}
+
+TEST_F(CourseTest, FaultsThatAreLeftDoNotKeepTheQueueFromBeingDelivered)
+{
+    givenScript(u"fault all reset always\ncard 2900000000017\nadd 1001\nclose\n"_s);
+    whenRun();
+    EXPECT_EQ(outcome().books.transactions.size(), 1U);
 }
 
 TEST_F(CourseTest, ADocumentThatIsLeftOpenIsClosed)
@@ -155,6 +175,12 @@ TEST_F(CourseTest, AnExchangeThatNeverComesIsTold)
 {
     givenScript(u"add 1001\nclose\n"_s);
     EXPECT_THROW(whenKilled({0, Manner::Acted, 1}), std::runtime_error);
+}
+
+TEST_F(CourseTest, ATillThatEndedBeforeItWasKilledIsTold)
+{
+    givenScript(u"add 1001\nstorno 5\n"_s);
+    EXPECT_THROW(whenKilled({1, Manner::Answered, 1}), std::runtime_error);
 }
 
 TEST_F(CourseTest, ATillThatIsEndedByAnotherSignalIsSeen)

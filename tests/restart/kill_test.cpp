@@ -1,6 +1,7 @@
 // Which kills there are, and which of them are the sample.
 
 #include "tests/restart/kill.h"
+#include "tests/support/printers.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -23,16 +24,6 @@ QStringList namesOf(const std::vector<KillCase> &cases)
 }
 
 const Scenario scenario = readScenario(u"two"_s, u"# Two commands.\nadd 1001\n\ntotal\n"_s);
-
-TEST(KillTest, AScenarioIsReadWithoutItsExpectationsAndRemarks)
-{
-    const Scenario read
-        = readScenario(u"read"_s, u"# A remark\n  add 1001 # bread\nexpect result == 0\n\ntotal"_s);
-    ASSERT_EQ(read.commands.size(), 2U);
-    EXPECT_EQ(read.commands[0].text, u"add 1001 # bread"_s);
-    EXPECT_EQ(read.commands[0].words, QStringList({u"add"_s, u"1001"_s}));
-    EXPECT_EQ(read.commands[1].line, 5);
-}
 
 TEST(KillTest, EveryCommandIsKilledAfterItAndAtEachExchangeAndWrite)
 {

@@ -15,7 +15,8 @@ namespace laws {
 QStringList everythingIsBookedOnce(const Books &books);
 /// What was registered says the same about points and sums as the closed cheque does.
 QStringList figuresAgree(const Books &books);
-/// Each card's balance comes from its opening balance and its transactions, each counted once.
+/// Each card's points and stickers come from its opening balance and its transactions, each counted
+/// once.
 QStringList balancesComeFromTransactions(const Books &books);
 /// Nothing waits, nothing is torn, nothing is left lying about, and tills end in order.
 QStringList nothingIsLeftOver(const Books &books);

@@ -2,6 +2,7 @@
 
 #include "tests/restart/course.h"
 #include "tests/restart/laws.h"
+#include "tests/support/printers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,11 +19,13 @@ namespace restart {
 namespace {
 
 // The numbers of its cheques: 1 paid with points, 2 without, 3 a return of a part of 1, 4 sold
-// offline.
+// offline; 5 takes stickers, and 6 is a return of a part of it.
 const QString day = u"card 2900000000017\nadd 1004 2\nadd 1001\ntotal\npoints 50\nclose\n"
                     "card 2900000000017\nadd 1004\ntotal\nclose\n"
                     "return 1\nquantity 1 1\nclose\n"
-                    "fault balance reset\ncard 2900000000017\nadd 1001\ntotal\nclose\ndeliver\n"_s;
+                    "fault balance reset\ncard 2900000000017\nadd 1001\ntotal\nclose\ndeliver\n"
+                    "card 2900000000062\nadd 1007 2\ntotal\nclose\n"
+                    "return 5\nquantity 1 1\nclose\n"_s;
 
 Json &transaction(Books &books, const char *number)
 {
@@ -32,10 +35,10 @@ Json &transaction(Books &books, const char *number)
     throw std::runtime_error("no such transaction");
 }
 
-Json &card(Books &books)
+Json &card(Books &books, const char *number = "2900000000017")
 {
     for (Json &one : books.cards)
-        if (one.at("number") == "2900000000017")
+        if (one.at("number") == number)
             return one;
     throw std::runtime_error("no such card");
 }
@@ -125,6 +128,22 @@ const Spoilt spoilt[] = {
         "card 2900000000017 has"},
     {"ARollbackMovesNothing", [](Books &b) { transaction(b, "2")["rolledBack"] = true; },
         "card 2900000000017: rolled back points for transaction"},
+    {"StickersAreNotTaken",
+        [](Books &b) {
+            Json &ledger = card(b, "2900000000062").at("ledger");
+            for (Json &one : ledger)
+                if (one.at("account") == "stickers" && one.at("kind") == "spent")
+                    one["account"] = "status";
+        },
+        "card 2900000000062: spent stickers for transaction"},
+    {"StickersAreTakenUnasked",
+        [](Books &b) { transaction(b, "4").at("positions")[0]["stickers"] = 1.0; },
+        "card 2900000000017: spent stickers for transaction"},
+    {"StickersAreNotGivenBack",
+        [](Books &b) { transaction(b, "6").at("positions")[0]["stickers"] = 0.0; },
+        "card 2900000000062: given back stickers for transaction"},
+    {"ACardHasTooManyStickers", [](Books &b) { card(b, "2900000000062")["stickers"] = 99.0; },
+        "card 2900000000062 has 99 stickers"},
     {"ADocumentIsOpen", [](Books &b) { b.hasOpenDocument = true; }, "a document is still open"},
     {"AMessageWaits", [](Books &b) { b.undelivered.append(u"5 (pending)"_s); },
         "message 5 (pending) was not delivered"},
@@ -171,8 +190,8 @@ Books LawsTest::inOrder;
 
 TEST_F(LawsTest, BooksInOrderAreFoundInOrder)
 {
-    ASSERT_EQ(inOrder.transactions.size(), 4U);
-    ASSERT_EQ(inOrder.closed.size(), 4U);
+    ASSERT_EQ(inOrder.transactions.size(), 6U);
+    ASSERT_EQ(inOrder.closed.size(), 6U);
     EXPECT_EQ(laws::violations(inOrder), QStringList());
 }
 
@@ -188,7 +207,7 @@ TEST_F(LawsTest, AChequeWithoutACardIsNotLookedFor)
 {
     Books books = inOrder;
     books.closed.push_back(document(books, "2"));
-    books.closed.back()["number"] = "5";
+    books.closed.back()["number"] = "7";
     books.closed.back()["cards"] = Json::array();
     EXPECT_EQ(laws::violations(books), QStringList());
 }

@@ -26,7 +26,8 @@ public:
     void add(const QString &title, const QStringList &sentences, const QStringList &skipped)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_skipped += skipped.size();
+        for (const QString &complaint : skipped)
+            m_skipped.append(title + u": "_s + complaint);
         for (const QString &sentence : sentences)
             m_sentences.append(title + u": "_s + sentence);
     }
@@ -37,8 +38,14 @@ public:
             return;
         const std::lock_guard<std::mutex> lock(m_mutex);
         std::cout << "restart: " << done << " of " << count << " cases, " << m_sentences.size()
-                  << " findings, " << m_skipped << " commands that made no sense any more"
+                  << " findings, " << m_skipped.size() << " commands that made no sense any more"
                   << std::endl;
+    }
+
+    void tellSkipped() const
+    {
+        for (const QString &complaint : m_skipped)
+            std::cout << "skipped: " << complaint.toStdString() << '\n';
     }
 
     [[nodiscard]] QStringList sentences() const { return m_sentences; }
@@ -46,7 +53,7 @@ public:
 private:
     std::mutex m_mutex;
     QStringList m_sentences;
-    qsizetype m_skipped = 0;
+    QStringList m_skipped;
 };
 
 /// The scenarios with what happens in them when nobody kills the till.
@@ -68,6 +75,7 @@ public:
 
     void TearDown() override
     {
+        m_findings.tellSkipped();
         const QStringList sentences = m_findings.sentences();
         for (const QString &sentence : sentences)
             ADD_FAILURE() << sentence.toStdString();

@@ -44,6 +44,7 @@ int WriteWatch::takeCount()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     drain();
+    m_last.clear();
     return std::exchange(m_count, 0);
 }
 
@@ -51,6 +52,7 @@ void WriteWatch::strikeAt(int write, std::function<void()> kill)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     drain();
+    m_last.clear();
     m_untilStrike = write;
     m_kill = std::move(kill);
 }
@@ -71,13 +73,17 @@ void WriteWatch::drain()
         for (const char *at = events.data(); at < events.data() + size;) {
             inotify_event event{};
             std::memcpy(&event, at, sizeof event);
-            at += sizeof event + event.len;
-            countOne();
+            const auto length = sizeof event + event.len;
+            count({at, static_cast<qsizetype>(length)});
+            at += length;
         }
 }
 
-void WriteWatch::countOne()
+void WriteWatch::count(const QByteArray &event)
 {
+    if (event == m_last)
+        return;
+    m_last = event;
     ++m_count;
     if (m_untilStrike > 0 && --m_untilStrike == 0)
         m_kill();

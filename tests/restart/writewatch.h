@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -9,8 +10,9 @@
 
 namespace restart {
 
-/// Counts what is written into folders: a file changed, moved into place or removed. It can be told
-/// to strike at one of the writes to come. Watches on a thread of its own.
+/// Counts what is written into folders: a file changed, moved into place or removed. What happens
+/// to one file several times in a row counts once, because the system may tell of it once or more
+/// often. It can be told to strike at one of the writes to come. Watches on a thread of its own.
 class WriteWatch
 {
 public:
@@ -32,11 +34,13 @@ private:
     void watch();
     /// Counts what has happened so far. With the lock held.
     void drain();
-    void countOne();
+    /// @param event as the system tells it, with the name of its file.
+    void count(const QByteArray &event);
 
     int m_watched = -1;
     int m_ending = -1; ///< becomes readable when the watch ends
     std::mutex m_mutex;
+    QByteArray m_last; ///< event; empty after an order or a look
     int m_count = 0;
     int m_untilStrike = 0; ///< 0: none is ordered
     std::function<void()> m_kill;
