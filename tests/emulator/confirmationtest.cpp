@@ -100,6 +100,14 @@ TEST_F(ConfirmationTest, FromTheQueueNeedsNoCodeWhereOneWasIssuedForThesePoints)
     thenBalanceIs("362.50");
 }
 
+TEST_F(ConfirmationTest, OfAChequeThatIsOverWaitsForNobody)
+{
+    whenCodeIsAsked("150.00");
+    EXPECT_EQ(desk().books().calculations.waitingCodes(sale.card).size(), 1u);
+    desk().answer(BalanceRequest{sale.till, sale.card});
+    EXPECT_TRUE(desk().books().calculations.waitingCodes(sale.card).empty());
+}
+
 TEST_F(ConfirmationTest, FromTheQueueNeedsTheCodeForOtherPoints)
 {
     const ChequeFigures asked = whenCodeIsAsked("150.00");

@@ -116,6 +116,16 @@ TEST_F(NarratorTest, AReturnTellsThePointsThatComeBackButNotTheBalanceOfTheSale)
         "    Sum 100.00, points 20.00. To pay back 80.00\n    Points to be given back: 20.00\n");
 }
 
+TEST_F(NarratorTest, APriceThatIsRaisedIsNotHidden)
+{
+    story(u"add 1002"_s);
+    loyalty->behaviour[u"request"_s] = [this] {
+        loyalty->giveDiscount(1, -5.0);
+        return true;
+    };
+    EXPECT_NE(story(u"total"_s).find("= 100.00, discount -5.00: 105.00\n"), std::string::npos);
+}
+
 TEST_F(NarratorTest, EmptyMessagesAreNotShown)
 {
     story(u"add 1002"_s);
