@@ -51,6 +51,7 @@ QueueMessage newMessage(const QString &queue, const QVariantMap &contents, const
     message.headers = headersFrom(contents.value(u"headers"_s).toMap());
     message.body = contents.value(u"body"_s).toString().toUtf8();
     message.correlationId = document ? document->getCorrelationId() : QString();
+    message.lane = document ? document->getShop() + u'-' + document->getTill() : QString();
     message.enqueued = MockFactory<CurrentTime>::create()->currentDateTime();
     message.nextAttempt = message.enqueued;
     return message;

@@ -1,104 +1,78 @@
 #include "host/queue/messagestore.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
+#include "host/queue/messagerow.h"
+#include "host/queue/queuelayout.h"
+#include "host/storage/atomicfile.h"
+#include "host/storage/posixfile.h"
+
+#include <QFileInfo>
+#include <QSqlRecord>
+
+#include <fcntl.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-// In the order in which `messageFrom` reads them.
-const QString listedColumns
-    = u"number, id, queue, remark, url, correlation_id, enqueued, attempts, next_attempt, "
-      u"last_error, state, answer"_s;
 const QString isWaiting = u"state IN ('pending', 'sending')"_s;
 
-QString written(const QDateTime &time)
+QString listed(const QStringList &columns)
 {
-    return time.toUTC().toString(Qt::ISODateWithMs);
-}
-
-QDateTime readTime(const QVariant &text)
-{
-    return QDateTime::fromString(text.toString(), Qt::ISODateWithMs);
-}
-
-QByteArray written(const QHash<QString, QString> &headers)
-{
-    QJsonObject members;
-    for (auto header = headers.cbegin(); header != headers.cend(); ++header)
-        members.insert(header.key(), header.value());
-    return QJsonDocument(members).toJson(QJsonDocument::Compact);
-}
-
-QHash<QString, QString> readHeaders(const QVariant &text)
-{
-    QHash<QString, QString> headers;
-    const QJsonObject members = QJsonDocument::fromJson(text.toByteArray()).object();
-    for (auto member = members.begin(); member != members.end(); ++member)
-        headers.insert(member.key(), member.value().toString());
-    return headers;
+    return columns.join(u", "_s);
 }
 
 QueueMessage messageFrom(const QSqlQuery &row)
 {
-    int column = 0;
-    QueueMessage message;
-    message.number = row.value(column++).toLongLong();
-    message.id = row.value(column++).toString();
-    message.queue = row.value(column++).toString();
-    message.remark = row.value(column++).toString();
-    message.url = row.value(column++).toString();
-    message.correlationId = row.value(column++).toString();
-    message.enqueued = readTime(row.value(column++));
-    message.attempts = row.value(column++).toInt();
-    message.nextAttempt = readTime(row.value(column++));
-    message.lastError = row.value(column++).toString();
-    message.state = stateNamed(row.value(column++).toString());
-    message.answer = row.value(column++).toByteArray();
-    return message;
+    const QSqlRecord record = row.record();
+    return messagerow::read([&row, &record](const QString &column) {
+        const int index = record.indexOf(column);
+        return index < 0 ? QVariant() : row.value(index);
+    });
 }
 
-// A null text would be stored as NULL.
-QString present(const QString &text)
+QString insertStatement()
 {
-    return text.isNull() ? u""_s : text;
+    const QStringList filled = messagerow::columns().mid(1);
+    return u"INSERT INTO messages (%1) VALUES (%2)"_s.arg(
+        listed(filled), QStringList(filled.size(), u"?"_s).join(u", "_s));
 }
 
-QByteArray present(const QByteArray &bytes)
+// Makes the file private from its first moment on; the database gives those that it makes beside it
+// the same mode.
+void makePrivateFile(const QString &fileName)
 {
-    return bytes.isNull() ? QByteArray("") : bytes;
+    atomicfile::makePrivateFolder(QFileInfo(fileName).absolutePath());
+    const bool isNew = !QFileInfo::exists(fileName);
+    posix::File(fileName, O_RDWR | O_CREAT).makePrivate();
+    if (isNew)
+        posix::syncFolder(QFileInfo(fileName).absolutePath());
 }
 
 } // namespace
 
 MessageStore::MessageStore(const QString &fileName)
     : m_fileName(fileName)
-    , m_database(fileName)
-{ }
+{
+    makePrivateFile(fileName);
+    m_database = std::make_unique<QueueDatabase>(fileName);
+    queuelayout::bringUp(*m_database);
+}
 
 void MessageStore::append(const QueueMessage &message)
 {
-    m_database.run(u"INSERT INTO messages (id, queue, remark, url, headers, body, correlation_id, "
-                   u"enqueued, attempts, next_attempt, last_error, state, answer) "
-                   u"VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
-        {message.id, present(message.queue), present(message.remark), present(message.url),
-            QString::fromUtf8(written(message.headers)), present(message.body),
-            present(message.correlationId), written(message.enqueued), message.attempts,
-            written(message.nextAttempt), present(message.lastError), stateName(message.state),
-            present(message.answer)});
+    m_database->run(insertStatement(), messagerow::values(message));
 }
 
 int MessageStore::waiting()
 {
-    QSqlQuery count = m_database.run(u"SELECT count(*) FROM messages WHERE "_s + isWaiting);
+    QSqlQuery count = m_database->run(u"SELECT sum(messages) FROM counts WHERE "_s + isWaiting);
     return count.next() ? count.value(0).toInt() : 0;
 }
 
 QList<QueueMessage> MessageStore::undelivered()
 {
     QList<QueueMessage> messages;
-    QSqlQuery row = m_database.run(u"SELECT "_s + listedColumns
+    QSqlQuery row = m_database->run(u"SELECT "_s + listed(messagerow::shortColumns())
         + u" FROM messages WHERE state <> 'delivered' ORDER BY number"_s);
     while (row.next())
         messages.append(messageFrom(row));
@@ -107,22 +81,20 @@ QList<QueueMessage> MessageStore::undelivered()
 
 std::optional<QueueMessage> MessageStore::checkOut(qint64 behind)
 {
-    QueueTransaction transaction(m_database);
+    QueueTransaction transaction(*m_database);
     std::optional<QueueMessage> message;
     {
-        QSqlQuery row = m_database.run(u"SELECT "_s + listedColumns
-                + u", headers, body FROM messages WHERE number > ? AND "_s + isWaiting
+        QSqlQuery row = m_database->run(u"SELECT "_s + listed(messagerow::columns())
+                + u" FROM messages WHERE number > ? AND "_s + isWaiting
                 + u" ORDER BY number LIMIT 1"_s,
             {behind});
         if (!row.next())
             return {};
         message = messageFrom(row);
-        message->headers = readHeaders(row.value(u"headers"_s));
-        message->body = row.value(u"body"_s).toByteArray();
     }
     message->state = MessageState::Sending;
     ++message->attempts;
-    m_database.run(u"UPDATE messages SET state = ?, attempts = ? WHERE number = ?"_s,
+    m_database->run(u"UPDATE messages SET state = ?, attempts = ? WHERE number = ?"_s,
         {stateName(message->state), message->attempts, message->number});
     transaction.commit();
     return message;
@@ -130,8 +102,9 @@ std::optional<QueueMessage> MessageStore::checkOut(qint64 behind)
 
 void MessageStore::settle(const QueueMessage &message)
 {
-    m_database.run(u"UPDATE messages SET state = ?, next_attempt = ?, last_error = ?, answer = ? "
-                   u"WHERE number = ?"_s,
-        {stateName(message.state), written(message.nextAttempt), present(message.lastError),
-            present(message.answer), message.number});
+    m_database->run(u"UPDATE messages SET state = ?, next_attempt = ?, last_error = ?, answer = ? "
+                    u"WHERE number = ?"_s,
+        {stateName(message.state), messagerow::written(message.nextAttempt),
+            messagerow::present(message.lastError), messagerow::present(message.answer),
+            message.number});
 }

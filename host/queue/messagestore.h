@@ -5,6 +5,7 @@
 
 #include <QList>
 
+#include <memory>
 #include <optional>
 
 /// The messages of the outgoing queue in their table: all of the queue's SQL, no exchange.
@@ -35,5 +36,5 @@ public:
 
 private:
     QString m_fileName;
-    QueueDatabase m_database;
+    std::unique_ptr<QueueDatabase> m_database;
 };

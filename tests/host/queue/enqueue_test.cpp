@@ -67,6 +67,7 @@ TEST_F(EnqueueTest, MessageIsTiedToTheDocumentAndTheTime)
     queue()->enqueue(u"loyalty"_s, {}, u"remark"_s);
     const QueueMessage message = queue()->list().first();
     EXPECT_EQ(message.correlationId, u"c-1"_s);
+    EXPECT_EQ(message.lane, document()->getShop() + u'-' + document()->getTill());
     EXPECT_EQ(message.remark, u"remark"_s);
     EXPECT_EQ(message.enqueued, FrozenTime().currentDateTime());
     EXPECT_EQ(message.nextAttempt, FrozenTime().currentDateTime());

@@ -62,10 +62,10 @@ TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
 {
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
-    ask(u"PRAGMA user_version = 2"_s);
-    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (2, this one knows 1)"));
+    ask(u"PRAGMA user_version = 3"_s);
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (3, this one knows 2)"));
     EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
-    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{2});
+    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{3});
 }
 
 TEST_F(QueueDatabaseTest, FileThatIsNoDatabaseIsNamedAndLeftAlone)
