@@ -73,6 +73,11 @@ MessageStore &DBQueueBroker::store()
     return *m_store;
 }
 
+QList<tr::Tr> DBQueueBroker::open()
+{
+    return store().notices();
+}
+
 void DBQueueBroker::enqueue(
     const QString &queue, const QMap<QString, QVariant> &message, const QString &remark)
 {

@@ -2,6 +2,7 @@
 
 #include "host/export.h"
 #include "host/framework/singleton.h"
+#include "host/framework/tr.h"
 #include "host/queue/queuemessage.h"
 #include "host/queue/verdict.h"
 
@@ -26,6 +27,11 @@ public:
     DBQueueBroker();
     virtual ~DBQueueBroker();
     Q_DISABLE_COPY_MOVE(DBQueueBroker)
+
+    /// Opens the queue's file where it is not open yet; the other operations do so by themselves.
+    /// @return what a person must hear of what the opening found: damage, and what was saved.
+    /// @throws StorageError when it cannot be opened.
+    QList<tr::Tr> open();
 
     /// Puts a message behind those that wait. It is on disk, synced, when this returns.
     /// @param queue   name of the queue, which decides how answers are judged.

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "host/queue/queuedatabase.h"
+#include "host/queue/queuefile.h"
 #include "host/queue/queuemessage.h"
 
 #include <QList>
 
-#include <memory>
 #include <optional>
 
 /// The messages of the outgoing queue in their table: all of the queue's SQL, no exchange.
@@ -19,6 +18,8 @@ public:
 
     /// Where the messages are.
     [[nodiscard]] QString fileName() const { return m_fileName; }
+    /// What a person must hear of what the opening found.
+    [[nodiscard]] QList<tr::Tr> notices() const { return m_file.notices(); }
 
     /// Adds a message behind the others; its number is given here.
     void append(const QueueMessage &message);
@@ -35,6 +36,8 @@ public:
     void settle(const QueueMessage &message);
 
 private:
+    [[nodiscard]] QueueDatabase &database() { return m_file.database(); }
+
     QString m_fileName;
-    std::unique_ptr<QueueDatabase> m_database;
+    QueueFile m_file;
 };

@@ -43,18 +43,21 @@ QueueConnection::~QueueConnection()
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QueueDatabase::QueueDatabase(const QString &fileName)
+QueueDatabase::QueueDatabase(const QString &fileName, Use use)
     : m_fileName(fileName)
 {
-    open();
-    configure();
+    open(use);
+    if (use == Use::Work)
+        configure();
 }
 
-void QueueDatabase::open()
+void QueueDatabase::open(Use use)
 {
     m_connection.database().setDatabaseName(m_fileName);
-    m_connection.database().setConnectOptions(
-        u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMilliseconds));
+    QString options = u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMilliseconds);
+    if (use == Use::Look)
+        options += u";QSQLITE_OPEN_READONLY"_s;
+    m_connection.database().setConnectOptions(options);
     if (!m_connection.database().open())
         fail(m_fileName + u": the queue cannot be opened, see \"Queue:database\"",
             m_connection.database().lastError());

@@ -29,8 +29,15 @@ private:
 class QueueDatabase
 {
 public:
-    /// Opens the file, which the database makes where it is missing; its tables are not looked at.
-    explicit QueueDatabase(const QString &fileName);
+    enum class Use : int
+    {
+        Work,
+        Look, ///< the file and its log stay as they are, whatever is wrong with them
+    };
+
+    /// Opens the file, which the database makes where it is missing and to be worked; its tables
+    /// are not looked at.
+    explicit QueueDatabase(const QString &fileName, Use use = Use::Work);
 
     [[nodiscard]] QString fileName() const { return m_fileName; }
     /// Runs one statement with its values in the order of their question marks.
@@ -43,7 +50,7 @@ public:
     void setFact(const QString &name, const QString &value);
 
 private:
-    void open();
+    void open(Use use);
     void configure();
 
     QString m_fileName;

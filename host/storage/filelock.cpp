@@ -7,6 +7,15 @@
 
 #include <fcntl.h>
 
+#include <thread>
+
+namespace {
+
+// The system has no wait of limited length for this kind of lock.
+constexpr std::chrono::milliseconds lookAgainAfter{5};
+
+} // namespace
+
 FileLock::FileLock(const QString &fileName)
     : m_fileName(fileName)
 { }
@@ -22,6 +31,20 @@ bool FileLock::tryLock()
         return false;
     file->truncate();
     file->write(QByteArray::number(QCoreApplication::applicationPid()) + '\n');
+    m_file = std::move(file);
+    return true;
+}
+
+bool FileLock::share(std::chrono::milliseconds wait)
+{
+    const auto deadline = std::chrono::steady_clock::now() + wait;
+    auto file
+        = m_file ? std::move(m_file) : std::make_unique<posix::File>(m_fileName, O_RDWR | O_CREAT);
+    while (!file->tryShare()) {
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(lookAgainAfter);
+    }
     m_file = std::move(file);
     return true;
 }

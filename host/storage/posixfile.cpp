@@ -55,7 +55,17 @@ void File::sync()
 
 bool File::tryLock()
 {
-    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)
+    return takeLock(LOCK_EX);
+}
+
+bool File::tryShare()
+{
+    return takeLock(LOCK_SH);
+}
+
+bool File::takeLock(int kind)
+{
+    if (::flock(m_descriptor, kind | LOCK_NB) == 0)
         return true;
     if (errno != EWOULDBLOCK)
         fail(u"cannot be locked"_s);

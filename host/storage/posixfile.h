@@ -28,6 +28,9 @@ public:
     void sync();
     /// Takes the file's lock without waiting; false when another process has it.
     [[nodiscard]] bool tryLock();
+    /// Takes a share of the file's lock without waiting; false when another process has it alone.
+    /// Who had it alone keeps a share.
+    [[nodiscard]] bool tryShare();
     /// Takes other users' rights away from a file that had been there.
     void makePrivate();
     /// Makes the file empty.
@@ -36,6 +39,7 @@ public:
     void close();
 
 private:
+    [[nodiscard]] bool takeLock(int kind);
     [[noreturn]] void fail(const QString &what) const;
 
     QString m_fileName;

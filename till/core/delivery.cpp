@@ -22,6 +22,13 @@ tr::Tr describe(const DeliveryReport &report, int waiting)
         .arg(QString::number(waiting));
 }
 
+tr::Tr queueFailed(const StorageError &error)
+{
+    Log4Qt::LogManager::logger(u"till"_s)->error(QString::fromUtf8(error.what()));
+    return {
+        u"tillQueueFailed"_s, u"Очередь сообщений недоступна, подробности в журнале программы"_s};
+}
+
 } // namespace
 
 Outcome Till::deliver()
@@ -31,6 +38,16 @@ Outcome Till::deliver()
     Outcome outcome;
     outcome.notices.append(describe(report, queue->waiting()));
     return outcome;
+}
+
+// A till without its queue still sells: what it cannot queue it will say then.
+QList<tr::Tr> Till::openQueue()
+{
+    try {
+        return Singleton<DBQueueBroker>::instance()->open();
+    } catch (const StorageError &error) {
+        return {queueFailed(error)};
+    }
 }
 
 // The cheque is closed whatever happens here, so a queue that fails is told and not thrown.
@@ -43,9 +60,7 @@ void Till::deliverAfterClose(Outcome &outcome)
         if (Singleton<DBQueueBroker>::instance()->waiting() > 0)
             outcome.notices.append(deliver().notices);
     } catch (const StorageError &error) {
-        Log4Qt::LogManager::logger(u"till"_s)->error(QString::fromUtf8(error.what()));
-        outcome.notices.append(tr::Tr(u"tillQueueFailed"_s,
-            u"Очередь сообщений недоступна, подробности в журнале программы"_s));
+        outcome.notices.append(queueFailed(error));
     }
 }
 

@@ -1,5 +1,6 @@
 // The queue's file: private from the first moment, in the mode that keeps commits, of this version.
 
+#include "host/storage/filelock.h"
 #include "host/storage/storageerror.h"
 #include "tests/host/queue/queuefixture.h"
 #include "tests/host/storage/files.h"
@@ -68,29 +69,40 @@ TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
     EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{3});
 }
 
-TEST_F(QueueDatabaseTest, FileThatIsNoDatabaseIsNamedAndLeftAlone)
-{
-    ASSERT_TRUE(QDir().mkpath(folder()));
-    const QByteArray contents(1000, 'x');
-    files::put(databaseFile(), contents);
-    EXPECT_THAT(errorOfOpening(), testing::StartsWith(databaseFile().toStdString() + ": "));
-    EXPECT_EQ(files::contents(databaseFile()), contents);
-}
-
 TEST_F(QueueDatabaseTest, FileIsClosedWithItsBroker)
 {
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
-    EXPECT_EQ(files::namesIn(folder()), QStringList{u"queue.sqlite"_s});
+    EXPECT_THAT(files::namesIn(folder()), testing::Not(testing::Contains(u"queue.sqlite-wal"_s)));
     EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
 }
 
 TEST_F(QueueDatabaseTest, FailedOpeningLeavesNoConnection)
 {
-    ASSERT_TRUE(QDir().mkpath(folder()));
-    files::put(databaseFile(), QByteArray(1000, 'x'));
+    ASSERT_TRUE(QDir().mkpath(databaseFile()));
     EXPECT_NE(errorOfOpening(), "opened without an error");
     EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
+}
+
+TEST_F(QueueDatabaseTest, LeftoverOfAKilledMakingIsMadeAnew)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    files::put(databaseFile() + u".new"_s, "half a file");
+    files::put(databaseFile() + u".new-wal"_s, "half a log");
+    givenMessage(u"one"_s);
+    EXPECT_EQ(queue()->waiting(), 1);
+    EXPECT_THAT(files::namesIn(folder()),
+        testing::Not(testing::Contains(
+            testing::Truly([](const QString &name) { return name.contains(u".new"_s); }))));
+}
+
+TEST_F(QueueDatabaseTest, FileIsNotOpenedWhileAnotherProcessMakesOrMovesIt)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    FileLock other(databaseFile() + u".open"_s);
+    ASSERT_TRUE(other.tryLock());
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("still opening"));
+    EXPECT_FALSE(QFile::exists(databaseFile()));
 }
 
 TEST_F(QueueDatabaseTest, TwoBrokersWorkOnOneFile)

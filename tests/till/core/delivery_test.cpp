@@ -2,6 +2,8 @@
 
 #include "host/net/restclient.h"
 #include "host/queue/dbqueuebroker.h"
+#include "host/storage/statefolder.h"
+#include "tests/host/storage/files.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/support/tillfixture.h"
 #include "till/core/loyaltyverdict.h"
@@ -47,6 +49,27 @@ public:
 
     ScriptedServer service;
 };
+
+TEST_F(DeliveryTest, StartSaysNothingOfASoundQueue)
+{
+    EXPECT_TRUE(till->start().isEmpty());
+}
+
+TEST_F(DeliveryTest, StartTellsOfADamagedQueue)
+{
+    const QString folder = Singleton<StateFolder>::instance()->queue();
+    ASSERT_TRUE(QDir().mkpath(folder));
+    files::put(folder + u"/queue.sqlite"_s, "no database");
+    EXPECT_EQ(till->start().value(0).id(), u"queueSetAside"_s);
+}
+
+TEST_F(DeliveryTest, TillStartsWithoutItsQueue)
+{
+    ASSERT_TRUE(QDir().mkpath(Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s));
+    EXPECT_EQ(till->start().value(0).id(), u"tillQueueFailed"_s);
+    till->openSale();
+    EXPECT_TRUE(till->document());
+}
 
 TEST_F(DeliveryTest, DeliverSendsWhatWaitsAndTells)
 {
