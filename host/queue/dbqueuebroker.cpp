@@ -5,7 +5,7 @@
 #include "host/framework/currenttime.h"
 #include "host/framework/session.h"
 #include "host/queue/delivery.h"
-#include "host/queue/messagestore.h"
+#include "host/queue/outbox.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
 #include <log4qt/logger.h>
@@ -30,6 +30,13 @@ QString databaseFile()
                            u"leave the setting out"_s.arg(databaseSetting));
     const QString usual = Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
     return config->getPath(databaseSetting, usual);
+}
+
+qint64 ballastBytes()
+{
+    constexpr int usualKilobytes = 1024;
+    constexpr qint64 kilobyte = 1024;
+    return kilobyte * Singleton<Config>::instance()->getInt(u"Queue:ballastKb"_s, usualKilobytes);
 }
 
 QHash<QString, QString> headersFrom(const QVariantMap &values)
@@ -62,27 +69,27 @@ QueueMessage newMessage(const QString &queue, const QVariantMap &contents, const
 DBQueueBroker::DBQueueBroker() = default;
 DBQueueBroker::~DBQueueBroker() = default;
 
-MessageStore &DBQueueBroker::store()
+Outbox &DBQueueBroker::outbox()
 {
     // The database driver ends with the application, so the file must be closed before.
     static const bool closesWithApplication
         = (qAddPostRoutine([] { Singleton<DBQueueBroker>::reset(); }), true);
     Q_UNUSED(closesWithApplication)
-    if (!m_store)
-        m_store = std::make_unique<MessageStore>(databaseFile());
-    return *m_store;
+    if (!m_outbox)
+        m_outbox = std::make_unique<Outbox>(databaseFile(), ballastBytes());
+    return *m_outbox;
 }
 
 QList<tr::Tr> DBQueueBroker::open()
 {
-    return store().notices();
+    return outbox().with([](MessageStore &store) { return store.notices(); });
 }
 
 void DBQueueBroker::enqueue(
     const QString &queue, const QMap<QString, QVariant> &message, const QString &remark)
 {
     try {
-        store().append(newMessage(queue, message, remark));
+        outbox().put(newMessage(queue, message, remark));
     } catch (const StorageError &error) {
         const QString reason = QString::fromUtf8(error.what());
         Log4Qt::LogManager::logger(u"poshost.queue"_s)->error(reason);
@@ -100,15 +107,16 @@ void DBQueueBroker::setVerdict(const QString &queue, VerdictFunction verdict)
 
 DeliveryReport DBQueueBroker::deliver()
 {
-    return delivery::deliverAll(store(), m_verdicts);
+    return outbox().with(
+        [this](MessageStore &store) { return delivery::deliverAll(store, m_verdicts); });
 }
 
 int DBQueueBroker::waiting()
 {
-    return store().waiting();
+    return outbox().with([](MessageStore &store) { return store.waiting(); });
 }
 
 QList<QueueMessage> DBQueueBroker::list()
 {
-    return store().undelivered();
+    return outbox().with([](MessageStore &store) { return store.undelivered(); });
 }

@@ -14,7 +14,7 @@
 
 #include <memory>
 
-class MessageStore;
+class Outbox;
 
 /// The till's outgoing queue. `Singleton<DBQueueBroker>::instance()`.
 ///
@@ -33,7 +33,8 @@ public:
     /// @throws StorageError when it cannot be opened.
     QList<tr::Tr> open();
 
-    /// Puts a message behind those that wait. It is on disk, synced, when this returns.
+    /// Puts a message behind those that wait. It is on disk, synced, when this returns: in the
+    /// queue's file, otherwise in the spill file beside it, from which it comes later.
     /// @param queue   name of the queue, which decides how answers are judged.
     /// @param message what to send: "url", "headers" (name to text) and "body".
     /// @param remark  free text kept with the message; may be empty.
@@ -59,9 +60,9 @@ public:
     [[nodiscard]] QList<QueueMessage> list();
 
 private:
-    MessageStore &store();
+    Outbox &outbox();
 
-    std::unique_ptr<MessageStore> m_store;
+    std::unique_ptr<Outbox> m_outbox;
     QHash<QString, VerdictFunction> m_verdicts;
 };
 

@@ -21,6 +21,16 @@ void MessageStore::append(const QueueMessage &message)
     messagetable::insert(database(), message);
 }
 
+int MessageStore::takeIn(const QList<QueueMessage> &messages)
+{
+    QueueTransaction transaction(database());
+    int added = 0;
+    for (const QueueMessage &message : messages)
+        added += messagetable::insert(database(), message) ? 1 : 0;
+    transaction.commit();
+    return added;
+}
+
 int MessageStore::waiting()
 {
     QSqlQuery count = database().run(u"SELECT sum(messages) FROM counts WHERE "_s + isWaiting);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/queue/queueerror.h"
 #include "host/queue/queuefile.h"
 #include "host/queue/queuemessage.h"
 
@@ -23,6 +24,9 @@ public:
 
     /// Adds a message behind the others; its number is given here.
     void append(const QueueMessage &message);
+    /// Adds messages behind the others in one step, but for those whose ids are there already.
+    /// @return how many were added.
+    int takeIn(const QList<QueueMessage> &messages);
     /// How many messages are pending or being sent.
     [[nodiscard]] int waiting();
     /// Everything but delivered messages, in order, without headers and bodies.

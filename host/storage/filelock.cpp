@@ -7,15 +7,6 @@
 
 #include <fcntl.h>
 
-#include <thread>
-
-namespace {
-
-// The system has no wait of limited length for this kind of lock.
-constexpr std::chrono::milliseconds lookAgainAfter{5};
-
-} // namespace
-
 FileLock::FileLock(const QString &fileName)
     : m_fileName(fileName)
 { }
@@ -37,14 +28,10 @@ bool FileLock::tryLock()
 
 bool FileLock::share(std::chrono::milliseconds wait)
 {
-    const auto deadline = std::chrono::steady_clock::now() + wait;
     auto file
         = m_file ? std::move(m_file) : std::make_unique<posix::File>(m_fileName, O_RDWR | O_CREAT);
-    while (!file->tryShare()) {
-        if (std::chrono::steady_clock::now() >= deadline)
-            return false;
-        std::this_thread::sleep_for(lookAgainAfter);
-    }
+    if (!file->tryShare(wait))
+        return false;
     m_file = std::move(file);
     return true;
 }
