@@ -107,8 +107,25 @@ void DBQueueBroker::setVerdict(const QString &queue, VerdictFunction verdict)
 
 DeliveryReport DBQueueBroker::deliver()
 {
-    return outbox().with(
-        [this](MessageStore &store) { return delivery::deliverAll(store, m_verdicts); });
+    return outbox().with([this](MessageStore &store) {
+        return delivery::deliver(store, m_verdicts, delivery::Extent::Waiting);
+    });
+}
+
+DeliveryReport DBQueueBroker::deliverDue()
+{
+    return outbox().with([this](MessageStore &store) {
+        return delivery::deliver(store, m_verdicts, delivery::Extent::Due);
+    });
+}
+
+QDateTime DBQueueBroker::nextDue()
+{
+    return outbox().with([](MessageStore &store) {
+        const QDateTime next = store.nextAttempt();
+        const QDateTime held = store.heldUntil();
+        return next.isValid() && held.isValid() ? qMax(next, held) : next;
+    });
 }
 
 int DBQueueBroker::waiting()

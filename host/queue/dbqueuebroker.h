@@ -51,6 +51,16 @@ public:
     /// @throws StorageError when the queue cannot be read or written.
     DeliveryReport deliver();
 
+    /// The same for messages whose waiting time is over only, for a service that delivers all the
+    /// time. After a pass that ended since nothing was reached, further ones do nothing for a
+    /// while.
+    /// @throws StorageError when the queue cannot be read or written.
+    DeliveryReport deliverDue();
+    /// When `deliverDue` has something to do next, a time in the past meaning now; invalid when
+    /// nothing waits.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] QDateTime nextDue();
+
     /// How many messages wait, those in a deliverer's hands included.
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] int waiting();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
@@ -7,7 +9,7 @@
 
 /// A connection in Qt's register under a name that is unique in the process, taken out of it with
 /// this object.
-class QueueConnection
+class POSHOST_EXPORT QueueConnection
 {
 public:
     QueueConnection();
@@ -26,7 +28,7 @@ private:
 ///
 /// Belongs to the thread that made it; closed with this object. What fails is a `StorageError`,
 /// with a damaged file `QueueDamaged`. Another process's write is waited for, two seconds at most.
-class QueueDatabase
+class POSHOST_EXPORT QueueDatabase
 {
 public:
     enum class Use : int

@@ -15,7 +15,7 @@
 /// As long as this object lives it holds a share of "<file>.open", and a file is made or set aside
 /// only by who has that lock alone: nobody's messages go into a file that was moved away.
 /// Readable by its owner only from the first moment, since the messages hold credentials.
-class QueueFile
+class POSHOST_EXPORT QueueFile
 {
 public:
     /// @throws StorageError when the file cannot be opened, or stays in another process's opening

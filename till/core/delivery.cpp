@@ -22,6 +22,20 @@ tr::Tr describe(const DeliveryReport &report, int waiting)
         .arg(QString::number(waiting));
 }
 
+QList<tr::Tr> alarms(const DeliveryReport &report)
+{
+    QList<tr::Tr> notices;
+    if (report.unauthorised)
+        notices.append(tr::Tr(u"tillDeliveryUnauthorised"_s,
+            u"Система лояльности не принимает пароль, с которым сохранены чеки. Исправьте пароль в "
+            u"настройках и выполните korvel-till queue reauthorise"_s));
+    if (report.parked > 0)
+        notices.append(tr::Tr(u"tillDeliveryParked"_s,
+            u"Отложено до решения администратора: %1, см. korvel-till queue list"_s)
+                           .arg(QString::number(report.parked)));
+    return notices;
+}
+
 tr::Tr queueFailed(const StorageError &error)
 {
     Log4Qt::LogManager::logger(u"till"_s)->error(QString::fromUtf8(error.what()));
@@ -37,6 +51,7 @@ Outcome Till::deliver()
     const DeliveryReport report = queue->deliver();
     Outcome outcome;
     outcome.notices.append(describe(report, queue->waiting()));
+    outcome.notices.append(alarms(report));
     return outcome;
 }
 
