@@ -80,6 +80,16 @@ Outbox &DBQueueBroker::outbox()
     return *m_outbox;
 }
 
+MessageStore &DBQueueBroker::openStore()
+{
+    return outbox().store();
+}
+
+void DBQueueBroker::closeDamaged()
+{
+    m_outbox.reset();
+}
+
 QList<tr::Tr> DBQueueBroker::open()
 {
     return outbox().with([](MessageStore &store) { return store.notices(); });

@@ -3,7 +3,9 @@
 #include "host/export.h"
 #include "host/framework/singleton.h"
 #include "host/framework/tr.h"
+#include "host/queue/queueerror.h"
 #include "host/queue/queuemessage.h"
+#include "host/queue/queueoffice.h"
 #include "host/queue/verdict.h"
 
 #include <QHash>
@@ -14,6 +16,7 @@
 
 #include <memory>
 
+class MessageStore;
 class Outbox;
 
 /// The till's outgoing queue. `Singleton<DBQueueBroker>::instance()`.
@@ -69,8 +72,23 @@ public:
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] QList<QueueMessage> list();
 
+    /// Does something with what a person may ask of the queue and do to it.
+    /// @throws StorageError when the queue cannot be opened, and what the work throws.
+    template <typename Work> auto inOffice(const Work &work)
+    {
+        try {
+            QueueOffice office(openStore());
+            return work(office);
+        } catch (const QueueDamaged &) {
+            closeDamaged();
+            throw;
+        }
+    }
+
 private:
     Outbox &outbox();
+    MessageStore &openStore();
+    void closeDamaged();
 
     std::unique_ptr<Outbox> m_outbox;
     QHash<QString, VerdictFunction> m_verdicts;
