@@ -27,7 +27,8 @@ void make(const QString &fileName)
 {
     const QString made = fileName + u".new";
     removeLeftovers(made);
-    posix::File(made, O_RDWR | O_CREAT).makePrivate();
+    // The database gives those that it makes beside it the same mode.
+    posix::File(made, O_RDWR | O_CREAT | O_EXCL).close();
     {
         QueueDatabase database(made);
         queuelayout::bringUp(database);

@@ -127,9 +127,8 @@ int QueueOffice::exportTo(const QString &fileName)
 
 int QueueOffice::importFrom(const QString &fileName, const QString &authorization)
 {
-    // All of it is read before any of it is taken.
-    readExport(fileName, [](QueueMessage &) {});
     int taken = 0;
+    // Taken back as a whole where the file proves not to be whole.
     QueueTransaction transaction(m_database);
     readExport(fileName, [this, &taken, &authorization](QueueMessage &message) {
         authorization::putOn(message, authorization);

@@ -184,6 +184,34 @@ TEST_F(DamagedQueueTest, LogWhoseFileIsGoneIsKeptAndRead)
     EXPECT_GE(queue()->waiting(), messagesGiven - 1);
 }
 
+TEST_F(DamagedQueueTest, CommitThatTheLogHasNotWholeIsNotRead)
+{
+    givenKilledQueue();
+    ASSERT_TRUE(QFile::remove(databaseFile()));
+    const QString log = databaseFile() + u"-wal"_s;
+    ASSERT_TRUE(QFile::resize(log, QFileInfo(log).size() - 1));
+    const auto notices = queue()->open();
+    // The first message was in the file itself.
+    EXPECT_EQ(queue()->waiting(), messagesGiven - 2);
+    EXPECT_TRUE(notices.last().ru().endsWith(u"не читаются: 1"_s))
+        << qPrintable(notices.last().ru());
+}
+
+TEST_F(DamagedQueueTest, LogIsReadUpToWhereItWasChanged)
+{
+    givenKilledQueue();
+    ASSERT_TRUE(QFile::remove(databaseFile()));
+    const QString log = databaseFile() + u"-wal"_s;
+    QByteArray contents = files::contents(log);
+    contents[contents.lastIndexOf("xxxx")] = 'y';
+    files::put(log, contents);
+    const auto notices = queue()->open();
+    // The first message was in the file itself.
+    EXPECT_EQ(queue()->waiting(), messagesGiven - 2);
+    EXPECT_TRUE(notices.last().ru().endsWith(u"не читаются: 1"_s))
+        << qPrintable(notices.last().ru());
+}
+
 TEST_F(DamagedQueueTest, SavedMessagesAreWhatTheyWere)
 {
     givenMessage(u"<a>\u0001Ёж\r\n</a>"_s);
