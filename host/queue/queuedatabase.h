@@ -63,7 +63,7 @@ private:
 ///
 /// Never a plain BEGIN: that one takes the write lock only at the first change and then fails at
 /// once when another process has changed something meanwhile.
-class QueueTransaction
+class POSHOST_EXPORT QueueTransaction
 {
 public:
     explicit QueueTransaction(QueueDatabase &database);

@@ -1,5 +1,6 @@
 // The queue's file: private from the first moment, in the mode that keeps commits, of this version.
 
+#include "host/queue/queuedatabase.h"
 #include "host/storage/filelock.h"
 #include "host/storage/storageerror.h"
 #include "tests/host/queue/queuefixture.h"
@@ -44,12 +45,33 @@ TEST_F(QueueDatabaseTest, EveryFileIsForItsOwnerOnlyWhateverTheMask)
 
 TEST_F(QueueDatabaseTest, RightsOfOthersOnAnOldFileAreTakenAway)
 {
-    ASSERT_TRUE(QDir().mkpath(folder()));
-    files::put(databaseFile(), {});
+    givenMessage(u"one"_s);
+    Singleton<DBQueueBroker>::reset();
     ASSERT_TRUE(QFile::setPermissions(databaseFile(),
         QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
-    givenMessage(u"one"_s);
-    EXPECT_TRUE(files::isPrivate(databaseFile()));
+    givenMessage(u"two"_s);
+    for (const QString &name : files::namesIn(folder()))
+        EXPECT_TRUE(files::isPrivate(folder() + u'/' + name)) << qPrintable(name);
+}
+
+TEST_F(QueueDatabaseTest, TransactionOwnsTheFileFromItsFirstMoment)
+{
+    queue()->open();
+    QueueDatabase one(databaseFile());
+    QueueDatabase other(databaseFile());
+    const QueueTransaction first(one);
+    EXPECT_THROW(const QueueTransaction second(other), StorageError);
+}
+
+TEST_F(QueueDatabaseTest, PlainBeginFailsAtOnceWhenAnotherHasChangedSomething)
+{
+    queue()->open();
+    QueueDatabase one(databaseFile());
+    QueueDatabase other(databaseFile());
+    one.run(u"BEGIN"_s);
+    EXPECT_TRUE(one.fact(u"name"_s).isEmpty());
+    other.setFact(u"name"_s, u"other"_s);
+    EXPECT_THROW(one.setFact(u"name"_s, u"one"_s), StorageError);
 }
 
 TEST_F(QueueDatabaseTest, WritesAheadAndKnowsItsVersion)

@@ -255,6 +255,14 @@ TEST_F(KeepingTest, SettingSaysForHowManyDays)
     EXPECT_EQ(kept(), 0);
 }
 
+TEST_F(KeepingTest, WhatTheProgramOfBeforeHasJustDeliveredStays)
+{
+    givenMessage(u"one"_s);
+    ask(u"UPDATE messages SET state = 'delivered'"_s);
+    whenDelivered();
+    EXPECT_EQ(kept(), 1);
+}
+
 TEST_F(KeepingTest, WhatIsNotDeliveredStays)
 {
     for (const QString &state : {u"refused"_s, u"parked"_s, u"pending"_s}) {
