@@ -85,9 +85,9 @@ MessageStore &DBQueueBroker::openStore()
     return outbox().store();
 }
 
-void DBQueueBroker::closeDamaged()
+void DBQueueBroker::closeDamaged(const QueueDamaged &error)
 {
-    m_outbox.reset();
+    outbox().closeDamaged(QString::fromUtf8(error.what()));
 }
 
 QList<tr::Tr> DBQueueBroker::open()

@@ -79,8 +79,8 @@ public:
         try {
             QueueOffice office(openStore());
             return work(office);
-        } catch (const QueueDamaged &) {
-            closeDamaged();
+        } catch (const QueueDamaged &error) {
+            closeDamaged(error);
             throw;
         }
     }
@@ -88,7 +88,7 @@ public:
 private:
     Outbox &outbox();
     MessageStore &openStore();
-    void closeDamaged();
+    void closeDamaged(const QueueDamaged &error);
 
     std::unique_ptr<Outbox> m_outbox;
     QHash<QString, VerdictFunction> m_verdicts;

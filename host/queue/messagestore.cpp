@@ -27,9 +27,9 @@ QStringList columnsOfLease()
 
 } // namespace
 
-MessageStore::MessageStore(const QString &fileName)
+MessageStore::MessageStore(const QString &fileName, const QString &knownDamage)
     : m_fileName(fileName)
-    , m_file(fileName)
+    , m_file(fileName, knownDamage)
     , m_owner(leaseowner::makeName())
 { }
 

@@ -36,7 +36,8 @@ public:
     /// Delivered messages that are deleted in one step, so that nobody waits long for the file.
     static constexpr int deletedInOneStep = 200;
 
-    explicit MessageStore(const QString &fileName);
+    /// @param knownDamage as `QueueFile` takes it.
+    explicit MessageStore(const QString &fileName, const QString &knownDamage = {});
 
     /// Where the messages are.
     [[nodiscard]] QString fileName() const { return m_fileName; }

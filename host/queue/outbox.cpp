@@ -49,13 +49,21 @@ void Outbox::put(const QueueMessage &message)
 MessageStore &Outbox::store()
 {
     if (!m_store) {
-        m_store = std::make_unique<MessageStore>(m_fileName);
+        m_store = std::make_unique<MessageStore>(m_fileName, m_knownDamage);
+        m_knownDamage.clear();
         keepBallast();
     }
     // Without room for the ballast the queue's file would only use up what the spill file needs.
     if (!m_spill.isEmpty() && keepBallast())
         takeInSpilled();
     return *m_store;
+}
+
+void Outbox::closeDamaged(const QString &damage)
+{
+    // Where others have it open it stays: then the next who has it alone finds what is wrong.
+    m_knownDamage = m_store ? damage : QString();
+    m_store.reset();
 }
 
 bool Outbox::keepBallast() const

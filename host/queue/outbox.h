@@ -27,17 +27,20 @@ public:
     /// @throws StorageError when it cannot be opened.
     MessageStore &store();
     /// Does something with the queue.
-    /// @throws StorageError as it does. After `QueueDamaged` the queue is closed, and so looked at
-    ///         and mended when it is opened again.
+    /// @throws StorageError as it does. After `QueueDamaged` the queue is closed, and mended when
+    /// it
+    ///         is opened again.
     template <typename Work> auto with(const Work &work)
     {
         try {
             return work(store());
-        } catch (const QueueDamaged &) {
-            m_store.reset();
+        } catch (const QueueDamaged &error) {
+            closeDamaged(QString::fromUtf8(error.what()));
             throw;
         }
     }
+    /// Closes the queue, in which damage was found; the next opening sets it aside.
+    void closeDamaged(const QString &damage);
 
 private:
     bool keepBallast() const;
@@ -48,4 +51,5 @@ private:
     qint64 m_ballastBytes;
     SpillFile m_spill;
     std::unique_ptr<MessageStore> m_store;
+    QString m_knownDamage;
 };
