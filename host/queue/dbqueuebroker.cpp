@@ -5,7 +5,7 @@
 #include "host/framework/currenttime.h"
 #include "host/framework/session.h"
 #include "host/queue/delivery.h"
-#include "host/queue/messagestore.h"
+#include "host/queue/outbox.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
 #include <log4qt/logger.h>
@@ -32,6 +32,13 @@ QString databaseFile()
     return config->getPath(databaseSetting, usual);
 }
 
+qint64 ballastBytes()
+{
+    constexpr int usualKilobytes = 1024;
+    constexpr qint64 kilobyte = 1024;
+    return kilobyte * Singleton<Config>::instance()->getInt(u"Queue:ballastKb"_s, usualKilobytes);
+}
+
 QHash<QString, QString> headersFrom(const QVariantMap &values)
 {
     QHash<QString, QString> headers;
@@ -51,6 +58,7 @@ QueueMessage newMessage(const QString &queue, const QVariantMap &contents, const
     message.headers = headersFrom(contents.value(u"headers"_s).toMap());
     message.body = contents.value(u"body"_s).toString().toUtf8();
     message.correlationId = document ? document->getCorrelationId() : QString();
+    message.lane = document ? document->getShop() + u'-' + document->getTill() : QString();
     message.enqueued = MockFactory<CurrentTime>::create()->currentDateTime();
     message.nextAttempt = message.enqueued;
     return message;
@@ -61,22 +69,37 @@ QueueMessage newMessage(const QString &queue, const QVariantMap &contents, const
 DBQueueBroker::DBQueueBroker() = default;
 DBQueueBroker::~DBQueueBroker() = default;
 
-MessageStore &DBQueueBroker::store()
+Outbox &DBQueueBroker::outbox()
 {
     // The database driver ends with the application, so the file must be closed before.
     static const bool closesWithApplication
         = (qAddPostRoutine([] { Singleton<DBQueueBroker>::reset(); }), true);
     Q_UNUSED(closesWithApplication)
-    if (!m_store)
-        m_store = std::make_unique<MessageStore>(databaseFile());
-    return *m_store;
+    if (!m_outbox)
+        m_outbox = std::make_unique<Outbox>(databaseFile(), ballastBytes());
+    return *m_outbox;
+}
+
+MessageStore &DBQueueBroker::openStore()
+{
+    return outbox().store();
+}
+
+void DBQueueBroker::closeDamaged(const QueueDamaged &error)
+{
+    outbox().closeDamaged(QString::fromUtf8(error.what()));
+}
+
+QList<tr::Tr> DBQueueBroker::open()
+{
+    return outbox().with([](MessageStore &store) { return store.notices(); });
 }
 
 void DBQueueBroker::enqueue(
     const QString &queue, const QMap<QString, QVariant> &message, const QString &remark)
 {
     try {
-        store().append(newMessage(queue, message, remark));
+        outbox().put(newMessage(queue, message, remark));
     } catch (const StorageError &error) {
         const QString reason = QString::fromUtf8(error.what());
         Log4Qt::LogManager::logger(u"poshost.queue"_s)->error(reason);
@@ -94,15 +117,33 @@ void DBQueueBroker::setVerdict(const QString &queue, VerdictFunction verdict)
 
 DeliveryReport DBQueueBroker::deliver()
 {
-    return delivery::deliverAll(store(), m_verdicts);
+    return outbox().with([this](MessageStore &store) {
+        return delivery::deliver(store, m_verdicts, delivery::Extent::Waiting);
+    });
+}
+
+DeliveryReport DBQueueBroker::deliverDue()
+{
+    return outbox().with([this](MessageStore &store) {
+        return delivery::deliver(store, m_verdicts, delivery::Extent::Due);
+    });
+}
+
+QDateTime DBQueueBroker::nextDue()
+{
+    return outbox().with([](MessageStore &store) {
+        const QDateTime next = store.nextAttempt();
+        const QDateTime held = store.heldUntil();
+        return next.isValid() && held.isValid() ? qMax(next, held) : next;
+    });
 }
 
 int DBQueueBroker::waiting()
 {
-    return store().waiting();
+    return outbox().with([](MessageStore &store) { return store.waiting(); });
 }
 
 QList<QueueMessage> DBQueueBroker::list()
 {
-    return store().undelivered();
+    return outbox().with([](MessageStore &store) { return store.undelivered(); });
 }

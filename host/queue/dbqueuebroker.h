@@ -2,7 +2,10 @@
 
 #include "host/export.h"
 #include "host/framework/singleton.h"
+#include "host/framework/tr.h"
+#include "host/queue/queueerror.h"
 #include "host/queue/queuemessage.h"
+#include "host/queue/queueoffice.h"
 #include "host/queue/verdict.h"
 
 #include <QHash>
@@ -14,6 +17,7 @@
 #include <memory>
 
 class MessageStore;
+class Outbox;
 
 /// The till's outgoing queue. `Singleton<DBQueueBroker>::instance()`.
 ///
@@ -27,7 +31,13 @@ public:
     virtual ~DBQueueBroker();
     Q_DISABLE_COPY_MOVE(DBQueueBroker)
 
-    /// Puts a message behind those that wait. It is on disk, synced, when this returns.
+    /// Opens the queue's file where it is not open yet; the other operations do so by themselves.
+    /// @return what a person must hear of what the opening found: damage, and what was saved.
+    /// @throws StorageError when it cannot be opened.
+    QList<tr::Tr> open();
+
+    /// Puts a message behind those that wait. It is on disk, synced, when this returns: in the
+    /// queue's file, otherwise in the spill file beside it, from which it comes later.
     /// @param queue   name of the queue, which decides how answers are judged.
     /// @param message what to send: "url", "headers" (name to text) and "body".
     /// @param remark  free text kept with the message; may be empty.
@@ -44,6 +54,16 @@ public:
     /// @throws StorageError when the queue cannot be read or written.
     DeliveryReport deliver();
 
+    /// The same for messages whose waiting time is over only, for a service that delivers all the
+    /// time. After a pass that ended since nothing was reached, further ones do nothing for a
+    /// while.
+    /// @throws StorageError when the queue cannot be read or written.
+    DeliveryReport deliverDue();
+    /// When `deliverDue` has something to do next, a time in the past meaning now; invalid when
+    /// nothing waits.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] QDateTime nextDue();
+
     /// How many messages wait, those in a deliverer's hands included.
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] int waiting();
@@ -52,10 +72,25 @@ public:
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] QList<QueueMessage> list();
 
-private:
-    MessageStore &store();
+    /// Does something with what a person may ask of the queue and do to it.
+    /// @throws StorageError when the queue cannot be opened, and what the work throws.
+    template <typename Work> auto inOffice(const Work &work)
+    {
+        try {
+            QueueOffice office(openStore());
+            return work(office);
+        } catch (const QueueDamaged &error) {
+            closeDamaged(error);
+            throw;
+        }
+    }
 
-    std::unique_ptr<MessageStore> m_store;
+private:
+    Outbox &outbox();
+    MessageStore &openStore();
+    void closeDamaged(const QueueDamaged &error);
+
+    std::unique_ptr<Outbox> m_outbox;
     QHash<QString, VerdictFunction> m_verdicts;
 };
 

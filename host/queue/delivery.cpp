@@ -1,10 +1,14 @@
 #include "host/queue/delivery.h"
 
+#include "host/config/config.h"
 #include "host/framework/currenttime.h"
 #include "host/net/restclient.h"
+#include "host/queue/backoff.h"
 #include "host/storage/filelock.h"
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
+
+#include <QRandomGenerator>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,7 +42,7 @@ Verdict answered(int errorCode)
 {
     return {
         errorCode == RestClient::None ? Verdict::Outcome::Delivered : Verdict::Outcome::TryAgain,
-        {}};
+        {}, 0};
 }
 
 // A judge that fails must not end the pass: the message waits, and what went wrong stands with it.
@@ -49,36 +53,25 @@ Verdict judged(const VerdictFunction &judge, int errorCode, const QByteArray &bo
     try {
         return judge(errorCode, body);
     } catch (const std::exception &error) {
-        return {Verdict::Outcome::TryAgain, QString::fromUtf8(error.what())};
+        return {Verdict::Outcome::TryAgain, QString::fromUtf8(error.what()), 0};
     }
 }
 
-MessageState stateAfter(Verdict::Outcome outcome)
+bool isUnauthorised(int errorCode)
 {
-    switch (outcome) {
-    case Verdict::Outcome::Delivered:
-        return MessageState::Delivered;
-    case Verdict::Outcome::Refused:
-        return MessageState::Refused;
-    case Verdict::Outcome::TryAgain:
-        return MessageState::Pending;
-    }
-    return MessageState::Parked;
+    constexpr int unauthorised = 401;
+    constexpr int forbidden = 403;
+    return errorCode == unauthorised || errorCode == forbidden;
 }
 
-void count(DeliveryReport &report, Verdict::Outcome outcome)
+QDateTime currentTime()
 {
-    switch (outcome) {
-    case Verdict::Outcome::Delivered:
-        ++report.delivered;
-        break;
-    case Verdict::Outcome::Refused:
-        ++report.refused;
-        break;
-    case Verdict::Outcome::TryAgain:
-        ++report.failed;
-        break;
-    }
+    return MockFactory<CurrentTime>::create()->currentDateTime();
+}
+
+int days(const QString &setting, int usual)
+{
+    return qMax(0, Singleton<Config>::instance()->getInt(setting, usual));
 }
 
 QSharedPointer<RestClient> exchange(const QueueMessage &message)
@@ -89,37 +82,152 @@ QSharedPointer<RestClient> exchange(const QueueMessage &message)
     return client;
 }
 
-void noteOutcome(QueueMessage &message, const Verdict &verdict, const RestClient &client)
+/// One pass from its first message to its last.
+class Pass
 {
-    message.state = stateAfter(verdict.outcome);
-    message.lastError = verdict.text.isEmpty() ? client.errorMessage().ru() : verdict.text;
-    message.answer = client.responseBody().left(answerBytesKept);
-    message.nextAttempt = MockFactory<CurrentTime>::create()->currentDateTime();
-    logger()->info(u"message %1 of queue %2, attempt %3: %4 %5"_s.arg(message.id, message.queue,
-        QString::number(message.attempts), stateName(message.state), message.lastError));
-}
+public:
+    Pass(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent)
+        : m_store(store)
+        , m_verdicts(verdicts)
+        , m_isDueOnly(extent == Extent::Due)
+        , m_stopsInRow(store.stopsInRow())
+    { }
+
+    DeliveryReport run()
+    {
+        auto next = taken(m_store.checkOut({currentTime(), 0, m_isDueOnly}));
+        m_report.busy = !next && m_othersAtWork;
+        while (next)
+            next = send(*next);
+        deleteOldOnes();
+        return m_report;
+    }
+
+private:
+    std::optional<QueueMessage> taken(const CheckedOut &next)
+    {
+        m_report.parked += next.parked;
+        m_othersAtWork = next.othersAtWork;
+        return next.message;
+    }
+
+    std::optional<QueueMessage> send(QueueMessage &message)
+    {
+        const auto client = exchange(message);
+        const Verdict verdict
+            = judged(m_verdicts.value(message.queue), client->errorCode(), client->responseBody());
+        note(message, verdict, *client);
+        countReached(client->errorCode());
+        m_report.unauthorised
+            = verdict.outcome == Verdict::Outcome::TryAgain && isUnauthorised(client->errorCode());
+        if (!m_report.stopped && !m_report.unauthorised)
+            return taken(
+                m_store.settleAndCheckOut(message, {currentTime(), message.number, m_isDueOnly}));
+        m_store.settle(message);
+        return {};
+    }
+
+    void note(QueueMessage &message, const Verdict &verdict, const RestClient &client)
+    {
+        const QDateTime now = currentTime();
+        message.lastError = verdict.text.isEmpty() ? client.errorMessage().ru() : verdict.text;
+        message.lastCode = verdict.code != 0 ? verdict.code : client.errorCode();
+        message.answer = client.responseBody().left(answerBytesKept);
+        message.nextAttempt = now;
+        switch (verdict.outcome) {
+        case Verdict::Outcome::Delivered:
+            settle(message, MessageState::Delivered, now);
+            ++m_report.delivered;
+            break;
+        case Verdict::Outcome::Refused:
+            settle(message, MessageState::Refused, now);
+            ++m_report.refused;
+            break;
+        case Verdict::Outcome::TryAgain:
+            keepWaiting(message, client.errorCode(), now);
+            break;
+        }
+        logger()->info(u"message %1 of queue %2, attempt %3: %4 %5"_s.arg(message.id, message.queue,
+            QString::number(message.attempts), stateName(message.state), message.lastError));
+    }
+
+    static void settle(QueueMessage &message, MessageState state, const QDateTime &now)
+    {
+        message.state = state;
+        message.settled = now;
+        message.answeredOtherwiseSince = {};
+    }
+
+    void keepWaiting(QueueMessage &message, int errorCode, const QDateTime &now)
+    {
+        message.state = MessageState::Pending;
+        message.nextAttempt = backoff::nextAttempt(now, message.lastAttempt, message.attempts,
+            QRandomGenerator::global()->generateDouble());
+        // Wrong credentials are no fault of the message, nor is a service that does not answer.
+        if (!isConnectionFailure(errorCode) && !isUnauthorised(errorCode))
+            parkWhenAnsweredSoForLong(message, now);
+        ++(message.state == MessageState::Parked ? m_report.parked : m_report.failed);
+    }
+
+    static void parkWhenAnsweredSoForLong(QueueMessage &message, const QDateTime &now)
+    {
+        constexpr int usualDays = 7;
+        QDateTime &since = message.answeredOtherwiseSince;
+        // A time in the future was noted before the clock was set back.
+        if (!since.isValid() || since > now)
+            since = now;
+        const int patience = days(u"Queue:parkDays"_s, usualDays);
+        if (since.addDays(patience) > now)
+            return;
+        message.state = MessageState::Parked;
+        logger()->error(
+            u"message %1 was parked: the service has neither accepted nor refused it "
+            u"for %2 days: %3"_s.arg(message.id, QString::number(patience), message.lastError));
+    }
+
+    void countReached(int errorCode)
+    {
+        m_failuresInRow = isConnectionFailure(errorCode) ? m_failuresInRow + 1 : 0;
+        m_report.stopped = m_failuresInRow == failuresToStop;
+        if (m_report.stopped) {
+            const QDateTime now = currentTime();
+            ++m_stopsInRow;
+            m_store.hold(m_stopsInRow,
+                backoff::nextAttempt(
+                    now, now, m_stopsInRow, QRandomGenerator::global()->generateDouble()));
+        } else if (m_failuresInRow == 0 && m_stopsInRow > 0) {
+            m_stopsInRow = 0;
+            m_store.hold(0, {});
+        }
+    }
+
+    // In small bites, so that an enqueueing till never waits for them.
+    void deleteOldOnes()
+    {
+        constexpr int usualDays = 30;
+        m_store.deleteDelivered(currentTime().addDays(-days(u"Queue:keepDays"_s, usualDays)));
+    }
+
+    MessageStore &m_store;
+    const QHash<QString, VerdictFunction> &m_verdicts;
+    bool m_isDueOnly;
+    bool m_othersAtWork = false;
+    int m_failuresInRow = 0;
+    int m_stopsInRow;
+    DeliveryReport m_report;
+};
 
 } // namespace
 
-DeliveryReport deliverAll(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts)
+DeliveryReport deliver(
+    MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent)
 {
     DeliveryReport report;
+    // The program of before takes this lock alone and knows of no leases.
     FileLock lock(store.fileName() + u".lock"_s);
-    report.busy = !lock.tryLock();
-    int failuresInRow = 0;
-    auto message = report.busy ? std::nullopt : store.checkOut(0);
-    while (message) {
-        const auto client = exchange(*message);
-        const Verdict verdict
-            = judged(verdicts.value(message->queue), client->errorCode(), client->responseBody());
-        noteOutcome(*message, verdict, *client);
-        store.settle(*message);
-        count(report, verdict.outcome);
-        failuresInRow = isConnectionFailure(client->errorCode()) ? failuresInRow + 1 : 0;
-        report.stopped = failuresInRow == failuresToStop;
-        message = report.stopped ? std::nullopt : store.checkOut(message->number);
-    }
-    return report;
+    report.busy = !lock.share();
+    const bool isHeld = extent == Extent::Due && !backoff::isDue(currentTime(), store.heldUntil());
+    return report.busy || isHeld ? report : Pass(store, verdicts, extent).run();
 }
 
 } // namespace delivery

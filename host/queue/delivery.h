@@ -14,11 +14,24 @@ inline constexpr int failuresToStop = 3;
 /// Bytes of an answer that are kept with its message.
 inline constexpr int answerBytesKept = 65536;
 
+/// What a pass sends.
+enum class Extent : int
+{
+    Waiting, ///< everything that waits
+    Due, ///< what waits and whose waiting time is over
+};
+
 /// One pass over the waiting messages in the order of enqueueing, each sent once. The attempt is
 /// committed before the request goes out, and no transaction is open while it is on its way.
+///
+/// A pass that ended since nothing was reached holds back the next ones that send what is due, for
+/// a waiting time of their own. Answers that neither accept nor refuse a message park it once they
+/// have gone on for "Queue:parkDays". Some of the messages that were delivered more than
+/// "Queue:keepDays" ago are deleted.
 /// @param verdicts who judges the answers, by queue.
 /// @throws StorageError when the queue cannot be read or written; a message that was being sent is
 ///         taken up again by the next pass.
-DeliveryReport deliverAll(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts);
+DeliveryReport deliver(
+    MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent);
 
 } // namespace delivery

@@ -1,51 +1,32 @@
 #include "host/queue/queuedatabase.h"
 
-#include "host/storage/atomicfile.h"
-#include "host/storage/posixfile.h"
-#include "host/storage/storageerror.h"
+#include "host/queue/queueerror.h"
 
-#include <QFileInfo>
 #include <QSqlError>
 #include <QUuid>
-
-#include <fcntl.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int schemaVersion = 1;
 constexpr int busyTimeoutMilliseconds = 2000;
 const QString synchronousFull = u"2"_s;
 
-const QString messagesTable = uR"(
-    CREATE TABLE messages (
-        number INTEGER PRIMARY KEY AUTOINCREMENT,
-        id TEXT NOT NULL UNIQUE,
-        queue TEXT NOT NULL,
-        remark TEXT NOT NULL,
-        url TEXT NOT NULL,
-        headers TEXT NOT NULL,
-        body BLOB NOT NULL,
-        correlation_id TEXT NOT NULL,
-        enqueued TEXT NOT NULL,
-        attempts INTEGER NOT NULL,
-        next_attempt TEXT NOT NULL,
-        last_error TEXT NOT NULL,
-        state TEXT NOT NULL
-            CHECK (state IN ('pending', 'sending', 'delivered', 'refused', 'parked')),
-        answer BLOB NOT NULL
-    ))"_s;
-const QString stateIndex = u"CREATE INDEX messages_by_state ON messages (state, number)"_s;
-
-// The database makes files of its own beside this one and gives them the same mode.
-void makePrivateFile(const QString &fileName)
+/// SQLite's result codes for what is damaged; the upper bits of a code say more about it.
+enum ResultCode : int
 {
-    atomicfile::makePrivateFolder(QFileInfo(fileName).absolutePath());
-    const bool isNew = !QFileInfo::exists(fileName);
-    posix::File(fileName, O_RDWR | O_CREAT).makePrivate();
-    if (isNew)
-        posix::syncFolder(QFileInfo(fileName).absolutePath());
+    PrimaryCode = 0xff,
+    Corrupt = 11,
+    NoDatabase = 26,
+};
+
+[[noreturn]] void fail(const QString &what, const QSqlError &error)
+{
+    const QString text = what + u": " + error.text();
+    const int code = error.nativeErrorCode().toInt() & PrimaryCode;
+    if (code == Corrupt || code == NoDatabase)
+        throw QueueDamaged(text);
+    throw StorageError(text);
 }
 
 } // namespace
@@ -62,23 +43,24 @@ QueueConnection::~QueueConnection()
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QueueDatabase::QueueDatabase(const QString &fileName)
+QueueDatabase::QueueDatabase(const QString &fileName, Use use)
     : m_fileName(fileName)
 {
-    makePrivateFile(fileName);
-    open();
-    configure();
-    makeTables();
+    open(use);
+    if (use == Use::Work)
+        configure();
 }
 
-void QueueDatabase::open()
+void QueueDatabase::open(Use use)
 {
     m_connection.database().setDatabaseName(m_fileName);
-    m_connection.database().setConnectOptions(
-        u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMilliseconds));
+    QString options = u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMilliseconds);
+    if (use == Use::Look)
+        options += u";QSQLITE_OPEN_READONLY"_s;
+    m_connection.database().setConnectOptions(options);
     if (!m_connection.database().open())
-        throw StorageError(u"%1: the queue cannot be opened: %2; see \"Queue:database\""_s.arg(
-            m_fileName, m_connection.database().lastError().text()));
+        fail(m_fileName + u": the queue cannot be opened, see \"Queue:database\"",
+            m_connection.database().lastError());
 }
 
 void QueueDatabase::configure()
@@ -90,27 +72,23 @@ void QueueDatabase::configure()
                            u"file on a local disk by \"Queue:database\""_s.arg(m_fileName));
 }
 
-void QueueDatabase::makeTables()
-{
-    QueueTransaction transaction(*this);
-    const int version = ask(u"user_version"_s).toInt();
-    if (version > schemaVersion)
-        throw StorageError(u"%1: the queue was made by a newer version (%2, this one knows %3); "
-                           u"install that one"_s.arg(m_fileName)
-                               .arg(version)
-                               .arg(schemaVersion));
-    if (version == schemaVersion)
-        return;
-    run(messagesTable);
-    run(stateIndex);
-    run(u"PRAGMA user_version = %1"_s.arg(schemaVersion));
-    transaction.commit();
-}
-
 QString QueueDatabase::ask(const QString &pragma)
 {
     QSqlQuery answer = run(u"PRAGMA "_s + pragma);
     return answer.next() ? answer.value(0).toString() : QString();
+}
+
+QString QueueDatabase::fact(const QString &name)
+{
+    QSqlQuery found = run(u"SELECT value FROM facts WHERE name = ?"_s, {name});
+    return found.next() ? found.value(0).toString() : QString();
+}
+
+void QueueDatabase::setFact(const QString &name, const QString &value)
+{
+    run(u"INSERT INTO facts (name, value) VALUES (?, ?) "
+        u"ON CONFLICT (name) DO UPDATE SET value = excluded.value"_s,
+        {name, value});
 }
 
 QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &values)
@@ -122,8 +100,7 @@ QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &value
         query.addBindValue(value);
     done = done && query.exec();
     if (!done)
-        throw StorageError(
-            u"%1: the queue cannot be used: %2"_s.arg(m_fileName, query.lastError().text()));
+        fail(m_fileName + u": the queue cannot be used", query.lastError());
     return query;
 }
 

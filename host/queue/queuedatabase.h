@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
@@ -7,7 +9,7 @@
 
 /// A connection in Qt's register under a name that is unique in the process, taken out of it with
 /// this object.
-class QueueConnection
+class POSHOST_EXPORT QueueConnection
 {
 public:
     QueueConnection();
@@ -21,27 +23,37 @@ private:
     QSqlDatabase m_database;
 };
 
-/// The SQLite file of the outgoing queue: made, checked and opened so that what was committed
-/// outlasts a power cut.
+/// The SQLite file of the outgoing queue, opened so that what was committed outlasts a power cut:
+/// write-ahead log with every commit synced, both read back after opening.
 ///
-/// Write-ahead log with every commit synced, both read back after opening. Readable by its owner
-/// only from the first moment, since the messages hold credentials. Belongs to the thread that made
-/// it; closed with this object. What fails is a `StorageError`.
-class QueueDatabase
+/// Belongs to the thread that made it; closed with this object. What fails is a `StorageError`,
+/// with a damaged file `QueueDamaged`. Another process's write is waited for, two seconds at most.
+class POSHOST_EXPORT QueueDatabase
 {
 public:
-    /// Opens the file; makes it, its folder and its tables where they are missing.
-    /// @throws StorageError also when the file was made by a newer version.
-    explicit QueueDatabase(const QString &fileName);
+    enum class Use : int
+    {
+        Work,
+        Look, ///< the file and its log stay as they are, whatever is wrong with them
+    };
 
+    /// Opens the file, which the database makes where it is missing and to be worked; its tables
+    /// are not looked at.
+    explicit QueueDatabase(const QString &fileName, Use use = Use::Work);
+
+    [[nodiscard]] QString fileName() const { return m_fileName; }
     /// Runs one statement with its values in the order of their question marks.
     QSqlQuery run(const QString &statement, const QVariantList &values = {});
+    /// The value of a PRAGMA.
+    [[nodiscard]] QString ask(const QString &pragma);
+
+    /// What is remembered under a name, in the table "facts"; empty when nothing is.
+    [[nodiscard]] QString fact(const QString &name);
+    void setFact(const QString &name, const QString &value);
 
 private:
-    void open();
+    void open(Use use);
     void configure();
-    void makeTables();
-    [[nodiscard]] QString ask(const QString &pragma);
 
     QString m_fileName;
     QueueConnection m_connection;
@@ -51,7 +63,7 @@ private:
 ///
 /// Never a plain BEGIN: that one takes the write lock only at the first change and then fails at
 /// once when another process has changed something meanwhile.
-class QueueTransaction
+class POSHOST_EXPORT QueueTransaction
 {
 public:
     explicit QueueTransaction(QueueDatabase &database);

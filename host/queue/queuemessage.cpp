@@ -3,6 +3,8 @@
 #include <QList>
 #include <QPair>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -35,4 +37,10 @@ MessageState stateNamed(const QString &name)
         if (known == name)
             return value;
     return MessageState::Parked;
+}
+
+bool isStateName(const QString &name)
+{
+    return std::any_of(names().cbegin(), names().cend(),
+        [&name](const auto &known) { return known.second == name; });
 }

@@ -17,6 +17,7 @@ struct Verdict
 
     Outcome outcome = Outcome::TryAgain;
     QString text; ///< why, for people; empty: as the exchange itself reported it
+    int code = 0; ///< the service's own code; 0: none beside that of the exchange
 };
 
 /// Judges an exchange by its error code (0: answered with 2xx, see `RestClient`) and the body of
@@ -29,6 +30,10 @@ struct DeliveryReport
     int delivered = 0;
     int refused = 0;
     int failed = 0; ///< attempts after which the message waits again
+    int parked = 0; ///< messages that a person must look at now
     bool busy = false; ///< another process delivers just now; nothing was done
     bool stopped = false; ///< too many connections in a row failed; the rest was not tried
+    /// The service does not accept the credentials that the messages carry; the rest was not tried.
+    /// The messages need those that are configured now: "korvel-till queue reauthorise".
+    bool unauthorised = false;
 };

@@ -55,6 +55,12 @@ void write(const QString &fileName, const QByteArray &contents)
     posix::syncFolder(folderOf(fileName));
 }
 
+void move(const QString &from, const QString &to)
+{
+    rename(from, to);
+    posix::syncFolder(folderOf(to));
+}
+
 void makePrivateFolder(const QString &folder)
 {
     if (QFileInfo(folder).isDir())

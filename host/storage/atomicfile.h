@@ -16,6 +16,11 @@ namespace atomicfile {
 ///         there already but might not outlast a power cut.
 POSHOST_EXPORT void write(const QString &fileName, const QByteArray &contents);
 
+/// Gives a file another name and syncs the folder. A file that has that name is replaced.
+/// @throws StorageError on any failure; only when the folder's sync failed, the file has its new
+///         name already.
+POSHOST_EXPORT void move(const QString &from, const QString &to);
+
 /// Makes a folder, and those above it where they are missing, for its owner only. One that is there
 /// stays as it is.
 /// @throws StorageError when it cannot be made.

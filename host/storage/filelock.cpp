@@ -26,6 +26,16 @@ bool FileLock::tryLock()
     return true;
 }
 
+bool FileLock::share(std::chrono::milliseconds wait)
+{
+    auto file
+        = m_file ? std::move(m_file) : std::make_unique<posix::File>(m_fileName, O_RDWR | O_CREAT);
+    if (!file->tryShare(wait))
+        return false;
+    m_file = std::move(file);
+    return true;
+}
+
 QString FileLock::holder() const
 {
     QFile file(m_fileName);

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace posix {
@@ -26,6 +27,11 @@ public:
     /// Takes the lock without waiting. False when another holder has it.
     /// @throws StorageError when the file cannot be opened or written.
     [[nodiscard]] bool tryLock();
+    /// Takes a share of the lock, which any number of processes can have as long as none has it
+    /// alone; who has it alone gives the rest of it up. Waits so long at most for who has it alone.
+    /// False when it was not to be had; this object then holds nothing.
+    /// @throws StorageError when the file cannot be opened.
+    [[nodiscard]] bool share(std::chrono::milliseconds wait = {});
     /// Process id of the holder as far as the file tells; empty when it does not.
     [[nodiscard]] QString holder() const;
 

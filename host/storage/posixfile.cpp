@@ -11,10 +11,18 @@
 
 #include <cerrno>
 #include <system_error>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace posix {
+
+namespace {
+
+// The system has no wait of limited length for this kind of lock.
+constexpr std::chrono::milliseconds lookAgainAfter{5};
+
+} // namespace
 
 QString lastError()
 {
@@ -55,11 +63,30 @@ void File::sync()
 
 bool File::tryLock()
 {
-    if (::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0)
-        return true;
-    if (errno != EWOULDBLOCK)
-        fail(u"cannot be locked"_s);
-    return false;
+    return takeLock(LOCK_EX, {});
+}
+
+bool File::tryLock(std::chrono::milliseconds wait)
+{
+    return takeLock(LOCK_EX, wait);
+}
+
+bool File::tryShare(std::chrono::milliseconds wait)
+{
+    return takeLock(LOCK_SH, wait);
+}
+
+bool File::takeLock(int kind, std::chrono::milliseconds wait)
+{
+    const auto deadline = std::chrono::steady_clock::now() + wait;
+    while (::flock(m_descriptor, kind | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK)
+            fail(u"cannot be locked"_s);
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(lookAgainAfter);
+    }
+    return true;
 }
 
 void File::makePrivate()
@@ -68,10 +95,26 @@ void File::makePrivate()
         fail(u"cannot be made private"_s);
 }
 
-void File::truncate()
+void File::truncate(qint64 size)
 {
-    if (::ftruncate(m_descriptor, 0) != 0)
-        fail(u"cannot be emptied"_s);
+    if (::ftruncate(m_descriptor, size) != 0)
+        fail(u"cannot be cut"_s);
+}
+
+void File::reserve(qint64 size)
+{
+    errno = ::posix_fallocate(m_descriptor, 0, size);
+    if (errno != 0)
+        fail(u"has no room"_s);
+}
+
+qint64 File::size() const
+{
+    struct stat status
+    { };
+    if (::fstat(m_descriptor, &status) != 0)
+        fail(u"cannot be looked at"_s);
+    return status.st_size;
 }
 
 void File::close()

@@ -5,6 +5,8 @@
 
 #include <sys/types.h>
 
+#include <chrono>
+
 /// A thin layer over the system's files, for what Qt's do not do: modes from the first moment on,
 /// syncing, and the reason of every failure.
 namespace posix {
@@ -28,14 +30,24 @@ public:
     void sync();
     /// Takes the file's lock without waiting; false when another process has it.
     [[nodiscard]] bool tryLock();
+    /// The same, waiting so long at most.
+    [[nodiscard]] bool tryLock(std::chrono::milliseconds wait);
+    /// Takes a share of the file's lock, waiting so long at most; false when another process has it
+    /// alone.
+    /// Who had it alone keeps a share.
+    [[nodiscard]] bool tryShare(std::chrono::milliseconds wait = {});
     /// Takes other users' rights away from a file that had been there.
     void makePrivate();
-    /// Makes the file empty.
-    void truncate();
+    /// Cuts the file off behind that many bytes.
+    void truncate(qint64 size = 0);
+    /// Makes the file that long with room on the disk for all of it.
+    void reserve(qint64 size);
+    [[nodiscard]] qint64 size() const;
     /// Closes the file, which reports what earlier writes left unsaid.
     void close();
 
 private:
+    [[nodiscard]] bool takeLock(int kind, std::chrono::milliseconds wait);
     [[noreturn]] void fail(const QString &what) const;
 
     QString m_fileName;

@@ -22,6 +22,27 @@ tr::Tr describe(const DeliveryReport &report, int waiting)
         .arg(QString::number(waiting));
 }
 
+QList<tr::Tr> alarms(const DeliveryReport &report)
+{
+    QList<tr::Tr> notices;
+    if (report.unauthorised)
+        notices.append(tr::Tr(u"tillDeliveryUnauthorised"_s,
+            u"Система лояльности не принимает пароль, с которым сохранены чеки. Исправьте пароль в "
+            u"настройках и выполните korvel-till queue reauthorise"_s));
+    if (report.parked > 0)
+        notices.append(tr::Tr(u"tillDeliveryParked"_s,
+            u"Отложено до решения администратора: %1, см. korvel-till queue list"_s)
+                           .arg(QString::number(report.parked)));
+    return notices;
+}
+
+tr::Tr queueFailed(const StorageError &error)
+{
+    Log4Qt::LogManager::logger(u"till"_s)->error(QString::fromUtf8(error.what()));
+    return {
+        u"tillQueueFailed"_s, u"Очередь сообщений недоступна, подробности в журнале программы"_s};
+}
+
 } // namespace
 
 Outcome Till::deliver()
@@ -30,7 +51,18 @@ Outcome Till::deliver()
     const DeliveryReport report = queue->deliver();
     Outcome outcome;
     outcome.notices.append(describe(report, queue->waiting()));
+    outcome.notices.append(alarms(report));
     return outcome;
+}
+
+// A till without its queue still sells: what it cannot queue it will say then.
+QList<tr::Tr> Till::openQueue()
+{
+    try {
+        return Singleton<DBQueueBroker>::instance()->open();
+    } catch (const StorageError &error) {
+        return {queueFailed(error)};
+    }
 }
 
 // The cheque is closed whatever happens here, so a queue that fails is told and not thrown.
@@ -43,9 +75,7 @@ void Till::deliverAfterClose(Outcome &outcome)
         if (Singleton<DBQueueBroker>::instance()->waiting() > 0)
             outcome.notices.append(deliver().notices);
     } catch (const StorageError &error) {
-        Log4Qt::LogManager::logger(u"till"_s)->error(QString::fromUtf8(error.what()));
-        outcome.notices.append(tr::Tr(u"tillQueueFailed"_s,
-            u"Очередь сообщений недоступна, подробности в журнале программы"_s));
+        outcome.notices.append(queueFailed(error));
     }
 }
 

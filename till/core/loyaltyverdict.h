@@ -10,8 +10,10 @@ namespace till {
 
 /// Judges the answer to a queued message of the loyalty service.
 ///
-/// Delivered: a 2xx answer, well-formed XML, whose first "ReturnCode" is 0 or less. Refused: one of
-/// the service's codes that no repetition can change. Everything else deserves another attempt.
+/// Delivered: a 2xx answer, well-formed XML, whose first "ReturnCode" stands in a "BalanceResponse"
+/// or "ChequeResponse" and is 0 or less. Refused: one of the service's codes that no repetition can
+/// change. Everything else deserves another attempt: what a proxy answers in the service's place
+/// must not pass for a delivery.
 /// @param errorCode  as `RestClient::errorCode` gives it.
 /// @param finalCodes codes that count as refused beside the service's own ("errorsList").
 [[nodiscard]] Verdict judgeLoyaltyAnswer(

@@ -19,14 +19,15 @@ Till::Till(BasicLoyaltySystem &system, const Catalogue &catalogue, DocumentStore
     , m_exchanges(exchanges)
 { }
 
-void Till::start()
+QList<tr::Tr> Till::start()
 {
     if (const auto left = m_store.loadOpen()) {
         restore(left);
-        return;
+    } else {
+        Outcome nobodyWaits;
+        notify(nobodyWaits, Event(EActivityListener::DocumentEntered));
     }
-    Outcome nobodyWaits;
-    notify(nobodyWaits, Event(EActivityListener::DocumentEntered));
+    return openQueue();
 }
 
 // Without event 22: it would end the loyalty state that is being restored.

@@ -49,8 +49,9 @@ public:
         const Exchanges &exchanges);
     Q_DISABLE_COPY_MOVE(Till)
 
-    /// Takes up the document that was left open, or opens the empty desk.
-    void start();
+    /// Takes up the document that was left open, or opens the empty desk; opens the outgoing queue.
+    /// @return what the cashier must hear of the queue: that it was damaged, or cannot be opened.
+    QList<tr::Tr> start();
     /// The open document; null at an empty desk.
     [[nodiscard]] QSharedPointer<AbstractDocument> document() const;
 
@@ -139,6 +140,7 @@ private:
     [[nodiscard]] receipt::Booking booking() const;
     void printReceipt(Outcome &outcome) const;
     void deliverAfterClose(Outcome &outcome);
+    [[nodiscard]] static QList<tr::Tr> openQueue();
 
     BasicLoyaltySystem &m_system;
     const Catalogue &m_catalogue;

@@ -86,6 +86,11 @@ void narrate(Interpreter &interpreter, Narrator &narrator, bool atTerminal)
             [&narrator](const QString &remark) { narrator.tellRemark(remark); });
 }
 
+void complain(const QString &what)
+{
+    std::cerr << u"korvel-till: "_s.append(what).toStdString() << std::endl;
+}
+
 ExitStatus execute(
     const RunOptions &options, Source &source, const std::unique_ptr<TranscriptFile> &transcript)
 {
@@ -101,7 +106,8 @@ ExitStatus execute(
         interpreter.addObserver([&transcript](const ExecutedCommand &, const Json &object) {
             transcript->write(object);
         });
-    workplace.till().start();
+    for (const tr::Tr &notice : workplace.till().start())
+        complain(notice.ui());
     if (!atTerminal)
         return runScript(source.stream(), source.name(), interpreter, std::cerr);
     LineEditor lines(
@@ -113,7 +119,7 @@ ExitStatus execute(
 
 ExitStatus tell(const QString &what, ExitStatus status)
 {
-    std::cerr << u"korvel-till: "_s.append(what).toStdString() << std::endl;
+    complain(what);
     return status;
 }
 

@@ -1,5 +1,7 @@
 // The queue's file: private from the first moment, in the mode that keeps commits, of this version.
 
+#include "host/queue/queuedatabase.h"
+#include "host/storage/filelock.h"
 #include "host/storage/storageerror.h"
 #include "tests/host/queue/queuefixture.h"
 #include "tests/host/storage/files.h"
@@ -43,12 +45,33 @@ TEST_F(QueueDatabaseTest, EveryFileIsForItsOwnerOnlyWhateverTheMask)
 
 TEST_F(QueueDatabaseTest, RightsOfOthersOnAnOldFileAreTakenAway)
 {
-    ASSERT_TRUE(QDir().mkpath(folder()));
-    files::put(databaseFile(), {});
+    givenMessage(u"one"_s);
+    Singleton<DBQueueBroker>::reset();
     ASSERT_TRUE(QFile::setPermissions(databaseFile(),
         QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
-    givenMessage(u"one"_s);
-    EXPECT_TRUE(files::isPrivate(databaseFile()));
+    givenMessage(u"two"_s);
+    for (const QString &name : files::namesIn(folder()))
+        EXPECT_TRUE(files::isPrivate(folder() + u'/' + name)) << qPrintable(name);
+}
+
+TEST_F(QueueDatabaseTest, TransactionOwnsTheFileFromItsFirstMoment)
+{
+    queue()->open();
+    QueueDatabase one(databaseFile());
+    QueueDatabase other(databaseFile());
+    const QueueTransaction first(one);
+    EXPECT_THROW(const QueueTransaction second(other), StorageError);
+}
+
+TEST_F(QueueDatabaseTest, PlainBeginFailsAtOnceWhenAnotherHasChangedSomething)
+{
+    queue()->open();
+    QueueDatabase one(databaseFile());
+    QueueDatabase other(databaseFile());
+    one.run(u"BEGIN"_s);
+    EXPECT_TRUE(one.fact(u"name"_s).isEmpty());
+    other.setFact(u"name"_s, u"other"_s);
+    EXPECT_THROW(one.setFact(u"name"_s, u"one"_s), StorageError);
 }
 
 TEST_F(QueueDatabaseTest, WritesAheadAndKnowsItsVersion)
@@ -62,35 +85,46 @@ TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
 {
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
-    ask(u"PRAGMA user_version = 2"_s);
-    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (2, this one knows 1)"));
+    ask(u"PRAGMA user_version = 3"_s);
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (3, this one knows 2)"));
     EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
-    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{2});
-}
-
-TEST_F(QueueDatabaseTest, FileThatIsNoDatabaseIsNamedAndLeftAlone)
-{
-    ASSERT_TRUE(QDir().mkpath(folder()));
-    const QByteArray contents(1000, 'x');
-    files::put(databaseFile(), contents);
-    EXPECT_THAT(errorOfOpening(), testing::StartsWith(databaseFile().toStdString() + ": "));
-    EXPECT_EQ(files::contents(databaseFile()), contents);
+    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{3});
 }
 
 TEST_F(QueueDatabaseTest, FileIsClosedWithItsBroker)
 {
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
-    EXPECT_EQ(files::namesIn(folder()), QStringList{u"queue.sqlite"_s});
+    EXPECT_THAT(files::namesIn(folder()), testing::Not(testing::Contains(u"queue.sqlite-wal"_s)));
     EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
 }
 
 TEST_F(QueueDatabaseTest, FailedOpeningLeavesNoConnection)
 {
-    ASSERT_TRUE(QDir().mkpath(folder()));
-    files::put(databaseFile(), QByteArray(1000, 'x'));
+    ASSERT_TRUE(QDir().mkpath(databaseFile()));
     EXPECT_NE(errorOfOpening(), "opened without an error");
     EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
+}
+
+TEST_F(QueueDatabaseTest, LeftoverOfAKilledMakingIsMadeAnew)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    files::put(databaseFile() + u".new"_s, "half a file");
+    files::put(databaseFile() + u".new-wal"_s, "half a log");
+    givenMessage(u"one"_s);
+    EXPECT_EQ(queue()->waiting(), 1);
+    EXPECT_THAT(files::namesIn(folder()),
+        testing::Not(testing::Contains(
+            testing::Truly([](const QString &name) { return name.contains(u".new"_s); }))));
+}
+
+TEST_F(QueueDatabaseTest, FileIsNotOpenedWhileAnotherProcessMakesOrMovesIt)
+{
+    ASSERT_TRUE(QDir().mkpath(folder()));
+    FileLock other(databaseFile() + u".open"_s);
+    ASSERT_TRUE(other.tryLock());
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("still opening"));
+    EXPECT_FALSE(QFile::exists(databaseFile()));
 }
 
 TEST_F(QueueDatabaseTest, TwoBrokersWorkOnOneFile)

@@ -66,7 +66,7 @@ QString QueueFixture::databaseFile()
     return Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
 }
 
-QVariantList QueueFixture::ask(const QString &statement)
+QVariantList QueueFixture::ask(const QString &statement, const QVariantList &bound)
 {
     const QString name = QUuid::createUuid().toString();
     QVariantList values;
@@ -76,7 +76,11 @@ QVariantList QueueFixture::ask(const QString &statement)
         if (!database.open())
             qFatal("%s", qPrintable(database.lastError().text()));
         QSqlQuery query(database);
-        if (!query.exec(statement))
+        bool done = query.prepare(statement);
+        for (const QVariant &value : bound)
+            query.addBindValue(value);
+        done = done && query.exec();
+        if (!done)
             qFatal("%s", qPrintable(query.lastError().text()));
         if (query.next())
             for (int column = 0; column < query.record().count(); ++column)

@@ -49,7 +49,8 @@ public:
     [[nodiscard]] static QString databaseFile();
     /// Values of the first row that a statement gives, asked over a connection of its own, as
     /// another process would.
-    static QVariantList ask(const QString &statement);
+    /// @param values in the order of the statement's question marks.
+    static QVariantList ask(const QString &statement, const QVariantList &values = {});
 
 private:
     friend class ScriptedClient;

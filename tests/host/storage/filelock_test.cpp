@@ -13,6 +13,7 @@
 
 #include <csignal>
 #include <memory>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -124,6 +125,49 @@ TEST_F(FileLockTest, FileThatCannotBeMadeIsAnError)
     FileLock lock(folder.filePath(u"none/lock"_s));
     EXPECT_THROW(static_cast<void>(lock.tryLock()), StorageError);
     EXPECT_TRUE(lock.holder().isEmpty());
+}
+
+struct SharedLockTest : testing::Test
+{
+    QTemporaryDir folder;
+    QString name = folder.filePath(u"lock"_s);
+    FileLock one{name};
+    FileLock other{name};
+};
+
+TEST_F(SharedLockTest, ManyHaveAShare)
+{
+    EXPECT_TRUE(one.share());
+    EXPECT_TRUE(other.share());
+}
+
+TEST_F(SharedLockTest, NobodyHasItAloneBesideAShare)
+{
+    ASSERT_TRUE(one.share());
+    EXPECT_FALSE(other.tryLock());
+}
+
+TEST_F(SharedLockTest, NobodyHasAShareBesideWhoHasItAlone)
+{
+    ASSERT_TRUE(one.tryLock());
+    EXPECT_FALSE(other.share());
+    EXPECT_FALSE(other.share(std::chrono::milliseconds(1)));
+}
+
+TEST_F(SharedLockTest, WhoHadItAloneCanShareIt)
+{
+    ASSERT_TRUE(one.tryLock());
+    ASSERT_TRUE(one.share());
+    EXPECT_TRUE(other.share());
+}
+
+TEST_F(SharedLockTest, ShareIsWaitedFor)
+{
+    auto holder = std::make_unique<FileLock>(name);
+    ASSERT_TRUE(holder->tryLock());
+    std::thread ending([&holder] { holder.reset(); });
+    EXPECT_TRUE(one.share(std::chrono::minutes(1)));
+    ending.join();
 }
 
 } // namespace

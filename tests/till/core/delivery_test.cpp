@@ -2,6 +2,8 @@
 
 #include "host/net/restclient.h"
 #include "host/queue/dbqueuebroker.h"
+#include "host/storage/statefolder.h"
+#include "tests/host/storage/files.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/support/tillfixture.h"
 #include "till/core/loyaltyverdict.h"
@@ -10,7 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QByteArray success = "<E><ReturnCode>0</ReturnCode></E>";
+QByteArray answerWith(const QByteArray &code)
+{
+    return "<ChequeResponse><ReturnCode>" + code + "</ReturnCode></ChequeResponse>";
+}
+
+const QByteArray success = answerWith("0");
 
 class DeliveryTest : public TillFixture
 {
@@ -48,6 +55,27 @@ public:
     ScriptedServer service;
 };
 
+TEST_F(DeliveryTest, StartSaysNothingOfASoundQueue)
+{
+    EXPECT_TRUE(till->start().isEmpty());
+}
+
+TEST_F(DeliveryTest, StartTellsOfADamagedQueue)
+{
+    const QString folder = Singleton<StateFolder>::instance()->queue();
+    ASSERT_TRUE(QDir().mkpath(folder));
+    files::put(folder + u"/queue.sqlite"_s, "no database");
+    EXPECT_EQ(till->start().value(0).id(), u"queueSetAside"_s);
+}
+
+TEST_F(DeliveryTest, TillStartsWithoutItsQueue)
+{
+    ASSERT_TRUE(QDir().mkpath(Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s));
+    EXPECT_EQ(till->start().value(0).id(), u"tillQueueFailed"_s);
+    till->openSale();
+    EXPECT_TRUE(till->document());
+}
+
 TEST_F(DeliveryTest, DeliverSendsWhatWaitsAndTells)
 {
     givenWaitingMessage();
@@ -61,11 +89,33 @@ TEST_F(DeliveryTest, DeliverSendsWhatWaitsAndTells)
 TEST_F(DeliveryTest, ARefusedMessageIsNotSentAgain)
 {
     givenWaitingMessage();
-    service.answer("<E><ReturnCode>80241</ReturnCode></E>");
+    service.answer(answerWith("80241"));
     till->deliver();
     EXPECT_EQ(waiting(), 0);
     EXPECT_EQ(
         Singleton<DBQueueBroker>::instance()->list().constFirst().state, MessageState::Refused);
+}
+
+TEST_F(DeliveryTest, SaysWhatToDoAboutWrongCredentials)
+{
+    givenWaitingMessage();
+    service.answer("", 401);
+    EXPECT_TRUE(till->deliver().notices.last().ru().contains(u"korvel-till queue reauthorise"_s));
+}
+
+TEST_F(DeliveryTest, SaysThatMessagesWereParked)
+{
+    givenSetting(u"Queue:parkDays"_s, u"0"_s);
+    givenWaitingMessage();
+    service.answer("", 500);
+    EXPECT_EQ(till->deliver().notices.last().id(), u"tillDeliveryParked"_s);
+}
+
+TEST_F(DeliveryTest, SaysNothingMoreOfAPassWithoutTrouble)
+{
+    givenWaitingMessage();
+    service.answer(success);
+    EXPECT_EQ(till->deliver().notices.size(), 1);
 }
 
 TEST_F(DeliveryTest, AClosedChequeDeliversWhenTheLastExchangeSucceeded)
@@ -121,7 +171,7 @@ TEST_F(DeliveryTest, FinalCodesOfTheSettingsCount)
     givenSetting(u"KorvelLoyaltyOnline:errorsList"_s, u"77001, 77002"_s);
     till::judgeLoyaltyMessages(*Singleton<DBQueueBroker>::instance());
     givenWaitingMessage();
-    service.answer("<E><ReturnCode>77002</ReturnCode></E>");
+    service.answer(answerWith("77002"));
     till->deliver();
     EXPECT_EQ(waiting(), 0);
 }

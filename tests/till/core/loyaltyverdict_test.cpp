@@ -56,21 +56,43 @@ INSTANTIATE_TEST_SUITE_P(Answers, LoyaltyVerdictTest,
         Row{"AnotherCode", 0, answerWith("77002"), again},
         Row{"Code81400", 0, answerWith("81400"), again}, Row{"NoCode", 0, "<E/>", again},
         Row{"EmptyCode", 0, answerWith(""), again}, Row{"NoNumber", 0, answerWith("ok"), again},
-        Row{"FirstCodeCounts", 0, "<E><ReturnCode>1</ReturnCode><ReturnCode>0</ReturnCode></E>",
+        Row{"FirstCodeCounts", 0,
+            "<ChequeResponse><ReturnCode>1</ReturnCode><ReturnCode>0</ReturnCode></ChequeResponse>",
             again},
-        Row{"PrefixedCode", 0, "<p:E xmlns:p='u'><p:ReturnCode>0</p:ReturnCode></p:E>", again},
+        Row{"Balance", 0, "<BalanceResponse><ReturnCode>0</ReturnCode></BalanceResponse>",
+            delivered},
+        Row{"InAnElementOfTheAnswer", 0,
+            "<ChequeResponse><a><ReturnCode>0</ReturnCode></a></ChequeResponse>", delivered},
+        Row{"OutsideOfAnAnswer", 0, "<E><ReturnCode>0</ReturnCode></E>", again},
+        Row{"BehindAnAnswer", 0, "<E><ChequeResponse/><ReturnCode>0</ReturnCode></E>", again},
+        Row{"FirstOutsideCounts", 0,
+            "<E><ReturnCode>0</ReturnCode><ChequeResponse><ReturnCode>0</ReturnCode>"
+            "</ChequeResponse></E>",
+            again},
+        Row{"AnotherResponse", 0, "<LoginResponse><ReturnCode>0</ReturnCode></LoginResponse>",
+            again},
+        Row{"PrefixedCode", 0,
+            "<ChequeResponse xmlns:p='u'><p:ReturnCode>0</p:ReturnCode></ChequeResponse>", again},
+        Row{"PrefixedAnswer", 0,
+            "<p:ChequeResponse xmlns:p='u'><ReturnCode>0</ReturnCode></p:ChequeResponse>", again},
         Row{"CutAnswer", 0, "<E><ReturnCode>0</ReturnCode>", again},
         Row{"NotXml", 0, "<html><br></html>", again}, Row{"Empty", 0, "", again},
         Row{"HttpError", 500, answerWith("0"), again},
         Row{"TimedOut", RestClient::TimedOut, answerWith("0"), again}),
     [](const auto &row) { return row.param.name; });
 
+TEST(LoyaltyVerdictTextTest, TellsTheServicesCode)
+{
+    EXPECT_EQ(till::judgeLoyaltyAnswer(0, answerWith("80241"), {}).code, 80241);
+    EXPECT_EQ(till::judgeLoyaltyAnswer(503, {}, {}).code, 0);
+}
+
 TEST(LoyaltyVerdictTextTest, SaysWhy)
 {
     EXPECT_EQ(till::judgeLoyaltyAnswer(0, answerWith("80241"), {}).text,
         u"the service answered with code 80241"_s);
-    EXPECT_EQ(
-        till::judgeLoyaltyAnswer(0, "-", {}).text, u"the answer is no XML with a ReturnCode"_s);
+    EXPECT_EQ(till::judgeLoyaltyAnswer(0, "-", {}).text,
+        u"the answer is not the service's: no ReturnCode in its XML"_s);
 }
 
 } // namespace

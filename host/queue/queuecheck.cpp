@@ -1,0 +1,91 @@
+#include "host/queue/queuecheck.h"
+
+#include "host/framework/currenttime.h"
+#include "host/queue/messagerow.h"
+#include "host/queue/queueerror.h"
+
+#include <QFileInfo>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace queuecheck {
+
+namespace {
+
+const QString lastReading = u"last_reading"_s;
+
+// The database removes its log when the last one who has it open closes it.
+bool hasLog(const QString &fileName)
+{
+    return QFileInfo(fileName + u"-wal").size() > 0;
+}
+
+QString damageOfLength(QueueDatabase &database)
+{
+    const qint64 claimed
+        = database.ask(u"page_count"_s).toLongLong() * database.ask(u"page_size"_s).toLongLong();
+    const qint64 found = QFileInfo(database.fileName()).size();
+    // What the log holds is not in the file yet.
+    return found < claimed && !hasLog(database.fileName())
+        ? u"%1 of %2 bytes"_s.arg(QString::number(found), QString::number(claimed))
+        : QString();
+}
+
+bool wasReadLately(QueueDatabase &database)
+{
+    const QDateTime now = MockFactory<CurrentTime>::create()->currentDateTime();
+    const QDateTime last = messagerow::readTime(database.fact(lastReading));
+    // A reading in the future was made by a clock that ran ahead and says nothing.
+    return last.isValid() && last <= now && last.addSecs(hoursBetweenReadings * 3600) > now;
+}
+
+bool isKnown(QueueDatabase &database)
+{
+    QSqlQuery table
+        = database.run(u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = 'facts'"_s);
+    return table.next();
+}
+
+// The quick check does not compare what is indexed with the rows, which a small file has time for.
+Finding readThrough(QueueDatabase &database, bool isSmall)
+{
+    const QString found = database.ask(isSmall ? u"integrity_check(1)"_s : u"quick_check(1)"_s);
+    return {found == u"ok"_s ? QString() : found, true};
+}
+
+Finding lookAtDatabase(const QString &fileName)
+{
+    QueueDatabase database(fileName, QueueDatabase::Use::Look);
+    const QString length = damageOfLength(database);
+    if (!length.isEmpty())
+        return {length, false};
+    const bool isSmall = QFileInfo(fileName).size() <= bytesAlwaysReadThrough;
+    if (isSmall || hasLog(fileName) || !isKnown(database) || !wasReadLately(database))
+        return readThrough(database, isSmall);
+    return {};
+}
+
+} // namespace
+
+Finding lookAt(const QString &fileName)
+{
+    // These the database would take for a new file, and throw the log away.
+    const QFileInfo file(fileName);
+    if (!file.exists())
+        return {hasLog(fileName) ? u"only its log is left"_s : QString(), false};
+    if (file.isFile() && file.size() == 0)
+        return {u"it is empty"_s, false};
+    try {
+        return lookAtDatabase(fileName);
+    } catch (const QueueDamaged &error) {
+        return {QString::fromUtf8(error.what()), false};
+    }
+}
+
+void rememberReading(QueueDatabase &database)
+{
+    database.setFact(
+        lastReading, messagerow::written(MockFactory<CurrentTime>::create()->currentDateTime()));
+}
+
+} // namespace queuecheck

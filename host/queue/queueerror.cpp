@@ -1,0 +1,3 @@
+#include "host/queue/queueerror.h"
+
+QueueDamaged::~QueueDamaged() = default;

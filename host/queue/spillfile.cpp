@@ -1,0 +1,100 @@
+#include "host/queue/spillfile.h"
+
+#include "host/queue/messagejson.h"
+#include "host/storage/posixfile.h"
+#include "host/storage/storageerror.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::seconds lockWaitedFor{2};
+
+// Held as long as the file is open.
+void lock(posix::File &file, const QString &fileName)
+{
+    if (!file.tryLock(lockWaitedFor))
+        throw StorageError(u"%1: in use by another program"_s.arg(fileName));
+}
+
+QByteArray contentsOf(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        throw StorageError(u"%1: cannot be read: %2; see that it belongs to the till's user"_s.arg(
+            fileName, file.errorString()));
+    return file.readAll();
+}
+
+void syncFolderOf(const QString &fileName)
+{
+    posix::syncFolder(QFileInfo(fileName).absolutePath());
+}
+
+void keepUnreadable(const QString &fileName, const QByteArray &lines)
+{
+    const QString aside = fileName + u".unreadable";
+    posix::File file(aside, O_WRONLY | O_APPEND | O_CREAT);
+    file.write(lines);
+    file.sync();
+    syncFolderOf(aside);
+}
+
+} // namespace
+
+SpillFile::SpillFile(const QString &fileName)
+    : m_fileName(fileName)
+{ }
+
+bool SpillFile::isEmpty() const
+{
+    return QFileInfo(m_fileName).size() == 0;
+}
+
+void SpillFile::append(const QueueMessage &message)
+{
+    const bool isNew = !QFileInfo::exists(m_fileName);
+    posix::File file(m_fileName, O_RDWR | O_APPEND | O_CREAT);
+    lock(file, m_fileName);
+    const qint64 size = file.size();
+    // A line that a killed process did not finish must not swallow this one.
+    const bool goesOn = size > 0 && !contentsOf(m_fileName).endsWith('\n');
+    try {
+        file.write((goesOn ? "\n" : "") + messagejson::line(message));
+        file.sync();
+    } catch (const StorageError &) {
+        file.truncate(size);
+        throw;
+    }
+    if (isNew)
+        syncFolderOf(m_fileName);
+}
+
+int SpillFile::takeOver(const std::function<void(const QList<QueueMessage> &)> &take)
+{
+    if (isEmpty())
+        return 0;
+    posix::File file(m_fileName, O_RDWR);
+    lock(file, m_fileName);
+    QList<QueueMessage> messages;
+    QByteArrayList unreadable;
+    for (const QByteArray &line : contentsOf(m_fileName).split('\n')) {
+        if (line.isEmpty())
+            continue;
+        if (const auto message = messagejson::read(line))
+            messages.append(*message);
+        else
+            unreadable.append(line + '\n');
+    }
+    take(messages);
+    if (!unreadable.isEmpty())
+        keepUnreadable(m_fileName, unreadable.join());
+    file.truncate(0);
+    file.sync();
+    return static_cast<int>(unreadable.size());
+}

@@ -1,0 +1,79 @@
+// Works a queue in a process of its own, so that tests can kill it and look at its system calls.
+//
+//   queue_worker enqueue FOLDER FIRST COUNT BYTES   says each message's number when it is kept
+//   queue_worker careless FOLDER COUNT BYTES        inserts without syncing, as no queue may
+//   queue_worker deliver FOLDER URL                 delivers until nothing waits
+
+#include "host/config/config.h"
+#include "host/queue/dbqueuebroker.h"
+#include "host/storage/statefolder.h"
+
+#include <QCoreApplication>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString body(int number, int bytes)
+{
+    return u"<m n=\"%1\">"_s.arg(number) + QString(bytes, u'x') + u"</m>"_s;
+}
+
+int enqueue(const QStringList &words)
+{
+    const int first = words.value(3).toInt();
+    for (int number = first; number < first + words.value(4).toInt(); ++number) {
+        Singleton<DBQueueBroker>::instance()->enqueue(u"loyalty"_s,
+            {{u"url"_s, words.value(6)}, {u"body"_s, body(number, words.value(5).toInt())}}, {});
+        std::printf("%d\n", number);
+        std::fflush(stdout);
+    }
+    return 0;
+}
+
+int careless(const QStringList &words)
+{
+    Singleton<DBQueueBroker>::instance()->open();
+    auto database = QSqlDatabase::addDatabase(u"QSQLITE"_s);
+    database.setDatabaseName(Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s);
+    if (!database.open() || !QSqlQuery(database).exec(u"PRAGMA synchronous = NORMAL"_s))
+        return 1;
+    for (int number = 0; number < words.value(3).toInt(); ++number) {
+        QSqlQuery insert(database);
+        insert.prepare(
+            u"INSERT INTO messages (id, queue, remark, url, headers, body, "
+            u"correlation_id, enqueued, attempts, next_attempt, last_error, state, "
+            u"answer) VALUES (?, '', '', '', '{}', ?, '', '', 0, '', '', 'pending', '')"_s);
+        insert.addBindValue(QString::number(number));
+        insert.addBindValue(body(number, words.value(4).toInt()));
+        if (!insert.exec())
+            return 1;
+    }
+    return 0;
+}
+
+int deliver()
+{
+    auto *const queue = Singleton<DBQueueBroker>::instance();
+    while (queue->waiting() > 0)
+        queue->deliver();
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList words = QCoreApplication::arguments();
+    Singleton<StateFolder>::instance()->setPath(words.value(2));
+    if (words.value(1) == u"enqueue"_s)
+        return enqueue(words);
+    if (words.value(1) == u"careless"_s)
+        return careless(words);
+    return words.value(1) == u"deliver"_s ? deliver() : 2;
+}

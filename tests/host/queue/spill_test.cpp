@@ -1,0 +1,378 @@
+// What the queue's file cannot take goes to the spill file and comes back once, in order.
+
+#include "host/framework/basicexception.h"
+#include "host/queue/ballast.h"
+#include "host/queue/messagejson.h"
+#include "host/queue/spillfile.h"
+#include "host/storage/storageerror.h"
+#include "tests/host/queue/queuefixture.h"
+#include "tests/host/storage/files.h"
+#include "tests/support/logcapture.h"
+
+#include <QFileInfo>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QueueMessage makeMessage(const QString &id)
+{
+    QueueMessage message;
+    message.id = id;
+    message.queue = u"loyalty"_s;
+    message.headers = {{u"Authorization"_s, u"Basic c2VjcmV0"_s}};
+    message.body = QByteArray("Ёж\0\xff\n\"", 9);
+    message.enqueued = QDateTime(QDate(2024, 11, 21), QTime(12, 30, 1, 5), Qt::UTC);
+    message.attempts = 3;
+    return message;
+}
+
+TEST(MessageJsonTest, MessageComesBackAsItWas)
+{
+    const auto read = messagejson::read(messagejson::line(makeMessage(u"a"_s)));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->id, u"a"_s);
+    EXPECT_EQ(read->headers, makeMessage({}).headers);
+    EXPECT_EQ(read->body, makeMessage({}).body);
+    EXPECT_EQ(read->enqueued, makeMessage({}).enqueued);
+    EXPECT_EQ(read->attempts, 3);
+    EXPECT_EQ(read->state, MessageState::Pending);
+}
+
+TEST(MessageJsonTest, EveryLineThatIsCutIsNoMessage)
+{
+    const QByteArray line = messagejson::line(makeMessage(u"a"_s)).trimmed();
+    for (qsizetype size = 0; size < line.size(); ++size)
+        EXPECT_FALSE(messagejson::read(line.left(size))) << size;
+}
+
+TEST(MessageJsonTest, ChangedMessageIsNone)
+{
+    QByteArray line = messagejson::line(makeMessage(u"a"_s));
+    EXPECT_FALSE(messagejson::read(line.replace("loyalty", "Loyalty")));
+}
+
+class SpillFileTest : public testing::Test
+{
+protected:
+    QStringList takenOver()
+    {
+        QStringList ids;
+        unreadable = spill.takeOver([&ids](const QList<QueueMessage> &messages) {
+            for (const QueueMessage &message : messages)
+                ids.append(message.id);
+        });
+        return ids;
+    }
+
+    QTemporaryDir folder;
+    QString name = folder.filePath(u"spill"_s);
+    SpillFile spill{name};
+    int unreadable = 0;
+};
+
+TEST_F(SpillFileTest, GivesBackInOrderAndOnce)
+{
+    spill.append(makeMessage(u"a"_s));
+    spill.append(makeMessage(u"b"_s));
+    EXPECT_FALSE(spill.isEmpty());
+    EXPECT_EQ(takenOver(), (QStringList{u"a"_s, u"b"_s}));
+    EXPECT_TRUE(spill.isEmpty());
+    EXPECT_EQ(takenOver(), QStringList());
+    EXPECT_EQ(unreadable, 0);
+}
+
+TEST_F(SpillFileTest, IsPrivate)
+{
+    spill.append(makeMessage(u"a"_s));
+    EXPECT_TRUE(files::isPrivate(name));
+}
+
+TEST_F(SpillFileTest, StaysWhenItCouldNotBeTakenOver)
+{
+    spill.append(makeMessage(u"a"_s));
+    const QByteArray before = files::contents(name);
+    EXPECT_THROW(spill.takeOver([](const QList<QueueMessage> &) { throw StorageError(u"full"_s); }),
+        StorageError);
+    EXPECT_EQ(files::contents(name), before);
+}
+
+TEST_F(SpillFileTest, TornLastLineIsKeptAside)
+{
+    spill.append(makeMessage(u"a"_s));
+    const QByteArray torn = messagejson::line(makeMessage(u"b"_s)).left(100);
+    files::put(name, files::contents(name) + torn);
+    EXPECT_EQ(takenOver(), QStringList{u"a"_s});
+    EXPECT_EQ(unreadable, 1);
+    EXPECT_EQ(files::contents(name + u".unreadable"_s), torn + '\n');
+    EXPECT_TRUE(files::isPrivate(name + u".unreadable"_s));
+}
+
+TEST_F(SpillFileTest, TornLineSwallowsNoneBehindIt)
+{
+    files::put(name, messagejson::line(makeMessage(u"a"_s)).left(100));
+    spill.append(makeMessage(u"b"_s));
+    EXPECT_EQ(takenOver(), QStringList{u"b"_s});
+    EXPECT_EQ(unreadable, 1);
+}
+
+TEST_F(SpillFileTest, LineThatFoundNoRoomIsTakenBack)
+{
+    spill.append(makeMessage(u"a"_s));
+    const QByteArray before = files::contents(name);
+    ::signal(SIGXFSZ, SIG_IGN);
+    rlimit old{};
+    ::getrlimit(RLIMIT_FSIZE, &old);
+    const rlimit tight{static_cast<rlim_t>(before.size() + 50), old.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &tight);
+    EXPECT_THROW(spill.append(makeMessage(u"b"_s)), StorageError);
+    ::setrlimit(RLIMIT_FSIZE, &old);
+    EXPECT_EQ(files::contents(name), before);
+}
+
+TEST(BallastTest, TakesRealRoomAndGivesItBack)
+{
+    QTemporaryDir folder;
+    const QString name = folder.filePath(u"ballast"_s);
+    EXPECT_TRUE(ballast::keep(name, 65536));
+    struct stat status
+    { };
+    ASSERT_EQ(::stat(QFile::encodeName(name).constData(), &status), 0);
+    EXPECT_EQ(status.st_size, 65536);
+    EXPECT_GE(status.st_blocks * 512, 65536);
+    EXPECT_TRUE(files::isPrivate(name));
+    EXPECT_TRUE(ballast::release(name));
+    EXPECT_FALSE(QFile::exists(name));
+    EXPECT_FALSE(ballast::release(name));
+}
+
+TEST(BallastTest, NoneIsKeptWhereNoneIsWanted)
+{
+    QTemporaryDir folder;
+    const QString name = folder.filePath(u"ballast"_s);
+    ballast::keep(name, 65536);
+    EXPECT_TRUE(ballast::keep(name, 0));
+    EXPECT_FALSE(QFile::exists(name));
+}
+
+class SpillingTest : public testing::Test, public QueueFixture
+{
+protected:
+    static QString spillFile() { return databaseFile() + u".spill"_s; }
+    static QString ballastFile() { return databaseFile() + u".ballast"_s; }
+    static bool hasSpilled() { return QFileInfo(spillFile()).size() > 0; }
+    /// Nothing can be opened under the queue's name.
+    static void givenUnusableFile() { ASSERT_TRUE(QDir().mkpath(databaseFile())); }
+    static void givenUsableFile() { ASSERT_TRUE(QDir().rmdir(databaseFile())); }
+};
+
+TEST_F(SpillingTest, UnusableFileStopsNoSale)
+{
+    givenUnusableFile();
+    givenMessage(u"one"_s);
+    EXPECT_TRUE(hasSpilled());
+}
+
+TEST_F(SpillingTest, SpilledMessagesComeInBeforeTheNextOne)
+{
+    givenUnusableFile();
+    givenMessage(u"one"_s);
+    givenMessage(u"two"_s);
+    givenUsableFile();
+    givenMessage(u"three"_s);
+    EXPECT_FALSE(hasSpilled());
+    whenDelivered();
+    EXPECT_EQ(sentBodies(), (QStringList{u"one"_s, u"two"_s, u"three"_s}));
+}
+
+TEST_F(SpillingTest, SpilledMessagesComeInWhenTheQueueIsOpened)
+{
+    givenUnusableFile();
+    givenMessage(u"one"_s);
+    givenUsableFile();
+    queue()->open();
+    EXPECT_EQ(queue()->waiting(), 1);
+}
+
+TEST_F(SpillingTest, SpilledMessagesComeInAtADelivery)
+{
+    queue()->open();
+    {
+        DBQueueBroker other;
+        givenMessage(u"one"_s);
+        SpillFile(spillFile()).append(makeMessage(u"two"_s));
+    }
+    EXPECT_EQ(whenDelivered().delivered, 2);
+}
+
+TEST_F(SpillingTest, MessageThatWasTakenInBeforeAKillIsThereOnce)
+{
+    givenUnusableFile();
+    givenMessage(u"one"_s);
+    const QByteArray spilled = files::contents(spillFile());
+    givenUsableFile();
+    queue()->open();
+    files::put(spillFile(), spilled);
+    EXPECT_EQ(queue()->waiting(), 1);
+    EXPECT_FALSE(hasSpilled());
+}
+
+TEST_F(SpillingTest, LockedQueueSpillsAfterTwoSeconds)
+{
+    givenMessage(u"one"_s);
+    auto other = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"other"_s);
+    other.setDatabaseName(databaseFile());
+    ASSERT_TRUE(other.open());
+    QSqlQuery(other).exec(u"BEGIN IMMEDIATE"_s);
+    givenMessage(u"two"_s);
+    EXPECT_TRUE(hasSpilled());
+    QSqlQuery(other).exec(u"ROLLBACK"_s);
+    EXPECT_EQ(queue()->waiting(), 2);
+    other = QSqlDatabase();
+    QSqlDatabase::removeDatabase(u"other"_s);
+}
+
+TEST_F(SpillingTest, FileOfANewerVersionSpillsAndIsLeftAlone)
+{
+    givenMessage(u"one"_s);
+    Singleton<DBQueueBroker>::reset();
+    ask(u"PRAGMA user_version = 3"_s);
+    givenMessage(u"two"_s);
+    EXPECT_TRUE(hasSpilled());
+    EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
+}
+
+TEST_F(SpillingTest, QueueThatIsDamagedInUseIsMendedAtTheNextUse)
+{
+    for (int number = 0; number < 20; ++number)
+        givenMessage(QString(9000, u'x'));
+    Singleton<DBQueueBroker>::reset();
+    queue()->open();
+    QFile file(databaseFile());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(QByteArray(4096 * 12, 'y'));
+    file.close();
+    givenMessage(u"new"_s);
+    EXPECT_TRUE(hasSpilled());
+    EXPECT_GT(queue()->waiting(), 0);
+    EXPECT_FALSE(hasSpilled());
+    whenDelivered();
+    EXPECT_EQ(sentBodies().last(), u"new"_s);
+}
+
+TEST_F(SpillingTest, SpillingIsLoggedWithoutCredentials)
+{
+    const LogCapture log(u"poshost.queue"_s);
+    givenUnusableFile();
+    givenMessage(u"one"_s);
+    EXPECT_THAT(log.lines().join(u'\n').toStdString(), testing::HasSubstr("spill file"));
+    EXPECT_FALSE(log.lines().join(u'\n').contains(u"c2VjcmV0"_s));
+}
+
+TEST_F(SpillingTest, BallastHasTheSizeOfTheSetting)
+{
+    givenSetting(u"Queue:ballastKb"_s, u"16"_s);
+    queue()->open();
+    EXPECT_EQ(QFileInfo(ballastFile()).size(), 16 * 1024);
+}
+
+TEST_F(SpillingTest, BallastIsAMegabyteWithoutASetting)
+{
+    queue()->open();
+    EXPECT_EQ(QFileInfo(ballastFile()).size(), 1024 * 1024);
+}
+
+/// A queue on a small disk of its own, which only the system's administrator can make.
+class FullDiskTest : public SpillingTest
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(QDir().mkpath(disk()));
+        const bool mounted = ::mount("tmpfs", QFile::encodeName(disk()).constData(), "tmpfs", 0,
+                                 "size=8m,mode=0700")
+            == 0;
+        if (!mounted)
+            GTEST_SKIP() << "a file system can only be mounted by the administrator";
+        m_mounted = true;
+        givenSetting(u"Queue:database"_s, disk() + u"/queue.sqlite"_s);
+        givenSetting(u"Queue:ballastKb"_s, u"64"_s);
+        queue()->open();
+    }
+    void TearDown() override
+    {
+        Singleton<DBQueueBroker>::reset();
+        if (m_mounted)
+            ::umount2(QFile::encodeName(disk()).constData(), MNT_DETACH);
+    }
+    [[nodiscard]] QString disk() const { return stateFolder() + u"/disk"_s; }
+    [[nodiscard]] QString fileOfDisk(const QString &suffix) const
+    {
+        return disk() + u"/queue.sqlite"_s + suffix;
+    }
+    /// Fills the disk but for what the ballast holds.
+    void givenFullDisk()
+    {
+        QFile filler(disk() + u"/filler"_s);
+        ASSERT_TRUE(filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (filler.write(QByteArray(1024, 'f')) == 1024) { }
+    }
+
+private:
+    bool m_mounted = false;
+};
+
+TEST_F(FullDiskTest, BallastMakesRoomForTheMessage)
+{
+    givenFullDisk();
+    givenMessage(QString(5000, u'x'));
+    EXPECT_FALSE(QFile::exists(fileOfDisk(u".ballast"_s)));
+    EXPECT_GT(QFileInfo(fileOfDisk(u".spill"_s)).size(), 0);
+}
+
+TEST_F(FullDiskTest, CashierHearsWhenTheBallastIsUsedUpAndNothingElseIsLost)
+{
+    givenFullDisk();
+    int kept = 0;
+    const auto keepAll = [this, &kept] {
+        for (;; ++kept)
+            givenMessage(QString::number(kept) + QString(5000, u'x'));
+    };
+    EXPECT_THROW(keepAll(), BasicException);
+    EXPECT_GE(kept, 64 * 1024 / 8000);
+    ASSERT_TRUE(QFile::remove(disk() + u"/filler"_s));
+    EXPECT_EQ(whenDelivered().delivered, kept);
+    for (int number = 0; number < kept; ++number)
+        EXPECT_TRUE(sentBodies().at(number).startsWith(QString::number(number) + u'x'));
+}
+
+TEST_F(FullDiskTest, BallastComesBackWithTheRoom)
+{
+    givenFullDisk();
+    givenMessage(QString(5000, u'x'));
+    ASSERT_TRUE(QFile::remove(disk() + u"/filler"_s));
+    givenMessage(u"one"_s);
+    EXPECT_EQ(QFileInfo(fileOfDisk(u".ballast"_s)).size(), 64 * 1024);
+}
+
+TEST_F(FullDiskTest, ReadOnlyDiskTellsTheCashier)
+{
+    givenMessage(u"one"_s);
+    Singleton<DBQueueBroker>::reset();
+    ASSERT_EQ(
+        ::mount("", QFile::encodeName(disk()).constData(), "", MS_REMOUNT | MS_RDONLY, ""), 0);
+    EXPECT_THROW(givenMessage(u"two"_s), BasicException);
+}
+
+} // namespace
