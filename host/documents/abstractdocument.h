@@ -144,6 +144,10 @@ public:
     /// Text of the loyalty system that is printed with the cheque.
     [[nodiscard]] QString getChequeText() const { return m_chequeText; }
     virtual void setChequeText(const QString &text) { m_chequeText = text; }
+    /// Whether the loyalty system is being asked to register the sale. On a document that a till
+    /// takes up: it was, and nobody knows what came of it.
+    [[nodiscard]] bool isRegistrationBegun() const { return m_registrationBegun; }
+    void setRegistrationBegun(bool begun) { m_registrationBegun = begun; }
 
     [[nodiscard]] QList<Payment> getPayments() const { return m_payments; }
     void setPayments(const QList<Payment> &payments) { m_payments = payments; }
@@ -166,5 +170,6 @@ private:
     ModifiersContainer m_modifiers;
     LoyaltyEffects m_effects;
     QString m_chequeText;
+    bool m_registrationBegun = false;
     QList<Payment> m_payments;
 };

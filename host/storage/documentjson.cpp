@@ -62,7 +62,7 @@ EDocumentType readType(const JsonField &field)
 
 QJsonObject writeHead(const AbstractDocument &document)
 {
-    return {
+    QJsonObject head{
         {u"format"_s, format},
         {u"type"_s, document.getTypeCode()},
         {u"number"_s, document.getNumber()},
@@ -76,6 +76,9 @@ QJsonObject writeHead(const AbstractDocument &document)
         {u"nextPosnum"_s, document.getNextPosnum()},
         {u"chequeText"_s, document.getChequeText()},
     };
+    if (document.isRegistrationBegun())
+        head.insert(u"registrationBegun"_s, true);
+    return head;
 }
 
 void readHead(const JsonField &field, AbstractDocument &document)
@@ -88,6 +91,8 @@ void readHead(const JsonField &field, AbstractDocument &document)
     document.setReferencedNumber(field.at(u"refersTo"_s).text());
     document.setNextPosnum(field.at(u"nextPosnum"_s).integer());
     document.setChequeText(field.at(u"chequeText"_s).text());
+    if (const auto begun = field.find(u"registrationBegun"_s))
+        document.setRegistrationBegun(begun->flag());
 }
 
 QJsonArray writePositions(const AbstractDocument &document)

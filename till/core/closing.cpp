@@ -13,18 +13,29 @@ using namespace Qt::StringLiterals;
 
 namespace till {
 
+namespace {
+
+tr::Tr registrationUnknown()
+{
+    return {u"tillRegistrationUnknown"_s,
+        u"Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек "
+        u"и "
+        u"оформите возврат"_s};
+}
+
+} // namespace
+
 Outcome Till::close()
 {
     if (openDocument()->getGoods().isEmpty())
         throw CannotDo(u"the document has no positions"_s, u"add one or cancel the document"_s);
     requireRightlyPaid();
     Outcome outcome;
-    const bool confirmed = confirmClosing(outcome);
-    keep();
-    if (!confirmed)
+    if (!confirmClosing(outcome)) {
+        keep();
         return outcome;
-    if (money::counts(rest()))
-        pay(PaymentKind::Cash, std::nullopt);
+    }
+    payRest();
     putOut(outcome);
     deliverAfterClose(outcome);
     return outcome;
@@ -41,16 +52,22 @@ bool Till::confirmClosing(Outcome &outcome)
     return outcome.result.toBool();
 }
 
+// What a registration brings is not kept before the cheque is closed. A till that is killed in
+// between asks for it again, and gets the same answer with everything that is still to be printed.
 void Till::registerSale(Outcome &outcome)
 {
     // The records of a registered cheque are its answer when it is asked again.
-    if (!isRegistered())
+    if (!isRegistered()) {
         m_system.clearBonusRecords();
+        document()->setRegistrationBegun(true);
+        keep();
+    }
     // Its false is an answer: the cheque earns nothing.
     announce(outcome, [&] {
         guarded(
             outcome, u"hasPointsForEarn"_s, [&] { outcome.result = m_system.hasPointsForEarn(); });
     });
+    document()->setRegistrationBegun(false);
 }
 
 void Till::putOut(Outcome &outcome)
@@ -90,10 +107,31 @@ void Till::printReceipt(Outcome &outcome) const
     }
 }
 
+// The till was killed while the cheque was being registered. Only asked again the service says
+// whether it has booked it, and under which number that can be taken back. A cheque that went
+// offline before asks nothing, and has nothing booked.
+bool Till::settleBegunRegistration(Outcome &outcome)
+{
+    const auto begun = document();
+    if (!begun->isRegistrationBegun())
+        return true;
+    const int exchanges = m_exchanges.count();
+    registerSale(outcome);
+    outcome.result.clear();
+    const bool isUnknown = m_exchanges.count() > exchanges && !outcome.refusal && !isRegistered();
+    if (isUnknown)
+        outcome.notices.append(registrationUnknown());
+    begun->setRegistrationBegun(isUnknown);
+    keep();
+    return !isUnknown && !outcome.refusal;
+}
+
 Outcome Till::cancel()
 {
     const auto cancelled = openDocument();
     Outcome outcome;
+    if (!settleBegunRegistration(outcome))
+        return outcome;
     request(outcome, u"rollback"_s, [&] { return m_system.rollback(cancelled); });
     if (!outcome.result.toBool()) {
         keep();

@@ -11,14 +11,16 @@ namespace {
 class WatchedRestClient : public RestClient
 {
 public:
-    WatchedRestClient(const std::function<void()> &onPost, bool &succeeded)
+    WatchedRestClient(const std::function<void()> &onPost, int &count, bool &succeeded)
         : m_onPost(onPost)
+        , m_count(count)
         , m_succeeded(succeeded)
     { }
 
     void post(
         const QUrl &url, const QByteArray &body, const QHash<QString, QString> &headers) override
     {
+        ++m_count;
         if (m_onPost)
             m_onPost();
         RestClient::post(url, body, headers);
@@ -27,6 +29,7 @@ public:
 
 private:
     const std::function<void()> &m_onPost;
+    int &m_count;
     bool &m_succeeded;
 };
 
@@ -36,7 +39,7 @@ Exchanges::Exchanges(std::function<void()> onPost)
     : m_onPost(std::move(onPost))
 {
     MockFactory<RestClient>::setCreator([this]() -> QSharedPointer<RestClient> {
-        return QSharedPointer<WatchedRestClient>::create(m_onPost, m_lastSucceeded);
+        return QSharedPointer<WatchedRestClient>::create(m_onPost, m_count, m_lastSucceeded);
     });
 }
 

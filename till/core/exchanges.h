@@ -18,9 +18,12 @@ public:
 
     /// Whether the last exchange ended with a 2xx answer; false before the first one.
     [[nodiscard]] bool lastSucceeded() const { return m_lastSucceeded; }
+    /// How many were begun so far.
+    [[nodiscard]] int count() const { return m_count; }
 
 private:
     std::function<void()> m_onPost;
+    int m_count = 0;
     bool m_lastSucceeded = false;
 };
 

@@ -62,6 +62,13 @@ Outcome Till::pay(PaymentKind kind, std::optional<double> amount)
     return {};
 }
 
+void Till::payRest()
+{
+    if (money::counts(rest()))
+        document()->setPayments(
+            document()->getPayments() << Payment{nameOf(PaymentKind::Cash), rest()});
+}
+
 void Till::requireRightlyPaid() const
 {
     if (money::counts(paid()) && money::counts(rest()))

@@ -91,8 +91,15 @@ bool Till::isRegistered() const
 // What the loyalty service has booked must be what the customer is handed.
 void Till::requireChangeable() const
 {
-    if (document() && isRegistered())
+    if (!document())
+        return;
+    if (isRegistered())
         throw CannotDo(u"the cheque is registered with the loyalty service and cannot be changed"_s,
+            u"close or cancel it"_s);
+    if (document()->isRegistrationBegun())
+        throw CannotDo(
+            u"the till ended while it registered the cheque with the loyalty service; the "
+            u"cheque cannot be changed"_s,
             u"close or cancel it"_s);
 }
 

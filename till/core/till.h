@@ -134,8 +134,10 @@ private:
     [[nodiscard]] std::optional<tr::Tr> whyNoPoints(std::optional<double> amount, Outcome &outcome);
     [[nodiscard]] double paid() const;
     void dropPayments();
+    void payRest();
     [[nodiscard]] bool confirmClosing(Outcome &outcome);
     void registerSale(Outcome &outcome);
+    [[nodiscard]] bool settleBegunRegistration(Outcome &outcome);
     void putOut(Outcome &outcome);
     [[nodiscard]] receipt::Booking booking() const;
     void printReceipt(Outcome &outcome) const;

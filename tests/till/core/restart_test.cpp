@@ -1,6 +1,9 @@
 // A till that was killed takes its document up again.
 
+#include "host/framework/basicexception.h"
+#include "host/net/restclient.h"
 #include "host/storage/savetofilelogic.h"
+#include "tests/support/scriptedserver.h"
 #include "tests/till/support/tillfixture.h"
 
 using namespace Qt::StringLiterals;
@@ -68,27 +71,130 @@ TEST_F(RestartTest, ACancelledChequeDoesNotComeBack)
     EXPECT_FALSE(till->document());
 }
 
-TEST_F(RestartTest, ARegistrationIsOnDiskBeforeTheChequeIsPutOut)
+// What a registration brings goes to disk with the closed cheque only: a till that is killed before
+// asks for it again, and has everything that is still to be printed.
+TEST_F(RestartTest, ARegistrationIsOnDiskAsBegunUntilTheChequeIsClosed)
 {
     givenIdentifiedCard();
     givenSaleOf({u"1002"_s});
-    loyalty->behaviour[u"hasPointsForEarn"_s] = [this] {
-        loyalty->presented->setOperationId(u"T-1"_s);
-        loyalty->giveBonusRecord(7.0);
-        return true;
-    };
-    till->pay(till::PaymentKind::Card, std::nullopt);
-    qsizetype records = 0;
-    QString id;
-    loyalty->behaviour[u"beforePutoutCheck"_s] = [&] {
+    QList<bool> begun;
+    QString id = u"none"_s;
+    const auto look = [&] {
         const auto kept = store->loadOpen();
-        records = kept->getEffects().bonusRecords.size();
+        begun.append(kept->isRegistrationBegun());
         id = kept->getCardRecord(ECardMode::OnlineLoyalty)->getOperationId();
         return true;
     };
+    loyalty->behaviour[u"hasPointsForEarn"_s] = [this, look] {
+        loyalty->presented->setOperationId(u"T-1"_s);
+        return look();
+    };
+    loyalty->behaviour[u"afterPutoutCheck"_s] = look;
+    const auto outcome = till->close();
+    EXPECT_EQ(begun, (QList<bool>{true, true}));
+    EXPECT_EQ(id, QString());
+    EXPECT_FALSE(store->loadClosed(outcome.left->getNumber())->isRegistrationBegun());
+}
+
+TEST_F(RestartTest, ARefusedRegistrationIsOver)
+{
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    loyalty->behaviour[u"hasPointsForEarn"_s]
+        = []() -> bool { throw BasicException(tr::Tr(u"id"_s, u"Нет"_s)); };
     till->close();
-    EXPECT_EQ(records, 1);
+    EXPECT_FALSE(store->loadOpen()->isRegistrationBegun());
+    EXPECT_EQ(whyNot([this] { till->changeQuantity(1, 2.0); }), QString());
+}
+
+/// A till that was killed while it registered a cheque.
+class BegunRegistrationTest : public RestartTest
+{
+public:
+    BegunRegistrationTest()
+    {
+        givenIdentifiedCard();
+        givenSaleOf({u"1002"_s});
+        till->document()->setRegistrationBegun(true);
+        till->pay(till::PaymentKind::Card, std::nullopt);
+        givenRestart();
+        takeCalls();
+    }
+
+    /// The registration is asked for again: an exchange with this status, and this id in its
+    /// answer.
+    void givenAnswer(int status, const QString &id)
+    {
+        loyalty->behaviour[u"hasPointsForEarn"_s] = [this, status, id] {
+            ScriptedServer service;
+            service.answer("<E/>", status);
+            MockFactory<RestClient>::create()->post(service.url(), "<x/>", {});
+            till->document()->getCardRecord(ECardMode::OnlineLoyalty)->setOperationId(id);
+            return true;
+        };
+    }
+};
+
+TEST_F(BegunRegistrationTest, TheChequeCannotBeChanged)
+{
+    EXPECT_TRUE(whyNot([this] {
+        till->changeQuantity(1, 2.0);
+    }).startsWith(u"the till ended while it registered"));
+    EXPECT_TRUE(whyNot([this] { till->calculate(); }).startsWith(u"the till ended"));
+}
+
+TEST_F(BegunRegistrationTest, IsAskedForAgainWhenTheChequeIsClosed)
+{
+    givenAnswer(200, u"T-1"_s);
+    EXPECT_TRUE(till->close().left);
+    EXPECT_FALSE(till->document());
+}
+
+TEST_F(BegunRegistrationTest, IsAskedForAgainAndRolledBackWhenTheChequeIsCancelled)
+{
+    givenAnswer(200, u"T-1"_s);
+    QString id;
+    loyalty->behaviour[u"rollback"_s] = [this, &id] {
+        id = till->document()->getCardRecord(ECardMode::OnlineLoyalty)->getOperationId();
+        return true;
+    };
+    const auto outcome = till->cancel();
+    EXPECT_EQ(outcome.result, QVariant(true));
     EXPECT_EQ(id, u"T-1"_s);
+    EXPECT_EQ(takeCalls(),
+        (QStringList{u"event 72"_s, u"hasPointsForEarn"_s, u"event 73"_s, u"rollback"_s,
+            u"event 12"_s, u"event 22"_s}));
+}
+
+TEST_F(BegunRegistrationTest, OfWhichNobodyKnowsKeepsTheChequeFromBeingCancelled)
+{
+    givenAnswer(503, {});
+    for (int time = 0; time < 2; ++time) {
+        const auto outcome = till->cancel();
+        EXPECT_FALSE(outcome.result.isValid());
+        ASSERT_EQ(outcome.notices.size(), 1);
+        EXPECT_EQ(outcome.notices.constFirst().id(), u"tillRegistrationUnknown"_s);
+        EXPECT_TRUE(store->loadOpen()->isRegistrationBegun());
+    }
+    EXPECT_FALSE(takeCalls().contains(u"rollback"));
+}
+
+TEST_F(BegunRegistrationTest, ThatIsRefusedNowIsToldAndThenTheChequeCanBeCancelled)
+{
+    loyalty->behaviour[u"hasPointsForEarn"_s]
+        = []() -> bool { throw BasicException(tr::Tr(u"id"_s, u"Нет"_s)); };
+    const auto refused = till->cancel();
+    ASSERT_TRUE(refused.refusal);
+    EXPECT_EQ(refused.refusal->message.ru(), u"Нет"_s);
+    EXPECT_FALSE(store->loadOpen()->isRegistrationBegun());
+    EXPECT_EQ(till->cancel().result, QVariant(true));
+}
+
+TEST_F(BegunRegistrationTest, OfAChequeThatWasOfflineIsNoneAndTheChequeCanBeCancelled)
+{
+    loyalty->behaviour[u"hasPointsForEarn"_s] = [] { return false; };
+    EXPECT_EQ(till->cancel().result, QVariant(true));
+    EXPECT_FALSE(till->document());
 }
 
 // Half of it would be what the plug-in has noted and saved without what it has granted.
@@ -115,12 +221,11 @@ TEST_F(RestartTest, AnOperationIsOnDiskWholeOrNotAtAll)
     till->payWithPoints(10.0);
     EXPECT_FALSE(keptInTheMiddle);
     EXPECT_TRUE(kept(u"spendPoints"_s));
-    bool keptBeforePutout = false;
-    loyalty->behaviour[u"beforePutoutCheck"_s]
-        = [&] { return keptBeforePutout = kept(u"hasPointsForEarn"_s); };
-    till->close();
+    const auto closed = till->close().left;
     EXPECT_FALSE(keptInTheMiddle);
-    EXPECT_TRUE(keptBeforePutout);
+    EXPECT_TRUE(store->loadClosed(closed->getNumber())
+                    ->getStoredValue(u"FakeLoyalty"_s, u"hasPointsForEarn"_s, {})
+                    .toBool());
 }
 
 TEST_F(RestartTest, AFailingRestoreDoesNotKeepTheTillFromSelling)
