@@ -6,7 +6,9 @@ namespace till {
 enum class ExitStatus : int
 {
     Success = 0,
-    ExpectationFailed = 1, ///< the script went on
+    /// An expectation failed, a shift has open ends, or a message of the queue is not where it was
+    /// to go; what could be done was done.
+    NotAllDone = 1,
     CannotDo = 2, ///< a command or argument is wrong or cannot be done now
     Unusable = 3, ///< the plug-in, the configuration or the state folder
 };

@@ -1,5 +1,6 @@
-// korvel-till: sells cheques with the loyalty plug-in.
+// korvel-till: sells cheques with the loyalty plug-in, and looks after what waits for the service.
 
+#include "till/queue/commandline.h"
 #include "till/run/run.h"
 
 #include <QCoreApplication>
@@ -45,7 +46,7 @@ public:
         } catch (const CLI::ParseError &error) {
             return m_app.exit(error) == 0 ? 0 : wrongUsage;
         }
-        return static_cast<int>(till::run(runOptions()));
+        return m_queue.isWanted() ? m_queue.execute() : static_cast<int>(till::run(runOptions()));
     }
 
 private:
@@ -56,6 +57,7 @@ private:
     }
 
     CLI::App m_app{"A till that sells cheques with the loyalty plug-in.", "korvel-till"};
+    till::QueueCommandLine m_queue{m_app};
     CLI::App *m_run = m_app.add_subcommand("run", "sells by a script or at a prompt");
     std::string m_config;
     std::string m_plugin;

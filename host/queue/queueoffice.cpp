@@ -52,6 +52,8 @@ QueueOffice::Status QueueOffice::status()
     QSqlQuery row = m_database.run(u"SELECT state, messages FROM counts"_s);
     while (row.next())
         status.counts[stateNamed(row.value(0).toString())] = row.value(1).toLongLong();
+    QSqlQuery moved = m_database.run(u"SELECT count(*) FROM messages WHERE moved_to <> ''"_s);
+    status.moved = moved.next() ? moved.value(0).toLongLong() : 0;
     const QDateTime pending = enqueuedFirst(u"pending"_s);
     const QDateTime sending = enqueuedFirst(u"sending"_s);
     status.oldestWaiting
@@ -108,6 +110,20 @@ QList<QueueMessage> QueueOffice::find(const QString &idBeginning)
     if (!found.isEmpty() && found.first().id == idBeginning)
         found.resize(1);
     return found;
+}
+
+QList<QueueMessage> QueueOffice::ofDocument(const QString &correlationId)
+{
+    QList<QueueMessage> messages;
+    // Messages that belong to no document have an empty one.
+    if (correlationId.isEmpty())
+        return messages;
+    QSqlQuery row = m_database.run(messagetable::select(messagerow::shortColumns())
+            + u"WHERE correlation_id = ? AND correlation_id <> '' ORDER BY number"_s,
+        {correlationId});
+    while (row.next())
+        messages.append(messagetable::messageFrom(row));
+    return messages;
 }
 
 QStringList QueueOffice::retry(const QStringList &ids)

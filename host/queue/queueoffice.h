@@ -23,6 +23,7 @@ public:
     struct Status
     {
         QMap<MessageState, qint64> counts; ///< of every state
+        qint64 moved = 0; ///< parked ones that were moved to another queue
         QDateTime oldestWaiting; ///< when the first that waits was enqueued; invalid: none waits
         QString lastError; ///< of the last attempt that failed; empty: none
         QDateTime lastErrorTime;
@@ -41,6 +42,10 @@ public:
     /// The messages whose ids begin so, whole: none, the one that is meant, or two when there are
     /// more. An empty beginning means none.
     [[nodiscard]] QList<QueueMessage> find(const QString &idBeginning);
+
+    /// The messages that were enqueued while the document of that correlation id was the current
+    /// one, in the order of enqueueing, without headers and bodies. An empty id means none.
+    [[nodiscard]] QList<QueueMessage> ofDocument(const QString &correlationId);
 
     /// Lets messages that wait, are parked or were refused be sent as soon as possible, as if never
     /// tried by a deliverer that died. Not those that were moved to another queue.

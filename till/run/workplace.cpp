@@ -5,11 +5,11 @@
 #include "host/logging/logsetup.h"
 #include "host/queue/dbqueuebroker.h"
 #include "host/storage/statefolder.h"
+#include "till/configuration.h"
 #include "till/core/loyaltyverdict.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 
 #include <utility>
 
@@ -18,23 +18,6 @@ using namespace Qt::StringLiterals;
 namespace till {
 
 namespace {
-
-void readConfiguration(const QString &given)
-{
-    const QString usual = u"till.ini"_s;
-    if (!given.isEmpty())
-        Singleton<Config>::instance()->load(given);
-    else if (QFileInfo::exists(usual))
-        Singleton<Config>::instance()->load(usual);
-}
-
-QString stateFolder(const QString &given)
-{
-    if (!given.isEmpty())
-        return QDir::current().absoluteFilePath(given);
-    return Singleton<Config>::instance()->getPath(
-        u"Till:state"_s, QDir::homePath() + u"/.local/state/korvel-till");
-}
 
 QString pluginFile(const QString &given)
 {

@@ -37,7 +37,7 @@ ExitStatus runScript(
         try {
             if (const auto failure = interpreter.execute(line, decode(bytes))) {
                 tell(line, *failure);
-                status = ExitStatus::ExpectationFailed;
+                status = ExitStatus::NotAllDone;
             }
         } catch (const CannotDo &error) {
             tell(line, error.text());

@@ -47,7 +47,7 @@ TEST_F(QueueLayoutTest, NewFileSaysWhichProgramCanWorkItAndWhichLayoutItHas)
 {
     givenMessage(u"one"_s);
     EXPECT_EQ(ask(firstlayout::knownVersion), QVariantList{1});
-    EXPECT_EQ(ask(u"SELECT value FROM facts WHERE name = 'layout'"_s), QVariantList{u"2"_s});
+    EXPECT_EQ(ask(u"SELECT value FROM facts WHERE name = 'layout'"_s), QVariantList{u"3"_s});
 }
 
 TEST_F(QueueLayoutTest, MessagesOfTheFirstLayoutAreDelivered)
@@ -125,10 +125,24 @@ TEST_F(QueueLayoutTest, FileOfALaterLayoutThatThisProgramCanWorkIsWorked)
 {
     givenMessage(u"one"_s);
     whenRestarted();
-    ask(u"UPDATE facts SET value = '3' WHERE name = 'layout'"_s);
-    ask(u"PRAGMA user_version = 2"_s);
+    ask(u"UPDATE facts SET value = '4' WHERE name = 'layout'"_s);
+    ask(u"PRAGMA user_version = 3"_s);
     EXPECT_EQ(queue()->waiting(), 1);
-    EXPECT_EQ(ask(firstlayout::knownVersion), QVariantList{2});
+    EXPECT_EQ(ask(firstlayout::knownVersion), QVariantList{3});
+    EXPECT_EQ(ask(u"SELECT value FROM facts WHERE name = 'layout'"_s), QVariantList{u"4"_s});
+}
+
+TEST_F(QueueLayoutTest, FileOfTheSecondLayoutGetsItsIndices)
+{
+    givenMessage(u"one"_s);
+    whenRestarted();
+    ask(u"DROP INDEX messages_of_documents"_s);
+    ask(u"DROP INDEX messages_moved"_s);
+    ask(u"UPDATE facts SET value = '2' WHERE name = 'layout'"_s);
+    EXPECT_EQ(queue()->waiting(), 1);
+    EXPECT_EQ(ask(u"SELECT count(*) FROM pragma_index_list('messages') WHERE name IN "
+                  u"('messages_of_documents', 'messages_moved')"_s),
+        QVariantList{2});
     EXPECT_EQ(ask(u"SELECT value FROM facts WHERE name = 'layout'"_s), QVariantList{u"3"_s});
 }
 

@@ -152,6 +152,36 @@ TEST_F(QueueOfficeTest, WholeIdIsMeantWhateverBeginsSo)
     EXPECT_EQ(office.find(u"12"_s).first().id, u"12"_s);
 }
 
+TEST_F(QueueOfficeTest, MessagesAreFoundByTheirDocument)
+{
+    const auto givenOf = [this](const QString &id, const QString &document, MessageState state) {
+        QueueMessage message;
+        message.id = id;
+        message.correlationId = document;
+        message.state = state;
+        store.append(message);
+    };
+    givenOf(u"b"_s, u"doc-1"_s, MessageState::Pending);
+    givenOf(u"a"_s, u"doc-1"_s, MessageState::Delivered);
+    givenOf(u"c"_s, u"doc-2"_s, MessageState::Pending);
+    givenOf(u"d"_s, u""_s, MessageState::Pending);
+    const QList<QueueMessage> found = office.ofDocument(u"doc-1"_s);
+    ASSERT_EQ(found.size(), 2);
+    EXPECT_EQ(found[0].id, u"b"_s);
+    EXPECT_EQ(found[1].state, MessageState::Delivered);
+    EXPECT_TRUE(office.ofDocument(u"doc"_s).isEmpty());
+    EXPECT_TRUE(office.ofDocument(u""_s).isEmpty());
+}
+
+TEST_F(QueueOfficeTest, MessagesOfADocumentAreFoundByTheirIndex)
+{
+    const QVariantList plan = ask(u"EXPLAIN QUERY PLAN SELECT id FROM messages WHERE "
+                                  u"correlation_id = ? AND correlation_id <> '' ORDER BY number"_s,
+        {u"doc"_s});
+    EXPECT_TRUE(plan.constLast().toString().contains(u"USING INDEX messages_of_documents"_s))
+        << qPrintable(plan.constLast().toString());
+}
+
 TEST_F(QueueOfficeTest, RetryLetsAMessageBeSentNow)
 {
     givenOneOfEach();
@@ -251,6 +281,15 @@ TEST_F(QueueTransferTest, WhatWasMovedIsNotSentHere)
     EXPECT_EQ(stateOf(u"a"_s), u"parked"_s);
     EXPECT_EQ(office.find(u"a"_s).first().movedTo, file());
     EXPECT_EQ(office.exportTo(folder.filePath(u"second"_s)), 0);
+}
+
+TEST_F(QueueTransferTest, WhatWasMovedIsCounted)
+{
+    givenOneOfEach();
+    EXPECT_EQ(office.status().moved, 0);
+    office.exportTo(file());
+    EXPECT_EQ(office.status().moved, 3);
+    EXPECT_EQ(office.status().counts.value(MessageState::Parked), 3);
 }
 
 TEST_F(QueueTransferTest, ImportedTwiceIsThereOnce)

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace till {
+
+/// Reads the settings into `Singleton<Config>`: the given file, otherwise "till.ini" of the current
+/// folder, otherwise nothing.
+/// @throws ConfigError when the file cannot be read or used.
+void readConfiguration(const QString &given);
+
+/// The state folder: the given one, otherwise that of the settings, otherwise the one below the
+/// user's home. Nothing is created.
+[[nodiscard]] QString stateFolder(const QString &given);
+
+} // namespace till

@@ -1,0 +1,114 @@
+#include "till/queue/commandline.h"
+
+#include "till/core/cannotdo.h"
+#include "till/exitstatus.h"
+#include "till/queue/looking.h"
+#include "till/queue/mending.h"
+
+#include <iostream>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+QString text(const std::string &value)
+{
+    return QString::fromStdString(value);
+}
+
+QStringList texts(const std::vector<std::string> &values)
+{
+    QStringList list;
+    for (const std::string &value : values)
+        list.append(text(value));
+    return list;
+}
+
+int tell(const QString &what, ExitStatus status)
+{
+    std::cerr << u"korvel-till: "_s.append(what).toStdString() << std::endl;
+    return static_cast<int>(status);
+}
+
+} // namespace
+
+QueueCommandLine::QueueCommandLine(CLI::App &commandLine)
+    : m_queue(commandLine.add_subcommand("queue",
+        "looks after the outgoing queue, also while the till is running; loads no plug-in"))
+{
+    m_queue->require_subcommand(1);
+    addCommonOptions(m_queue);
+    addLooking();
+    addMending();
+}
+
+CLI::App *QueueCommandLine::add(
+    const std::string &name, const std::string &purpose, const Command &command)
+{
+    CLI::App *added = m_queue->add_subcommand(name, purpose);
+    addCommonOptions(added);
+    added->callback([this, command] { m_command = command; });
+    return added;
+}
+
+void QueueCommandLine::addCommonOptions(CLI::App *command)
+{
+    command->add_option("--config", m_config, "settings; without it till.ini, if there is one")
+        ->option_text("FILE");
+    command->add_option("--state", m_state, "the till's state folder; without it Till:state")
+        ->option_text("DIR");
+    command->add_flag("--json", m_json, "for programs: JSON instead of text");
+}
+
+void QueueCommandLine::addLooking()
+{
+    CLI::App *list = add("list", "what is not delivered, in the order of enqueueing",
+        [this](const QueueOptions &options) {
+            return queuecommands::list(options, m_all, texts(m_states));
+        });
+    list->add_flag("--all", m_all, "the delivered messages too");
+    list->add_option("--state-of", m_states,
+            "only messages of these states: pending, sending, delivered, refused, parked")
+        ->option_text("NAME...");
+    add("status", "figures; exit status 0: good, 1: warning, 2: alarm", queuecommands::status);
+    CLI::App *show = add("show", "one message with everything that is kept of it",
+        [this](const QueueOptions &options) {
+            return queuecommands::show(options, text(m_id), m_plain);
+        });
+    show->add_option("id", m_id, "id of the message, or its beginning")
+        ->option_text("ID")
+        ->required();
+    show->add_flag("--plain", m_plain, "credentials and card numbers too");
+}
+
+void QueueCommandLine::addMending()
+{
+    CLI::App *retry = add("retry", "lets messages be sent as soon as possible",
+        [this](const QueueOptions &options) { return queuecommands::retry(options, ids()); });
+    CLI::App *setAside = add("set-aside", "parks messages until a person retries them",
+        [this](const QueueOptions &options) { return queuecommands::setAside(options, ids()); });
+    for (CLI::App *command : {retry, setAside})
+        command->add_option("ids", m_ids, "ids of messages, or their beginnings")
+            ->option_text("ID...")
+            ->required();
+}
+
+QStringList QueueCommandLine::ids() const
+{
+    return texts(m_ids);
+}
+
+int QueueCommandLine::execute() const
+{
+    try {
+        return m_command({text(m_config), text(m_state), m_json});
+    } catch (const CannotDo &error) {
+        return tell(error.text(), ExitStatus::CannotDo);
+    } catch (const std::exception &error) {
+        return tell(QString::fromUtf8(error.what()), ExitStatus::Unusable);
+    }
+}
+
+} // namespace till

@@ -1,0 +1,123 @@
+#include "till/queue/looking.h"
+
+#include "host/framework/currenttime.h"
+#include "till/core/cannotdo.h"
+#include "till/exitstatus.h"
+#include "till/queue/backlog.h"
+#include "till/queue/identification.h"
+#include "till/queue/masks.h"
+#include "till/queue/messageobject.h"
+#include "till/queue/messagetable.h"
+#include "till/queue/messagetext.h"
+#include "till/queue/queueaccess.h"
+#include "till/queue/statusreport.h"
+
+#include <cstdio>
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace till::queuecommands {
+
+namespace {
+
+const QString logFolder = u"queue"_s;
+const QList<MessageState> everyState{MessageState::Pending, MessageState::Sending,
+    MessageState::Delivered, MessageState::Refused, MessageState::Parked};
+
+void print(const QString &text)
+{
+    std::fputs(text.toUtf8().constData(), stdout);
+}
+
+void print(const Json &object)
+{
+    constexpr int indent = 2;
+    std::fputs((object.dump(indent) + '\n').c_str(), stdout);
+}
+
+QList<MessageState> wantedStates(bool all, const QStringList &names)
+{
+    QList<MessageState> states;
+    for (const QString &name : names) {
+        if (!isStateName(name))
+            throw CannotDo(u"there is no state \"%1\""_s.arg(name),
+                u"use pending, sending, delivered, refused or parked"_s);
+        states.append(stateNamed(name));
+    }
+    return states.isEmpty() && all ? everyState : states;
+}
+
+// Page by page: a million messages are never in memory together.
+void forEachPage(QueueOffice &office, const QList<MessageState> &states,
+    const std::function<void(const QList<QueueMessage> &)> &write)
+{
+    QueueOffice::Page page{states, 0, QueueOffice::Page().size};
+    for (;;) {
+        const QList<QueueMessage> messages = office.list(page);
+        if (messages.isEmpty())
+            return;
+        write(messages);
+        page.behind = messages.constLast().number;
+    }
+}
+
+void printArray(QueueOffice &office, const QList<MessageState> &states)
+{
+    const char *before = "[\n";
+    forEachPage(office, states, [&before](const QList<QueueMessage> &messages) {
+        for (const QueueMessage &message : messages) {
+            std::fputs((before + listedMessage(message).dump()).c_str(), stdout);
+            before = ",\n";
+        }
+    });
+    std::fputs(*before == '[' ? "[]\n" : "\n]\n", stdout);
+}
+
+void printTable(QueueOffice &office, const QList<MessageState> &states)
+{
+    MessageTable table(stdout, MessageTable::widthFor(stdout));
+    forEachPage(
+        office, states, [&table](const QList<QueueMessage> &messages) { table.write(messages); });
+}
+
+} // namespace
+
+int list(const QueueOptions &options, bool all, const QStringList &states)
+{
+    const QList<MessageState> wanted = wantedStates(all, states);
+    openQueue(options, logFolder).inOffice([&options, &wanted](QueueOffice &office) {
+        options.json ? printArray(office, wanted) : printTable(office, wanted);
+    });
+    return static_cast<int>(ExitStatus::Success);
+}
+
+int status(const QueueOptions &options)
+{
+    const auto figures = openQueue(options, logFolder).inOffice([](QueueOffice &office) {
+        return office.status();
+    });
+    const QDateTime now = MockFactory<CurrentTime>::create()->currentDateTime();
+    const Backlog backlog = judgeBacklog(figures, now, BacklogLimits::configured());
+    if (options.json)
+        print(statusObject(figures, now, backlog));
+    else
+        print(printable(statusText(figures, now, backlog)));
+    return static_cast<int>(backlog.level);
+}
+
+int show(const QueueOptions &options, const QString &idBeginning, bool plain)
+{
+    const QueueMessage message
+        = openQueue(options, logFolder).inOffice([&idBeginning](QueueOffice &office) {
+              return messageBeginning(office, idBeginning);
+          });
+    const QueueMessage shown = plain ? message : masks::masked(message);
+    if (options.json)
+        print(wholeMessage(shown));
+    else
+        print(messageText(shown));
+    return static_cast<int>(ExitStatus::Success);
+}
+
+} // namespace till::queuecommands

@@ -1,0 +1,52 @@
+#include "till/queue/queueaccess.h"
+
+#include "host/config/config.h"
+#include "host/logging/logsetup.h"
+#include "host/storage/statefolder.h"
+#include "host/storage/storageerror.h"
+#include "till/configuration.h"
+#include "till/core/loyaltyverdict.h"
+
+#include <QFileInfo>
+
+#include <unistd.h>
+
+#include <iostream>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+void checkFolder(const QString &folder)
+{
+    const QFileInfo info(folder);
+    if (!info.isDir())
+        throw StorageError(
+            u"%1: there is no such state folder; name the till's with --state or in Till:state"_s
+                .arg(folder));
+    if (info.ownerId() != geteuid())
+        throw StorageError(
+            u"%1: the state folder belongs to the user %2; run this as that user"_s.arg(
+                folder, info.owner().isEmpty() ? QString::number(info.ownerId()) : info.owner()));
+}
+
+} // namespace
+
+DBQueueBroker &openQueue(const QueueOptions &options, const QString &logFolder)
+{
+    readConfiguration(options.configFile);
+    auto *folder = Singleton<StateFolder>::instance();
+    folder->setPath(stateFolder(options.stateFolder));
+    checkFolder(folder->path());
+    logging::setUp(folder->log() + u'/' + logFolder,
+        Singleton<Config>::instance()->getPath(u"Queue:logProperties"_s, {}));
+    auto *queue = Singleton<DBQueueBroker>::instance();
+    judgeLoyaltyMessages(*queue);
+    for (const tr::Tr &notice : queue->open())
+        std::cerr << u"korvel-till: "_s.append(notice.ui()).toStdString() << std::endl;
+    return *queue;
+}
+
+} // namespace till
