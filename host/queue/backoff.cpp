@@ -1,20 +1,9 @@
 #include "host/queue/backoff.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace backoff {
-
-namespace {
-
-std::chrono::milliseconds part(std::chrono::milliseconds whole, double share)
-{
-    // Written so that what is no number fails the comparison.
-    const double inRange = share > 0 ? std::min(share, 1.0) : 0;
-    return std::chrono::milliseconds(
-        static_cast<std::chrono::milliseconds::rep>(static_cast<double>(whole.count()) * inRange));
-}
-
-} // namespace
 
 std::chrono::milliseconds longestWaitAfter(int attempts)
 {
@@ -27,13 +16,21 @@ std::chrono::milliseconds longestWaitAfter(int attempts)
     return std::min(wait, longestWait);
 }
 
+std::chrono::milliseconds waitAfter(int attempts, double chance)
+{
+    // Written so that what is no number fails the comparison.
+    const double share = chance > 0 ? std::min(chance, 1.0) : 0;
+    const auto longest = static_cast<double>(longestWaitAfter(attempts).count());
+    return std::chrono::milliseconds(static_cast<std::int64_t>(longest * share));
+}
+
 QDateTime nextAttempt(
     const QDateTime &now, const QDateTime &lastAttempt, int attempts, double chance)
 {
     if (attempts <= 0)
         return now;
     const QDateTime from = lastAttempt.isValid() ? std::min(lastAttempt, now) : now;
-    return from.addDuration(part(longestWaitAfter(attempts), chance));
+    return from.addDuration(waitAfter(attempts, chance));
 }
 
 bool isDue(const QDateTime &now, const QDateTime &nextAttempt)

@@ -24,6 +24,11 @@ inline constexpr std::chrono::milliseconds longestWait = std::chrono::minutes(15
 /// `firstWait`, doubled with each further attempt, at most `longestWait`.
 [[nodiscard]] POSHOST_EXPORT std::chrono::milliseconds longestWaitAfter(int attempts);
 
+/// The wait after so many attempts: `chance` of `longestWaitAfter`, rounded down to milliseconds.
+/// @param chance a fresh random number of [0, 1) for every call; one outside counts as the nearer
+///               end, one that is no number as 0.
+[[nodiscard]] POSHOST_EXPORT std::chrono::milliseconds waitAfter(int attempts, double chance);
+
 /// The time from which on a message may be sent again; one that is not later than `now` means at
 /// once.
 /// @param now         what the clock says; valid.
@@ -31,8 +36,7 @@ inline constexpr std::chrono::milliseconds longestWait = std::chrono::minutes(15
 ///                    set back and counts as now, so no wait is longer than `longestWait`. An
 ///                    invalid time counts as now too.
 /// @param attempts    attempts so far; 0 or less: at once.
-/// @param chance      a fresh random number of [0, 1) for every call; one outside counts as the
-///                    nearer end, one that is no number as 0.
+/// @param chance      as for `waitAfter`.
 [[nodiscard]] POSHOST_EXPORT QDateTime nextAttempt(
     const QDateTime &now, const QDateTime &lastAttempt, int attempts, double chance);
 

@@ -26,6 +26,7 @@ const QList<Floor> floors{
     {"plugin", {QStringLiteral("plugin"), QStringLiteral("client"), QStringLiteral("common")}},
     {"till", {QStringLiteral("till"), QStringLiteral("host")}},
     {"emulator", {QStringLiteral("emulator")}},
+    {"simulation", {QStringLiteral("simulation"), QStringLiteral("host")}},
 };
 
 QStringList floorNames()

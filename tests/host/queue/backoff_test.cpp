@@ -55,6 +55,12 @@ TEST_P(BackoffTest, TheWaitIsSpreadEvenlyOverTheLongestOne)
         backoff::nextAttempt(now, now, GetParam().attempts, 0.5), later(GetParam().longest / 2));
 }
 
+TEST_P(BackoffTest, TheWaitIsTheSameWithoutAClock)
+{
+    EXPECT_EQ(backoff::waitAfter(GetParam().attempts, 0), 0ms);
+    EXPECT_EQ(backoff::waitAfter(GetParam().attempts, 0.5), GetParam().longest / 2);
+}
+
 TEST_P(BackoffTest, TheLongestWaitItselfIsNeverReached)
 {
     const auto unreached = GetParam().longest > 0ms ? 1ms : 0ms;
