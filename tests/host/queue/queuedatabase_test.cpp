@@ -85,10 +85,10 @@ TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
 {
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
-    ask(u"PRAGMA user_version = 3"_s);
-    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (3, this one knows 2)"));
+    ask(u"PRAGMA user_version = 4"_s);
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (4, this one knows 3)"));
     EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
-    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{3});
+    EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{4});
 }
 
 TEST_F(QueueDatabaseTest, FileIsClosedWithItsBroker)

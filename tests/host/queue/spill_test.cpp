@@ -247,7 +247,7 @@ TEST_F(SpillingTest, FileOfANewerVersionSpillsAndIsLeftAlone)
 {
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
-    ask(u"PRAGMA user_version = 3"_s);
+    ask(u"PRAGMA user_version = 4"_s);
     givenMessage(u"two"_s);
     EXPECT_TRUE(hasSpilled());
     EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
