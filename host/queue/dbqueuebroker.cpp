@@ -115,17 +115,17 @@ void DBQueueBroker::setVerdict(const QString &queue, VerdictFunction verdict)
     m_verdicts.insert(queue, std::move(verdict));
 }
 
-DeliveryReport DBQueueBroker::deliver()
+DeliveryReport DBQueueBroker::deliver(const DeliveryObserver &observer)
 {
-    return outbox().with([this](MessageStore &store) {
-        return delivery::deliver(store, m_verdicts, delivery::Extent::Waiting);
+    return outbox().with([this, &observer](MessageStore &store) {
+        return delivery::deliver(store, m_verdicts, delivery::Extent::Waiting, observer);
     });
 }
 
-DeliveryReport DBQueueBroker::deliverDue()
+DeliveryReport DBQueueBroker::deliverDue(const DeliveryObserver &observer)
 {
-    return outbox().with([this](MessageStore &store) {
-        return delivery::deliver(store, m_verdicts, delivery::Extent::Due);
+    return outbox().with([this, &observer](MessageStore &store) {
+        return delivery::deliver(store, m_verdicts, delivery::Extent::Due, observer);
     });
 }
 

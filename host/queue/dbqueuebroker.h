@@ -51,14 +51,15 @@ public:
     /// Sends every waiting message once, in the order of enqueueing, and waits for the answers. The
     /// attempt is counted on disk before the request goes out. After three exchanges in a row
     /// without an answer the pass ends.
+    /// @param observer may be empty.
     /// @throws StorageError when the queue cannot be read or written.
-    DeliveryReport deliver();
+    DeliveryReport deliver(const DeliveryObserver &observer = {});
 
     /// The same for messages whose waiting time is over only, for a service that delivers all the
-    /// time. After a pass that ended since nothing was reached, further ones do nothing for a
-    /// while.
+    /// time. After a pass that ended since nothing was reached, or since the credentials were not
+    /// accepted, further ones do nothing for a while.
     /// @throws StorageError when the queue cannot be read or written.
-    DeliveryReport deliverDue();
+    DeliveryReport deliverDue(const DeliveryObserver &observer = {});
     /// When `deliverDue` has something to do next, a time in the past meaning now; invalid when
     /// nothing waits.
     /// @throws StorageError when the queue cannot be read.

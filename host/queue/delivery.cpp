@@ -86,9 +86,11 @@ QSharedPointer<RestClient> exchange(const QueueMessage &message)
 class Pass
 {
 public:
-    Pass(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent)
+    Pass(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent,
+        const DeliveryObserver &observer)
         : m_store(store)
         , m_verdicts(verdicts)
+        , m_observer(observer)
         , m_isDueOnly(extent == Extent::Due)
         , m_stopsInRow(store.stopsInRow())
     { }
@@ -117,10 +119,11 @@ private:
         const Verdict verdict
             = judged(m_verdicts.value(message.queue), client->errorCode(), client->responseBody());
         note(message, verdict, *client);
-        countReached(client->errorCode());
         m_report.unauthorised
             = verdict.outcome == Verdict::Outcome::TryAgain && isUnauthorised(client->errorCode());
-        if (!m_report.stopped && !m_report.unauthorised)
+        countReached(client->errorCode());
+        const bool goesOn = !m_observer || m_observer(m_report);
+        if (goesOn && !m_report.stopped && !m_report.unauthorised)
             return taken(
                 m_store.settleAndCheckOut(message, {currentTime(), message.number, m_isDueOnly}));
         m_store.settle(message);
@@ -189,7 +192,8 @@ private:
     {
         m_failuresInRow = isConnectionFailure(errorCode) ? m_failuresInRow + 1 : 0;
         m_report.stopped = m_failuresInRow == failuresToStop;
-        if (m_report.stopped) {
+        // Asking on with credentials that are not accepted would get the till's user locked out.
+        if (m_report.stopped || m_report.unauthorised) {
             const QDateTime now = currentTime();
             ++m_stopsInRow;
             m_store.hold(m_stopsInRow,
@@ -210,6 +214,7 @@ private:
 
     MessageStore &m_store;
     const QHash<QString, VerdictFunction> &m_verdicts;
+    const DeliveryObserver &m_observer;
     bool m_isDueOnly;
     bool m_othersAtWork = false;
     int m_failuresInRow = 0;
@@ -219,15 +224,15 @@ private:
 
 } // namespace
 
-DeliveryReport deliver(
-    MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent)
+DeliveryReport deliver(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts,
+    Extent extent, const DeliveryObserver &observer)
 {
     DeliveryReport report;
     // The program of before takes this lock alone and knows of no leases.
     FileLock lock(store.fileName() + u".lock"_s);
     report.busy = !lock.share();
     const bool isHeld = extent == Extent::Due && !backoff::isDue(currentTime(), store.heldUntil());
-    return report.busy || isHeld ? report : Pass(store, verdicts, extent).run();
+    return report.busy || isHeld ? report : Pass(store, verdicts, extent, observer).run();
 }
 
 } // namespace delivery

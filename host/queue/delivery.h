@@ -24,14 +24,15 @@ enum class Extent : int
 /// One pass over the waiting messages in the order of enqueueing, each sent once. The attempt is
 /// committed before the request goes out, and no transaction is open while it is on its way.
 ///
-/// A pass that ended since nothing was reached holds back the next ones that send what is due, for
-/// a waiting time of their own. Answers that neither accept nor refuse a message park it once they
-/// have gone on for "Queue:parkDays". Some of the messages that were delivered more than
-/// "Queue:keepDays" ago are deleted.
+/// A pass that ended since nothing was reached, or since the credentials were not accepted, holds
+/// back the next ones that send what is due, for a waiting time of their own. Answers that neither
+/// accept nor refuse a message park it once they have gone on for "Queue:parkDays". Some of the
+/// messages that were delivered more than "Queue:keepDays" ago are deleted.
 /// @param verdicts who judges the answers, by queue.
+/// @param observer may be empty.
 /// @throws StorageError when the queue cannot be read or written; a message that was being sent is
 ///         taken up again by the next pass.
-DeliveryReport deliver(
-    MessageStore &store, const QHash<QString, VerdictFunction> &verdicts, Extent extent);
+DeliveryReport deliver(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts,
+    Extent extent, const DeliveryObserver &observer = {});
 
 } // namespace delivery

@@ -46,6 +46,11 @@ QueueOffice::QueueOffice(MessageStore &store)
     , m_database(store.database())
 { }
 
+QString QueueOffice::fileName() const
+{
+    return m_store.fileName();
+}
+
 QueueOffice::Status QueueOffice::status()
 {
     Status status;

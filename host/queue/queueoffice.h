@@ -20,6 +20,9 @@ class POSHOST_EXPORT QueueOffice
 public:
     explicit QueueOffice(MessageStore &store);
 
+    /// The file that the messages are in.
+    [[nodiscard]] QString fileName() const;
+
     struct Status
     {
         QMap<MessageState, qint64> counts; ///< of every state

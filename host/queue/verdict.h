@@ -37,3 +37,6 @@ struct DeliveryReport
     /// The messages need those that are configured now: "korvel-till queue reauthorise".
     bool unauthorised = false;
 };
+
+/// Is told after every message what a pass has done so far; false ends the pass there.
+using DeliveryObserver = std::function<bool(const DeliveryReport &soFar)>;

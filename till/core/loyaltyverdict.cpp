@@ -65,10 +65,9 @@ void judgeLoyaltyMessages(DBQueueBroker &broker)
 {
     const QList<int> finalCodes
         = Singleton<Config>::instance()->getIntList(u"KorvelLoyaltyOnline:errorsList"_s, {});
-    broker.setVerdict(
-        u"korvelloyaltyonline"_s, [finalCodes](int errorCode, const QByteArray &body) {
-            return judgeLoyaltyAnswer(errorCode, body, finalCodes);
-        });
+    broker.setVerdict(loyaltyQueue, [finalCodes](int errorCode, const QByteArray &body) {
+        return judgeLoyaltyAnswer(errorCode, body, finalCodes);
+    });
 }
 
 } // namespace till

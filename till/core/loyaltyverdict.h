@@ -8,6 +8,9 @@
 
 namespace till {
 
+/// Name of the queue that the loyalty plug-in puts its messages into.
+inline const QString loyaltyQueue = QStringLiteral("korvelloyaltyonline");
+
 /// Judges the answer to a queued message of the loyalty service.
 ///
 /// Delivered: a 2xx answer, well-formed XML, whose first "ReturnCode" stands in a "BalanceResponse"

@@ -27,6 +27,8 @@ struct Outcome
     std::optional<Refusal> refusal;
     /// What the till itself tells the cashier.
     QList<tr::Tr> notices;
+    /// Whether the notices tell of what a person must look at before the day is over.
+    bool hasOpenEnds = false;
     /// The document that the operation closed or cancelled; null for all others.
     QSharedPointer<AbstractDocument> left;
 };

@@ -6,6 +6,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace till {
@@ -56,21 +58,23 @@ Shift::Shift(const DocumentStore &store)
     : m_store(store)
 { }
 
-ShiftSums Shift::close() const
+QList<QSharedPointer<AbstractDocument>> Shift::documents() const
 {
     const qlonglong before = lastNumberBefore();
-    qlonglong last = before;
     QList<QSharedPointer<AbstractDocument>> closed;
     const QStringList numbers = m_store.closedNumbers();
-    for (const QString &number : numbers) {
-        if (number.toLongLong() <= before)
-            continue;
-        closed.append(m_store.loadClosed(number));
-        last = std::max(last, number.toLongLong());
-    }
-    const ShiftSums sums = sumUp(closed);
+    for (const QString &number : numbers)
+        if (number.toLongLong() > before)
+            closed.append(m_store.loadClosed(number));
+    return closed;
+}
+
+void Shift::end(const QList<QSharedPointer<AbstractDocument>> &documents) const
+{
+    qlonglong last = lastNumberBefore();
+    for (const auto &document : documents)
+        last = std::max(last, document->getNumber().toLongLong());
     atomicfile::write(markFile(), QByteArray::number(last) + '\n');
-    return sums;
 }
 
 } // namespace till

@@ -30,10 +30,12 @@ public:
     /// @param store not owned; must outlive this.
     explicit Shift(const DocumentStore &store);
 
-    /// Sums the shift up and begins the next one.
-    /// @throws StorageError when a document or the mark cannot be read or written; the shift then
-    ///         goes on.
-    [[nodiscard]] ShiftSums close() const;
+    /// Its documents so far, by their numbers.
+    /// @throws StorageError when a document or the mark cannot be read.
+    [[nodiscard]] QList<QSharedPointer<AbstractDocument>> documents() const;
+    /// Begins the next one behind these documents.
+    /// @throws StorageError when the mark cannot be read or written; the shift then goes on.
+    void end(const QList<QSharedPointer<AbstractDocument>> &documents) const;
 
 private:
     const DocumentStore &m_store;

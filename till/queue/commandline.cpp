@@ -4,8 +4,10 @@
 #include "till/exitstatus.h"
 #include "till/queue/looking.h"
 #include "till/queue/mending.h"
-
-#include <iostream>
+#include "till/queue/output.h"
+#include "till/queue/sending.h"
+#include "till/queue/transfer.h"
+#include "till/queue/watch.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +30,7 @@ QStringList texts(const std::vector<std::string> &values)
 
 int tell(const QString &what, ExitStatus status)
 {
-    std::cerr << u"korvel-till: "_s.append(what).toStdString() << std::endl;
+    complain(what);
     return static_cast<int>(status);
 }
 
@@ -42,6 +44,8 @@ QueueCommandLine::QueueCommandLine(CLI::App &commandLine)
     addCommonOptions(m_queue);
     addLooking();
     addMending();
+    addSending();
+    addTransfer();
 }
 
 CLI::App *QueueCommandLine::add(
@@ -73,6 +77,7 @@ void QueueCommandLine::addLooking()
             "only messages of these states: pending, sending, delivered, refused, parked")
         ->option_text("NAME...");
     add("status", "figures; exit status 0: good, 1: warning, 2: alarm", queuecommands::status);
+    add("metrics", "the same figures as OpenMetrics text", queuecommands::metrics);
     CLI::App *show = add("show", "one message with everything that is kept of it",
         [this](const QueueOptions &options) {
             return queuecommands::show(options, text(m_id), m_plain);
@@ -93,6 +98,34 @@ void QueueCommandLine::addMending()
         command->add_option("ids", m_ids, "ids of messages, or their beginnings")
             ->option_text("ID...")
             ->required();
+}
+
+void QueueCommandLine::addSending()
+{
+    add("deliver", "sends everything that waits now; 0: all of it was delivered, 1: not all",
+        queuecommands::deliver);
+    CLI::App *watch = add("watch", "sends what is due, all the time: the delivery service",
+        [this](const QueueOptions &options) { return queuecommands::watch(options, m_once); });
+    watch->add_flag("--once", m_once, "sends what is due now, and ends");
+}
+
+void QueueCommandLine::addTransfer()
+{
+    add("reauthorise", "gives what is not delivered the user and password of the settings",
+        queuecommands::reauthorise);
+    CLI::App *exporting
+        = add("export", "moves what is not delivered to a file, for another machine",
+            [this](const QueueOptions &options) {
+                return queuecommands::exportMessages(options, text(m_file));
+            });
+    exporting->add_option("file", m_file, "gets the messages, without credentials")
+        ->option_text("FILE")
+        ->required();
+    CLI::App *importing
+        = add("import", "takes the messages of such a file", [this](const QueueOptions &options) {
+              return queuecommands::importMessages(options, text(m_file));
+          });
+    importing->add_option("file", m_file, "was written by export")->option_text("FILE")->required();
 }
 
 QStringList QueueCommandLine::ids() const

@@ -32,6 +32,8 @@ private:
     void addCommonOptions(CLI::App *command);
     void addLooking();
     void addMending();
+    void addSending();
+    void addTransfer();
     [[nodiscard]] QStringList ids() const;
 
     CLI::App *m_queue;
@@ -41,7 +43,9 @@ private:
     bool m_json = false;
     bool m_all = false;
     bool m_plain = false;
+    bool m_once = false;
     std::string m_id;
+    std::string m_file;
     std::vector<std::string> m_ids;
     std::vector<std::string> m_states;
 };

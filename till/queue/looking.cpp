@@ -9,6 +9,8 @@
 #include "till/queue/messageobject.h"
 #include "till/queue/messagetable.h"
 #include "till/queue/messagetext.h"
+#include "till/queue/metrics.h"
+#include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
 #include "till/queue/statusreport.h"
 
@@ -21,20 +23,8 @@ namespace till::queuecommands {
 
 namespace {
 
-const QString logFolder = u"queue"_s;
 const QList<MessageState> everyState{MessageState::Pending, MessageState::Sending,
     MessageState::Delivered, MessageState::Refused, MessageState::Parked};
-
-void print(const QString &text)
-{
-    std::fputs(text.toUtf8().constData(), stdout);
-}
-
-void print(const Json &object)
-{
-    constexpr int indent = 2;
-    std::fputs((object.dump(indent) + '\n').c_str(), stdout);
-}
 
 QList<MessageState> wantedStates(bool all, const QStringList &names)
 {
@@ -86,19 +76,37 @@ void printTable(QueueOffice &office, const QList<MessageState> &states)
 int list(const QueueOptions &options, bool all, const QStringList &states)
 {
     const QList<MessageState> wanted = wantedStates(all, states);
-    openQueue(options, logFolder).inOffice([&options, &wanted](QueueOffice &office) {
+    openQueue(options, oneTimeLogFolder).inOffice([&options, &wanted](QueueOffice &office) {
         options.json ? printArray(office, wanted) : printTable(office, wanted);
     });
     return static_cast<int>(ExitStatus::Success);
 }
 
-int status(const QueueOptions &options)
+namespace {
+
+struct Judged
 {
-    const auto figures = openQueue(options, logFolder).inOffice([](QueueOffice &office) {
+    QueueOffice::Status figures;
+    QDateTime now;
+    Backlog backlog;
+};
+
+Judged judged(const QueueOptions &options)
+{
+    Judged judged;
+    judged.figures = openQueue(options, oneTimeLogFolder).inOffice([](QueueOffice &office) {
         return office.status();
     });
-    const QDateTime now = MockFactory<CurrentTime>::create()->currentDateTime();
-    const Backlog backlog = judgeBacklog(figures, now, BacklogLimits::configured());
+    judged.now = MockFactory<CurrentTime>::create()->currentDateTime();
+    judged.backlog = judgeBacklog(judged.figures, judged.now, BacklogLimits::configured());
+    return judged;
+}
+
+} // namespace
+
+int status(const QueueOptions &options)
+{
+    const auto [figures, now, backlog] = judged(options);
     if (options.json)
         print(statusObject(figures, now, backlog));
     else
@@ -106,10 +114,20 @@ int status(const QueueOptions &options)
     return static_cast<int>(backlog.level);
 }
 
+int metrics(const QueueOptions &options)
+{
+    const auto [figures, now, backlog] = judged(options);
+    if (options.json)
+        print(statusObject(figures, now, backlog));
+    else
+        print(metricsText(figures, now, backlog.level));
+    return static_cast<int>(ExitStatus::Success);
+}
+
 int show(const QueueOptions &options, const QString &idBeginning, bool plain)
 {
     const QueueMessage message
-        = openQueue(options, logFolder).inOffice([&idBeginning](QueueOffice &office) {
+        = openQueue(options, oneTimeLogFolder).inOffice([&idBeginning](QueueOffice &office) {
               return messageBeginning(office, idBeginning);
           });
     const QueueMessage shown = plain ? message : masks::masked(message);

@@ -17,6 +17,9 @@ int list(const QueueOptions &options, bool all, const QStringList &states);
 /// `status`: the figures of the queue. 0 good, 1 warning, 2 alarm.
 int status(const QueueOptions &options);
 
+/// `metrics`: the same figures as OpenMetrics text; 0 whatever they say.
+int metrics(const QueueOptions &options);
+
 /// `show`: one message with everything that is kept of it.
 /// @param plain with credentials and card numbers.
 /// @throws CannotDo when no message, or more than one, is meant.

@@ -2,11 +2,8 @@
 
 #include "till/exitstatus.h"
 #include "till/queue/identification.h"
-#include "till/queue/messagetext.h"
+#include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
-#include "till/transcript/json.h"
-
-#include <iostream>
 
 using namespace Qt::StringLiterals;
 
@@ -36,15 +33,14 @@ Json arrayOf(const QStringList &texts)
 void tell(const QueueOptions &options, const QStringList &changed, const QStringList &unchanged)
 {
     if (options.json)
-        std::cout << Json{{"changed", arrayOf(changed)}, {"unchanged", arrayOf(unchanged)}}.dump()
-                  << '\n';
+        print(Json{{"changed", arrayOf(changed)}, {"unchanged", arrayOf(unchanged)}});
     else
-        std::cout << "changed: " << changed.size() << '\n';
+        print(u"changed: %1\n"_s.arg(changed.size()));
 }
 
 int change(const QueueOptions &options, const QStringList &idBeginnings, Change change)
 {
-    return openQueue(options, u"queue"_s)
+    return openQueue(options, oneTimeLogFolder)
         .inOffice([&options, &idBeginnings, change](QueueOffice &office) {
             QStringList unchanged = idsBeginning(office, idBeginnings);
             const QStringList changed = (office.*change)(unchanged);
@@ -52,9 +48,7 @@ int change(const QueueOptions &options, const QStringList &idBeginnings, Change 
                 unchanged.removeOne(id);
             tell(options, changed, unchanged);
             for (const QString &id : unchanged)
-                std::cerr << u"korvel-till: "_s.append(whyUnchanged(messageBeginning(office, id)))
-                                 .toStdString()
-                          << '\n';
+                complain(whyUnchanged(messageBeginning(office, id)));
             return unchanged.isEmpty() ? 0 : static_cast<int>(ExitStatus::NotAllDone);
         });
 }

@@ -6,12 +6,11 @@
 #include "host/storage/storageerror.h"
 #include "till/configuration.h"
 #include "till/core/loyaltyverdict.h"
+#include "till/queue/output.h"
 
 #include <QFileInfo>
 
 #include <unistd.h>
-
-#include <iostream>
 
 using namespace Qt::StringLiterals;
 
@@ -45,7 +44,7 @@ DBQueueBroker &openQueue(const QueueOptions &options, const QString &logFolder)
     auto *queue = Singleton<DBQueueBroker>::instance();
     judgeLoyaltyMessages(*queue);
     for (const tr::Tr &notice : queue->open())
-        std::cerr << u"korvel-till: "_s.append(notice.ui()).toStdString() << std::endl;
+        complain(notice.ui());
     return *queue;
 }
 

@@ -5,6 +5,9 @@
 
 namespace till {
 
+/// Log folder of the commands that end by themselves.
+inline const QString oneTimeLogFolder = QStringLiteral("queue");
+
 /// Opens the till's outgoing queue beside the till, which may be running: reads the settings and
 /// directs the log to a folder of its own below that of the till's. What the opening found is told
 /// on standard error.

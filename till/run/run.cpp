@@ -91,6 +91,11 @@ void complain(const QString &what)
     std::cerr << u"korvel-till: "_s.append(what).toStdString() << std::endl;
 }
 
+ExitStatus statusFor(bool hasOpenEnds)
+{
+    return hasOpenEnds ? ExitStatus::NotAllDone : ExitStatus::Success;
+}
+
 ExitStatus execute(
     const RunOptions &options, Source &source, const std::unique_ptr<TranscriptFile> &transcript)
 {
@@ -102,19 +107,25 @@ ExitStatus execute(
     Narrator narrator(std::cout, Paint::forStream(stdout));
     if (!TranscriptFile::isStandardOutput(options.transcriptFile))
         narrate(interpreter, narrator, atTerminal);
+    bool hasOpenEnds = false;
+    interpreter.addObserver([&hasOpenEnds](const ExecutedCommand &command, const Json &) {
+        hasOpenEnds = hasOpenEnds || command.outcome.hasOpenEnds;
+    });
     if (transcript)
         interpreter.addObserver([&transcript](const ExecutedCommand &, const Json &object) {
             transcript->write(object);
         });
     for (const tr::Tr &notice : workplace.till().start())
         complain(notice.ui());
-    if (!atTerminal)
-        return runScript(source.stream(), source.name(), interpreter, std::cerr);
+    if (!atTerminal) {
+        const auto status = runScript(source.stream(), source.name(), interpreter, std::cerr);
+        return status == ExitStatus::Success ? statusFor(hasOpenEnds) : status;
+    }
     LineEditor lines(
         Singleton<StateFolder>::instance()->path() + u"/history", codesOf(workplace.catalogue()));
     editor = &lines;
     runPrompt(lines, interpreter, std::cerr);
-    return ExitStatus::Success;
+    return statusFor(hasOpenEnds);
 }
 
 ExitStatus tell(const QString &what, ExitStatus status)

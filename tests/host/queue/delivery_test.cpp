@@ -271,4 +271,30 @@ TEST_F(DeliveryTest, AnAnswerBetweenFailuresStartsTheCountAgain)
     EXPECT_EQ(exchanges().size(), 5);
 }
 
+TEST_F(DeliveryTest, ObserverIsToldAfterEveryMessage)
+{
+    givenMessage(u"one"_s);
+    givenMessage(u"two"_s);
+    givenMessage(u"three"_s);
+    givenExchanges({Exchange(), Exchange(500)});
+    QList<int> settled;
+    queue()->deliver([&settled](const DeliveryReport &soFar) {
+        settled.append(10 * soFar.delivered + soFar.failed);
+        return true;
+    });
+    EXPECT_EQ(settled, (QList<int>{10, 11, 21}));
+}
+
+TEST_F(DeliveryTest, ObserverCanEndThePassBehindTheMessageInHand)
+{
+    givenMessage(u"one"_s);
+    givenMessage(u"two"_s);
+    const auto endAtOnce = [](const DeliveryReport &) { return false; };
+    EXPECT_EQ(queue()->deliver(endAtOnce).delivered, 1);
+    EXPECT_EQ(sentBodies(), QStringList{u"one"_s});
+    EXPECT_EQ(queue()->list().value(0).state, MessageState::Pending);
+    EXPECT_EQ(queue()->deliverDue(endAtOnce).delivered, 1);
+    EXPECT_EQ(queue()->waiting(), 0);
+}
+
 } // namespace

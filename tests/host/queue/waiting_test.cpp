@@ -225,6 +225,24 @@ TEST_P(UnauthorisedTest, EndsThePassAndParksNothing)
     EXPECT_EQ(queue()->waiting(), 2);
 }
 
+TEST_P(UnauthorisedTest, HoldsBackWhatIsDueUntilTheServiceAccepts)
+{
+    const auto fact = [](const QString &name) {
+        return ask(u"SELECT value FROM facts WHERE name = ?"_s, {name}).value(0).toString();
+    };
+    givenMessage(u"one"_s);
+    givenMessage(u"two"_s);
+    givenExchanges({Exchange(GetParam()), Exchange(GetParam())});
+    whenDelivered();
+    EXPECT_EQ(fact(u"stops_in_row"_s), u"1"_s);
+    EXPECT_FALSE(fact(u"held_until"_s).isEmpty());
+    whenDelivered();
+    EXPECT_EQ(fact(u"stops_in_row"_s), u"2"_s);
+    EXPECT_EQ(whenDelivered().delivered, 2);
+    EXPECT_EQ(fact(u"stops_in_row"_s), u"0"_s);
+    EXPECT_TRUE(fact(u"held_until"_s).isEmpty());
+}
+
 INSTANTIATE_TEST_SUITE_P(Statuses, UnauthorisedTest, testing::Values(401, 403));
 
 class KeepingTest : public WaitingTest

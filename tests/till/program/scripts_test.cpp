@@ -47,6 +47,28 @@ TEST_F(ScriptsTest, AnObjectHasItsMembersInOrder)
                                 "\n"));
 }
 
+TEST_F(ScriptsTest, AShiftWithOpenEndsIsStatus1AndTheScriptGoesOn)
+{
+    whenScriptRuns("card 2900000000017\nadd 1002\nclose\nclose-shift\nadd 1002\nclose\n");
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(errors, "");
+    ASSERT_EQ(transcript().size(), 6);
+    const std::string notices = transcript()[3]["notices"].dump();
+    EXPECT_NE(notices.find("Не подтверждена продажа 17 от "), std::string::npos) << notices;
+}
+
+TEST_F(ScriptsTest, AShiftWithoutOpenEndsIsStatus0)
+{
+    whenScriptRuns("add 1002\nclose\nclose-shift\n");
+    EXPECT_EQ(status, 0) << errors.toStdString();
+}
+
+TEST_F(ScriptsTest, AWrongCommandBehindOpenEndsIsStatus2)
+{
+    whenScriptRuns("card 2900000000017\nadd 1002\nclose\nclose-shift\nnonsense\n");
+    EXPECT_EQ(status, 2);
+}
+
 TEST_F(ScriptsTest, AFailedExpectationIsStatus1AndTheScriptGoesOn)
 {
     whenScriptRuns("add 1001\nexpect document.sum == 1\nadd 1002\n");

@@ -1,0 +1,90 @@
+#include "till/core/registration.h"
+
+#include "till/core/amounttext.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+bool isReturn(const AbstractDocument &document)
+{
+    return document.getOperationKind() == EOperationKind::GoodsComeBack;
+}
+
+// A return gets no id. One that was committed at once has no message; one that could not be
+// committed was never closed.
+bool mayBeUnconfirmed(const AbstractDocument &document, const QList<QueueMessage> &messages)
+{
+    const auto card = document.getCardRecord(ECardMode::OnlineLoyalty);
+    if (!card)
+        return false;
+    return isReturn(document) ? !messages.isEmpty() : card->getOperationId().isEmpty();
+}
+
+bool isDelivered(const QueueMessage &message)
+{
+    return message.state == MessageState::Delivered;
+}
+
+QString stateText(const QueueMessage &message)
+{
+    if (!message.movedTo.isEmpty())
+        return u"перенесено в файл "_s + message.movedTo;
+    switch (message.state) {
+    case MessageState::Pending:
+        return u"ждёт отправки"_s;
+    case MessageState::Sending:
+        return u"отправляется"_s;
+    case MessageState::Delivered:
+        return u"доставлено"_s;
+    case MessageState::Refused:
+        return u"отклонено"_s;
+    case MessageState::Parked:
+        break;
+    }
+    return u"отложено до решения администратора"_s;
+}
+
+} // namespace
+
+QList<Unconfirmed> unconfirmedOf(
+    const QList<QSharedPointer<AbstractDocument>> &closed, const MessagesOfDocument &messagesOf)
+{
+    QList<Unconfirmed> unconfirmed;
+    for (const auto &document : closed) {
+        const QList<QueueMessage> messages = messagesOf(document->getCorrelationId());
+        if (!mayBeUnconfirmed(*document, messages)
+            || std::any_of(messages.cbegin(), messages.cend(), isDelivered))
+            continue;
+        unconfirmed.append(
+            {document, messages.isEmpty() ? std::nullopt : std::optional(messages.constLast())});
+    }
+    return unconfirmed;
+}
+
+tr::Tr describe(const Unconfirmed &unconfirmed)
+{
+    const AbstractDocument &document = *unconfirmed.document;
+    const auto &message = unconfirmed.message;
+    const tr::Tr line = isReturn(document)
+        ? tr::Tr(u"tillShiftUnconfirmedReturn"_s,
+            u"Не подтверждён возврат %1 от %2: сумма %3, баллы: начислено %4, списано %5, "
+            u"сообщение: %6, ошибка: %7"_s)
+        : tr::Tr(u"tillShiftUnconfirmedSale"_s,
+            u"Не подтверждена продажа %1 от %2: сумма %3, баллы: начислено %4, списано %5, "
+            u"сообщение: %6, ошибка: %7"_s);
+    const QString error = message ? message->lastError.simplified() : QString();
+    return line.arg(document.getNumber())
+        .arg(document.getClosed().toString(u"dd.MM.yyyy HH:mm"))
+        .arg(amountText(document.getSumAfterDiscounts()))
+        .arg(amountText(document.getEffects().pointsEarned))
+        .arg(amountText(document.getPointsPaid()))
+        .arg(message ? stateText(*message) : u"нет в очереди"_s)
+        .arg(error.isEmpty() ? u"нет"_s : error);
+}
+
+} // namespace till

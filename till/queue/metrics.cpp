@@ -1,0 +1,78 @@
+#include "till/queue/metrics.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+const QList<MessageState> states{MessageState::Pending, MessageState::Sending,
+    MessageState::Delivered, MessageState::Refused, MessageState::Parked};
+
+const QString seconds = u"seconds"_s;
+
+/// A family of gauges: its description, and then its samples.
+class Family
+{
+public:
+    Family(const QString &name, const QString &help, const QString &unit = {})
+        : m_name(u"korvel_queue_"_s + name)
+        , m_text(u"# TYPE %1 gauge\n"_s.arg(m_name))
+    {
+        // The unit is the end of the name, too.
+        if (!unit.isEmpty())
+            m_text += u"# UNIT %1 %2\n"_s.arg(m_name, unit);
+        m_text += u"# HELP %1 %2\n"_s.arg(m_name, help);
+    }
+
+    Family &sample(qint64 value, const QString &labels = {})
+    {
+        m_text += m_name + labels + u' ' + QString::number(value) + u'\n';
+        return *this;
+    }
+    /// A time that never came has no sample.
+    Family &time(const QDateTime &time)
+    {
+        return time.isValid() ? sample(time.toSecsSinceEpoch()) : *this;
+    }
+    [[nodiscard]] QString text() const { return m_text; }
+
+private:
+    QString m_name;
+    QString m_text;
+};
+
+QString countsText(const QueueOffice::Status &status)
+{
+    Family counts(u"messages"_s, u"Messages of the outgoing queue by state."_s);
+    for (const MessageState state : states)
+        counts.sample(status.counts.value(state), u"{state=\"%1\"}"_s.arg(stateName(state)));
+    return counts.text();
+}
+
+} // namespace
+
+QString metricsText(const QueueOffice::Status &status, const QDateTime &now, BacklogLevel level)
+{
+    return countsText(status)
+        + Family(u"moved_messages"_s, u"Parked messages that were moved to another queue."_s)
+              .sample(status.moved)
+              .text()
+        + Family(u"oldest_waiting_age_seconds"_s,
+            u"How long the oldest waiting message has waited; 0 when none waits."_s, seconds)
+              .sample(ageOfOldest(status, now).count())
+              .text()
+        + Family(
+            u"last_success_timestamp_seconds"_s, u"When a message was delivered last."_s, seconds)
+              .time(status.lastSuccess)
+              .text()
+        + Family(u"last_error_timestamp_seconds"_s, u"When an attempt failed last."_s, seconds)
+              .time(status.lastErrorTime)
+              .text()
+        + Family(u"level"_s, u"0: good, 1: warning, 2: alarm."_s)
+              .sample(static_cast<int>(level))
+              .text()
+        + u"# EOF\n"_s;
+}
+
+} // namespace till

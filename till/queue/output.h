@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/queue/verdict.h"
+#include "till/transcript/json.h"
+
+#include <QString>
+
+namespace till {
+
+/// Writes the text to standard output as it is, at once.
+void print(const QString &text);
+/// Writes the object to standard output, on lines of its own, at once.
+void print(const Json &object);
+/// Writes a line to standard error, with the program's name before it.
+void complain(const QString &line);
+
+/// Tells what a pass of delivery did on standard output, and what is to be done about it on
+/// standard error.
+void tellDelivery(const DeliveryReport &report, int waiting, bool json);
+
+} // namespace till

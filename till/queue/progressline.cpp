@@ -1,0 +1,54 @@
+#include "till/queue/progressline.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+constexpr auto clearedLine = "\r\x1b[K";
+constexpr int barWidth = 30;
+
+void write(std::FILE *stream, const QString &text)
+{
+    std::fputs(clearedLine, stream);
+    std::fputs(text.toUtf8().constData(), stream);
+    std::fflush(stream);
+}
+
+} // namespace
+
+ProgressLine::ProgressLine(std::FILE *stream, int total)
+    : m_stream(stream)
+    , m_isTerminal(isatty(fileno(stream)) != 0)
+    , m_total(total)
+{ }
+
+ProgressLine::~ProgressLine()
+{
+    if (m_isTerminal)
+        write(m_stream, {});
+}
+
+void ProgressLine::show(const DeliveryReport &soFar)
+{
+    if (m_isTerminal)
+        write(m_stream, text(soFar, m_total));
+}
+
+QString ProgressLine::text(const DeliveryReport &soFar, int total)
+{
+    const int undelivered = soFar.refused + soFar.failed + soFar.parked;
+    const int done = soFar.delivered + undelivered;
+    // More than there were at first: a till has enqueued meanwhile.
+    const int all = std::max({total, done, 1});
+    const auto filled = static_cast<int>(qint64(barWidth) * done / all);
+    const QString bar = QString(filled, u'#') + QString(barWidth - filled, u'.');
+    return u"[%1] %2/%3, not delivered %4"_s.arg(bar).arg(done).arg(all).arg(undelivered);
+}
+
+} // namespace till

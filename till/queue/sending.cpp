@@ -1,0 +1,37 @@
+#include "till/queue/sending.h"
+
+#include "till/queue/deliverytext.h"
+#include "till/queue/output.h"
+#include "till/queue/progressline.h"
+#include "till/queue/queueaccess.h"
+#include "till/queue/stoprequest.h"
+
+using namespace Qt::StringLiterals;
+
+namespace till::queuecommands {
+
+namespace {
+
+DeliveryReport deliverShowing(DBQueueBroker &queue, bool showsProgress)
+{
+    const StopRequest stop;
+    if (!showsProgress)
+        return queue.deliver([&stop](const DeliveryReport &) { return !stop.isMade(); });
+    ProgressLine line(stdout, queue.waiting());
+    return queue.deliver([&stop, &line](const DeliveryReport &soFar) {
+        line.show(soFar);
+        return !stop.isMade();
+    });
+}
+
+} // namespace
+
+int deliver(const QueueOptions &options)
+{
+    DBQueueBroker &queue = openQueue(options, oneTimeLogFolder);
+    const DeliveryReport report = deliverShowing(queue, !options.json);
+    tellDelivery(report, queue.waiting(), options.json);
+    return static_cast<int>(deliveryStatus(report));
+}
+
+} // namespace till::queuecommands

@@ -1,0 +1,107 @@
+#include "till/queue/watch.h"
+
+#include "host/framework/currenttime.h"
+#include "host/storage/storageerror.h"
+#include "till/queue/deliverytext.h"
+#include "till/queue/folderwatch.h"
+#include "till/queue/output.h"
+#include "till/queue/queueaccess.h"
+#include <log4qt/logmanager.h>
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+const Log4Qt::Logger *logger()
+{
+    return Log4Qt::LogManager::logger(u"till.watch"_s);
+}
+
+/// The service from its start to its end.
+class Watch
+{
+public:
+    Watch(DBQueueBroker &queue, const StopRequest &stop, bool json)
+        : m_queue(queue)
+        , m_stop(stop)
+        , m_json(json)
+    { }
+
+    DeliveryReport pass() const
+    {
+        const DeliveryReport report
+            = m_queue.deliverDue([this](const DeliveryReport &) { return !m_stop.isMade(); });
+        if (didSomething(report))
+            tellDelivery(report, m_queue.waiting(), m_json);
+        return report;
+    }
+
+    void run() const
+    {
+        const QString file
+            = m_queue.inOffice([](const QueueOffice &office) { return office.fileName(); });
+        FolderWatch folder(QFileInfo(file).absolutePath(), m_stop);
+        logger()->info(u"watching %1"_s.arg(file));
+        while (!m_stop.isMade()) {
+            // What comes from now on, during the pass too, is seen behind it.
+            folder.forget();
+            try {
+                const auto pause = passAndPause();
+                folder.pause(watchpause::shortest);
+                folder.waitForChange(pause);
+            } catch (const StorageError &error) {
+                complain(QString::fromUtf8(error.what()));
+                logger()->error(QString::fromUtf8(error.what()));
+                // Deaf to changes: opening the queue again makes some itself.
+                folder.pause(watchpause::failed);
+            }
+        }
+        logger()->info(u"asked to end"_s);
+    }
+
+private:
+    [[nodiscard]] std::chrono::milliseconds passAndPause() const
+    {
+        const DeliveryReport report = pass();
+        const QDateTime now = MockFactory<CurrentTime>::create()->currentDateTime();
+        return pauseBehind(report, now, m_queue.nextDue());
+    }
+
+    DBQueueBroker &m_queue;
+    const StopRequest &m_stop;
+    bool m_json;
+};
+
+} // namespace
+
+std::chrono::milliseconds pauseBehind(
+    const DeliveryReport &report, const QDateTime &now, const QDateTime &nextDue)
+{
+    if (!nextDue.isValid())
+        return watchpause::longest;
+    const auto least
+        = didSomething(report) ? std::chrono::milliseconds::zero() : watchpause::othersAtWork;
+    return std::clamp(std::chrono::milliseconds(now.msecsTo(nextDue)), least, watchpause::longest);
+}
+
+namespace queuecommands {
+
+int watch(const QueueOptions &options, bool once)
+{
+    const StopRequest stop;
+    const Watch service(openQueue(options, u"watch"_s), stop, options.json);
+    if (once)
+        return static_cast<int>(deliveryStatus(service.pass()));
+    service.run();
+    return static_cast<int>(ExitStatus::Success);
+}
+
+} // namespace queuecommands
+
+} // namespace till

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "host/queue/verdict.h"
+#include "till/queue/queueoptions.h"
+
+#include <QDateTime>
+
+#include <chrono>
+
+namespace till {
+
+/// How long the delivery service waits behind a pass at most, unless the queue changes: until
+/// something is due, but not longer than `watchpause::longest`, since a deliverer that was killed
+/// changes nothing, and clocks are set. What is due although the pass left it alone is in another
+/// deliverer's hands, which is looked at less often.
+/// @param nextDue as `DBQueueBroker::nextDue` gives it.
+[[nodiscard]] std::chrono::milliseconds pauseBehind(
+    const DeliveryReport &report, const QDateTime &now, const QDateTime &nextDue);
+
+/// Pauses of the delivery service.
+namespace watchpause {
+inline constexpr std::chrono::milliseconds longest = std::chrono::seconds(30);
+inline constexpr std::chrono::milliseconds othersAtWork = std::chrono::seconds(1);
+/// Between two passes, whatever happens: a queue that others change all the time must not keep the
+/// service looking all the time.
+inline constexpr std::chrono::milliseconds shortest = std::chrono::milliseconds(250);
+/// Behind a pass that could not read or write the queue.
+inline constexpr std::chrono::milliseconds failed = std::chrono::seconds(10);
+} // namespace watchpause
+
+namespace queuecommands {
+
+/// `watch`: delivers what is due, all the time, until SIGTERM or SIGINT; the message in hand is
+/// finished. A line on standard output for each pass that did something. A queue that cannot be
+/// read or written is told of and tried again.
+/// @param once one pass only.
+/// @return 0 at the end; with `once` as `deliver`.
+/// @throws what `openQueue` throws, at the start.
+int watch(const QueueOptions &options, bool once);
+
+} // namespace queuecommands
+
+} // namespace till
