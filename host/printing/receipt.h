@@ -23,7 +23,6 @@ enum class Booking
 
 /// What the template "receipt" names. Lines with a text on the left and a figure on the right are
 /// padded here, since templates cannot count columns.
-[[nodiscard]] POSHOST_EXPORT QVariantMap data(
-    const AbstractDocument &document, Booking booking);
+[[nodiscard]] POSHOST_EXPORT QVariantMap data(const AbstractDocument &document, Booking booking);
 
 } // namespace receipt

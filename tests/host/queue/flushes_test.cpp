@@ -22,6 +22,9 @@ protected:
         QProcess worker;
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"LD_PRELOAD"_s, QStringLiteral(SYNC_COUNTER));
+        // The address sanitizer wants to be loaded before anything else, and says so by ending.
+        environment.insert(u"ASAN_OPTIONS"_s,
+            environment.value(u"ASAN_OPTIONS"_s) + u":verify_asan_link_order=0"_s);
         environment.insert(u"SYNC_COUNT_FILE"_s, folder.filePath(u"count"_s));
         worker.setProcessEnvironment(environment);
         worker.start(QStringLiteral(QUEUE_WORKER), words);

@@ -35,8 +35,7 @@ TEST_F(ScriptRunnerTest, AnEmptyScriptSucceeds)
 
 TEST_F(ScriptRunnerTest, AFailedExpectationIsToldAndTheScriptGoesOn)
 {
-    EXPECT_EQ(
-        whenRun("add 1001\nexpect document.sum == 1\nadd 1002"), ExitStatus::NotAllDone);
+    EXPECT_EQ(whenRun("add 1001\nexpect document.sum == 1\nadd 1002"), ExitStatus::NotAllDone);
     EXPECT_EQ(errors.str(), "sale.till:2: expected document.sum == 1, but it is 45.9\n");
     EXPECT_EQ(document()->getGoods().size(), 2);
 }
