@@ -89,13 +89,20 @@ QList<QueueMessage> QueueOffice::list(const Page &page)
             numbers.append(row.value(0).toLongLong());
     }
     std::sort(numbers.begin(), numbers.end());
+    return numbered(numbers.first(qMin<qsizetype>(numbers.size(), page.size)));
+}
+
+// In one statement, since a million of them take minutes.
+QList<QueueMessage> QueueOffice::numbered(const QList<qint64> &numbers)
+{
+    QStringList texts;
+    for (const qint64 number : numbers)
+        texts.append(QString::number(number));
+    QSqlQuery row = m_database.run(messagetable::select(messagerow::shortColumns())
+        + u"WHERE number IN (%1) ORDER BY number"_s.arg(texts.join(u", "_s)));
     QList<QueueMessage> messages;
-    for (const qint64 number : numbers.first(qMin<qsizetype>(numbers.size(), page.size))) {
-        QSqlQuery row = m_database.run(
-            messagetable::select(messagerow::shortColumns()) + u"WHERE number = ?"_s, {number});
-        if (row.next())
-            messages.append(messagetable::messageFrom(row));
-    }
+    while (row.next())
+        messages.append(messagetable::messageFrom(row));
     return messages;
 }
 

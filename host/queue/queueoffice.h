@@ -76,6 +76,7 @@ public:
     int importFrom(const QString &fileName, const QString &authorization);
 
 private:
+    [[nodiscard]] QList<QueueMessage> numbered(const QList<qint64> &numbers);
     [[nodiscard]] QDateTime enqueuedFirst(const QString &state);
 
     MessageStore &m_store;
