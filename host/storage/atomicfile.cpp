@@ -3,7 +3,6 @@
 #include "host/storage/posixfile.h"
 #include "host/storage/storageerror.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,9 +64,9 @@ void makePrivateFolder(const QString &folder)
 {
     if (QFileInfo(folder).isDir())
         return;
-    const bool made = QDir().mkpath(folderOf(folder))
-        && ::mkdir(QFile::encodeName(folder).constData(), posix::privateFolder) == 0;
-    if (!made)
+    // Each one synced: a folder whose own name is lost takes with it whatever was synced below.
+    makePrivateFolder(folderOf(folder));
+    if (::mkdir(QFile::encodeName(folder).constData(), posix::privateFolder) != 0)
         throw StorageError(
             u"%1: the folder cannot be made: %2; make it, or choose another one"_s.arg(
                 folder, posix::lastError()));
