@@ -118,6 +118,12 @@ TEST_F(AtomicFileTest, MakesFoldersForTheirOwnerOnly)
     EXPECT_TRUE(files::isPrivate(folder.filePath(u"one"_s)));
 }
 
+TEST_F(AtomicFileTest, FolderMayBeNamedWithASlashBehindIt)
+{
+    EXPECT_NO_THROW(atomicfile::makePrivateFolder(folder.filePath(u"one/two/"_s)));
+    EXPECT_TRUE(files::isPrivate(folder.filePath(u"one/two"_s)));
+}
+
 TEST_F(AtomicFileTest, FolderThatIsThereStaysAsItIs)
 {
     const auto rights = QFile::permissions(folder.path()) | QFile::ReadGroup;
