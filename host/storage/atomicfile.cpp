@@ -65,13 +65,15 @@ void makePrivateFolder(const QString &folder)
 {
     if (QFileInfo(folder).isDir())
         return;
-    const bool made = QDir().mkpath(folderOf(folder))
-        && ::mkdir(QFile::encodeName(folder).constData(), posix::privateFolder) == 0;
-    if (!made)
+    // A slash behind the name would make the folder its own one above.
+    const QString made = QDir::cleanPath(folder);
+    // Each one synced: a folder whose own name is lost takes with it whatever was synced below.
+    makePrivateFolder(folderOf(made));
+    if (::mkdir(QFile::encodeName(made).constData(), posix::privateFolder) != 0)
         throw StorageError(
             u"%1: the folder cannot be made: %2; make it, or choose another one"_s.arg(
                 folder, posix::lastError()));
-    posix::syncFolder(folderOf(folder));
+    posix::syncFolder(folderOf(made));
 }
 
 void remove(const QString &fileName)

@@ -21,8 +21,8 @@ POSHOST_EXPORT void write(const QString &fileName, const QByteArray &contents);
 ///         name already.
 POSHOST_EXPORT void move(const QString &from, const QString &to);
 
-/// Makes a folder, and those above it where they are missing, for its owner only. One that is there
-/// stays as it is.
+/// Makes a folder, and those above it where they are missing, for its owner only. They are on disk,
+/// synced, when this returns. One that is there stays as it is.
 /// @throws StorageError when it cannot be made.
 POSHOST_EXPORT void makePrivateFolder(const QString &folder);
 

@@ -10,6 +10,7 @@
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -67,6 +68,17 @@ QByteArray lineFor(const QString &kind, const QVariantMap &values)
     return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
 }
 
+// What a power cut has torn off must not swallow what is written behind it.
+QByteArray missingLineEnd(const QString &fileName)
+{
+    constexpr char lineEnd = '\n';
+    QFile file(fileName);
+    char last = lineEnd;
+    if (file.open(QIODevice::ReadOnly) && file.seek(qMax(file.size() - 1, qint64{0})))
+        file.getChar(&last);
+    return last == lineEnd ? QByteArray() : QByteArray(1, lineEnd);
+}
+
 void warnOnce(const QString &failure)
 {
     static QString warned;
@@ -85,7 +97,9 @@ void Journal::append(const QString &kind, const QVariantMap &values)
     QString failure;
     try {
         atomicfile::makePrivateFolder(folder->path());
-        posix::File(folder->journal(), O_WRONLY | O_APPEND | O_CREAT).write(lineFor(kind, values));
+        const QString fileName = folder->journal();
+        posix::File(fileName, O_WRONLY | O_APPEND | O_CREAT)
+            .write(missingLineEnd(fileName) + lineFor(kind, values));
     } catch (const StorageError &error) {
         failure = QString::fromUtf8(error.what());
     }

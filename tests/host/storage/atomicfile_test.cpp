@@ -115,6 +115,13 @@ TEST_F(AtomicFileTest, MakesFoldersForTheirOwnerOnly)
     atomicfile::makePrivateFolder(made);
     EXPECT_TRUE(QFileInfo(made).isDir());
     EXPECT_TRUE(files::isPrivate(made));
+    EXPECT_TRUE(files::isPrivate(folder.filePath(u"one"_s)));
+}
+
+TEST_F(AtomicFileTest, FolderMayBeNamedWithASlashBehindIt)
+{
+    EXPECT_NO_THROW(atomicfile::makePrivateFolder(folder.filePath(u"one/two/"_s)));
+    EXPECT_TRUE(files::isPrivate(folder.filePath(u"one/two"_s)));
 }
 
 TEST_F(AtomicFileTest, FolderThatIsThereStaysAsItIs)

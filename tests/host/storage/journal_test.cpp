@@ -159,4 +159,21 @@ TEST_F(JournalTest, FailureAfterARecoveryWarnsAgain)
     EXPECT_EQ(log.lines().size(), 2);
 }
 
+TEST_F(JournalTest, LineThatWasTornOffDoesNotSwallowTheNextOne)
+{
+    files::put(fileName(), "{\"kind\":\"whole\"}\n{\"kind\":\"to");
+    Journal::append(u"event"_s, {});
+    const auto written = files::contents(fileName()).split('\n');
+    ASSERT_EQ(written.size(), 4);
+    EXPECT_EQ(written[1], "{\"kind\":\"to");
+    EXPECT_EQ(QJsonDocument::fromJson(written[2])[u"kind"_s].toString(), u"event");
+}
+
+TEST_F(JournalTest, NothingStandsBetweenWholeLines)
+{
+    Journal::append(u"event"_s, {});
+    Journal::append(u"event"_s, {});
+    EXPECT_EQ(files::contents(fileName()).split('\n').size(), 3);
+}
+
 } // namespace

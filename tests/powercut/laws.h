@@ -1,0 +1,20 @@
+#pragma once
+
+#include "tests/powercut/marker.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What must be true when a till is started on what a power cut has left. Each function returns
+/// what is wrong, a sentence for each thing; nothing when all is well. It uses the state folder as
+/// the till does, and so changes it.
+namespace powercut::laws {
+
+/// Documents are the old or the new ones, whole, and no number is given twice.
+/// @param folder below which the subject's state folder is.
+QStringList documentsAreKept(const QString &folder, quint32 seed, const Story &story);
+
+/// The queue opens undamaged with every message in it, and goes on delivering.
+QStringList messagesAreKept(const QString &folder, quint32 seed, const Story &story);
+
+} // namespace powercut::laws
