@@ -94,10 +94,10 @@ QueueOffice DBQueueBroker::openOffice()
     return QueueOffice(*stores.first(), {outbox().unreached(), stores.value(1)});
 }
 
-void DBQueueBroker::closeQueue()
+void DBQueueBroker::closeQueue(const QueueUnusable &error)
 {
     if (m_outbox)
-        m_outbox->close();
+        m_outbox->close(error);
 }
 
 QList<tr::Tr> DBQueueBroker::open()
@@ -112,8 +112,8 @@ void DBQueueBroker::lookAtEach(const std::function<void(MessageStore &)> &look)
     try {
         for (MessageStore *store : outbox().toLookAt())
             look(*store);
-    } catch (const QueueUnusable &) {
-        closeQueue();
+    } catch (const QueueUnusable &error) {
+        closeQueue(error);
         throw;
     }
 }

@@ -85,8 +85,8 @@ public:
         try {
             QueueOffice office = openOffice();
             return work(office);
-        } catch (const QueueUnusable &) {
-            closeQueue();
+        } catch (const QueueUnusable &error) {
+            closeQueue(error);
             throw;
         }
     }
@@ -94,7 +94,7 @@ public:
 private:
     Outbox &outbox();
     [[nodiscard]] QueueOffice openOffice();
-    void closeQueue();
+    void closeQueue(const QueueUnusable &error);
     void lookAtEach(const std::function<void(MessageStore &)> &look);
 
     std::unique_ptr<Outbox> m_outbox;

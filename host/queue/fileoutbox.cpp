@@ -49,7 +49,8 @@ void FileOutbox::put(const QueueMessage &message)
 MessageStore &FileOutbox::store()
 {
     if (!m_store) {
-        m_store = std::make_unique<MessageStore>(m_fileName);
+        m_store = std::make_unique<MessageStore>(m_fileName, m_knownDamage);
+        m_knownDamage.clear();
         keepBallast();
     }
     // Without room for the ballast the queue's file would only use up what the spill file needs.
@@ -63,8 +64,13 @@ QList<MessageStore *> FileOutbox::toLookAt()
     return {&store()};
 }
 
-void FileOutbox::close()
+void FileOutbox::close(const QueueUnusable &error)
 {
+    // A server's failure while messages move is no damage of the file that they are in.
+    if (!dynamic_cast<const QueueDamaged *>(&error))
+        return;
+    // Where others have it open it stays: then the next who has it alone finds what is wrong.
+    m_knownDamage = m_store ? QString::fromUtf8(error.what()) : QString();
     m_store.reset();
 }
 

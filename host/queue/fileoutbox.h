@@ -20,7 +20,7 @@ public:
     void put(const QueueMessage &message) override;
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
-    void close() override;
+    void close(const QueueUnusable &error) override;
 
 private:
     bool keepBallast() const;
@@ -31,4 +31,5 @@ private:
     qint64 m_ballastBytes;
     SpillFile m_spill;
     std::unique_ptr<MessageStore> m_store;
+    QString m_knownDamage;
 };

@@ -46,8 +46,8 @@ QStringList columnsOfLease()
 
 } // namespace
 
-MessageStore::MessageStore(const QString &fileName)
-    : MessageStore(std::make_unique<QueueFile>(fileName), leaseowner::makeName())
+MessageStore::MessageStore(const QString &fileName, const QString &knownDamage)
+    : MessageStore(std::make_unique<QueueFile>(fileName, knownDamage), leaseowner::makeName())
 { }
 
 MessageStore::MessageStore(std::unique_ptr<QueueHome> home, const QString &owner)

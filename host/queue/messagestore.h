@@ -39,7 +39,7 @@ public:
     static constexpr int deletedInOneStep = 200;
 
     /// Opens the queue's file, see `QueueFile`.
-    explicit MessageStore(const QString &fileName);
+    explicit MessageStore(const QString &fileName, const QString &knownDamage = {});
     /// @param owner name of this deliverer, different from that of any other.
     MessageStore(std::unique_ptr<QueueHome> home, const QString &owner);
 

@@ -28,8 +28,9 @@ public:
     [[nodiscard]] virtual QList<MessageStore *> toLookAt() = 0;
     /// Why the queue could not be reached the last time; empty: it could, or needs no reaching.
     [[nodiscard]] virtual QString unreached() const { return {}; }
-    /// Closes the queue; the next operation opens it again.
-    virtual void close() = 0;
+    /// Closes what cannot be used any more; the next operation opens it again, and sets a damaged
+    /// file aside.
+    virtual void close(const QueueUnusable &error) = 0;
 
     /// Does something with the queue.
     /// @throws StorageError as it does. After `QueueUnusable` the queue is closed, and so mended or
@@ -38,8 +39,8 @@ public:
     {
         try {
             return work(store());
-        } catch (const QueueUnusable &) {
-            close();
+        } catch (const QueueUnusable &error) {
+            close(error);
             throw;
         }
     }

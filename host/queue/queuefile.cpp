@@ -30,13 +30,13 @@ void makePrivate(const QString &fileName)
 
 } // namespace
 
-QueueFile::QueueFile(const QString &fileName)
+QueueFile::QueueFile(const QString &fileName, const QString &knownDamage)
     : m_fileName(fileName)
     , m_presence(
           (atomicfile::makePrivateFolder(QFileInfo(fileName).absolutePath()), fileName + u".open"))
 {
     if (m_presence.tryLock())
-        openAlone();
+        openAlone(knownDamage);
     if (!m_presence.share(openingByOthersWaitedFor))
         throw StorageError(u"%1: another program is still opening the queue"_s.arg(fileName));
     if (m_database)
@@ -52,11 +52,14 @@ QString QueueFile::deliveryLock() const
     return m_fileName + u".lock"_s;
 }
 
-void QueueFile::openAlone()
+void QueueFile::openAlone(const QString &knownDamage)
 {
     if (QFileInfo(m_fileName).isFile())
         makePrivate(m_fileName);
-    const queuecheck::Finding finding = queuecheck::lookAt(m_fileName);
+    queuecheck::Finding finding;
+    finding.damage = knownDamage;
+    if (knownDamage.isEmpty())
+        finding = queuecheck::lookAt(m_fileName);
     if (!finding.damage.isEmpty())
         setAside(finding.damage);
     if (!QFileInfo::exists(m_fileName))

@@ -15,9 +15,11 @@
 class POSHOST_EXPORT QueueFile : public QueueHome
 {
 public:
+    /// @param knownDamage what was found wrong while the file was used, for people: it is set aside
+    ///        then, whatever the look at it says. Empty: nothing.
     /// @throws StorageError when the file cannot be opened, or stays in another process's opening
     ///         for two seconds; `QueueDamaged` when it is damaged and others have it open.
-    explicit QueueFile(const QString &fileName);
+    explicit QueueFile(const QString &fileName, const QString &knownDamage = {});
     ~QueueFile() override;
     Q_DISABLE_COPY_MOVE(QueueFile)
 
@@ -27,7 +29,7 @@ public:
     [[nodiscard]] QString deliveryLock() const override;
 
 private:
-    void openAlone();
+    void openAlone(const QString &knownDamage);
     void setAside(const QString &damage);
     void salvageWhatWasSetAside();
     void note(const tr::Tr &notice);

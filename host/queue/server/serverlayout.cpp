@@ -47,6 +47,9 @@ const QStringList statements{
     u"CREATE INDEX messages_of_lane ON messages (lane, number) WHERE state = 'pending'"_s,
     u"CREATE INDEX messages_due ON messages (next_attempt) WHERE state = 'pending'"_s,
     u"CREATE INDEX messages_delivered ON messages (settled) WHERE state = 'delivered'"_s,
+    u"CREATE INDEX messages_of_documents ON messages (correlation_id, number) "
+    u"WHERE correlation_id <> ''"_s,
+    u"CREATE INDEX messages_moved ON messages (number) WHERE moved_to <> ''"_s,
     u"CREATE TABLE facts (name TEXT COLLATE \"C\" PRIMARY KEY, value TEXT NOT NULL)"_s,
     u"INSERT INTO facts VALUES ('last_success', ''), ('last_error', ''), ('last_error_time', '')"_s,
     u"CREATE TABLE counts (state TEXT COLLATE \"C\" NOT NULL, messages BIGINT NOT NULL)"_s,

@@ -121,10 +121,11 @@ QList<MessageStore *> ServerOutbox::toLookAt()
     return stores;
 }
 
-void ServerOutbox::close()
+void ServerOutbox::close(const QueueUnusable &error)
 {
     m_store.reset();
-    m_local->close();
+    if (!dynamic_cast<const QueueUnreached *>(&error))
+        m_local->close(error);
 }
 
 template <typename Work> void ServerOutbox::bounded(const Work &work)

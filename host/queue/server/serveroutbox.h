@@ -32,7 +32,7 @@ public:
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
     [[nodiscard]] QString unreached() const override { return m_lastFailure; }
-    void close() override;
+    void close(const QueueUnusable &error) override;
 
 private:
     using Clock = std::chrono::steady_clock;

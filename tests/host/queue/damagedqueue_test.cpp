@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <random>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -284,6 +285,47 @@ TEST_F(DamagedQueueTest, MessageWhoseLastPageIsLostIsNotSentInPart)
     EXPECT_EQ(queue()->waiting(), 0);
     EXPECT_TRUE(notices.last().ru().endsWith(u"восстановлено сообщений: 0, не читаются: 1"_s))
         << qPrintable(notices.last().ru());
+}
+
+class AnyDamageTest : public DamagedQueueTest, public testing::WithParamInterface<unsigned>
+{ };
+
+TEST_P(AnyDamageTest, LeavesAQueueThatGoesOn)
+{
+    givenFilledQueue();
+    std::mt19937 engine(GetParam());
+    givenDamage([&engine](QByteArray file) {
+        const auto below = [&engine](qsizetype end) {
+            return std::uniform_int_distribution<qsizetype>(0, end - 1)(engine);
+        };
+        for (int place = 0; place < 40; ++place) {
+            const qsizetype begin = below(file.size());
+            const qsizetype end = qMin(begin + below(64), file.size());
+            for (qsizetype at = begin; at < end; ++at)
+                file[at] = static_cast<char>(below(256));
+        }
+        return file;
+    });
+    queue()->open();
+    givenMessage(u"new"_s);
+    EXPECT_GT(whenDelivered().delivered, 0);
+    EXPECT_EQ(sentBodies().last(), u"new"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, AnyDamageTest, testing::Range(0U, 12U));
+
+TEST_F(DamagedQueueTest, DamageThatOnlyUseShowsIsMendedToo)
+{
+    givenFilledQueue();
+    queue()->open();
+    EXPECT_THROW(queue()->inOffice([](QueueOffice &) -> int {
+        throw QueueDamaged(u"a row could not be read"_s);
+    }),
+        QueueDamaged);
+    EXPECT_EQ(noticesOfOpening(), (QStringList{u"queueSetAside"_s, u"queueSalvaged"_s}));
+    EXPECT_EQ(queue()->waiting(), messagesGiven);
+    Singleton<DBQueueBroker>::reset();
+    EXPECT_TRUE(noticesOfOpening().isEmpty());
 }
 
 TEST_F(DamagedQueueTest, LogSaysItLoudly)

@@ -7,6 +7,7 @@
 #include "tests/host/queue/queuefixture.h"
 #include "tests/support/logcapture.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <gmock/gmock.h>
@@ -131,6 +132,24 @@ TEST_F(PostgresFallbackTest, MessageThatWasDeliveredMeanwhileIsNotSentAgain)
     ask(u"UPDATE messages SET state = 'delivered'"_s);
     EXPECT_EQ(whenDelivered().delivered, 0);
     EXPECT_EQ(here(), 0);
+}
+
+TEST_F(PostgresFallbackTest, WhatTheServerDoesNotTakeStaysHereUnharmed)
+{
+    givenServerAway();
+    givenMessages({u"one"_s, u"two"_s});
+    givenServerBack();
+    { // Makes the tables.
+        const auto store = queueengine::openStore();
+    }
+    ask(u"ALTER TABLE messages ADD CHECK (body <> 'two')"_s);
+    givenMessage(u"three"_s);
+    EXPECT_EQ(onServer(), QStringList());
+    EXPECT_EQ(here(), 3);
+    ask(u"ALTER TABLE messages DROP CONSTRAINT messages_body_check"_s);
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_EQ(onServer(), (QStringList{u"one"_s, u"two"_s, u"three"_s}));
+    EXPECT_EQ(QDir(stateFolder() + u"/queue"_s).entryList({u"*damaged*"_s}), QStringList());
 }
 
 TEST_F(PostgresFallbackTest, RefusedAndParkedMessagesMoveAsTheyAre)
