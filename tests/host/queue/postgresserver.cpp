@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QUrl>
 
-#include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <pwd.h>
 #include <signal.h>
@@ -79,7 +78,8 @@ PostgresServer *PostgresServer::instance()
     return server.get();
 }
 
-PostgresServer::PostgresServer()
+PostgresServer::PostgresServer(const QString &place)
+    : m_folder(place + u"/queue-server-XXXXXX"_s)
 {
     makeData();
     start();
@@ -102,12 +102,10 @@ QString PostgresServer::socketUrl() const
     return url().replace(u"127.0.0.1"_s, u""_s) + u"?host="_s + folder();
 }
 
-// In memory, where syncing takes no time, as far as there is such a folder.
-QString PostgresServer::place()
+QString PostgresServer::memory()
 {
-    const QString memory = u"/dev/shm"_s;
-    const QString name = u"/queue-server-XXXXXX"_s;
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + name;
+    const QString folder = u"/dev/shm"_s;
+    return QFileInfo(folder).isWritable() ? folder : QDir::tempPath();
 }
 
 void PostgresServer::makeData()

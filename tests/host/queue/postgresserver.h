@@ -11,10 +11,14 @@
 class PostgresServer
 {
 public:
+    /// Where syncing takes no time, as far as there is such a folder.
+    static QString memory();
     /// The program's one server, running; null where none is installed.
     static PostgresServer *instance();
 
-    PostgresServer();
+    /// @param place folder for the folder of its data, which users may enter that are not the
+    /// owner.
+    explicit PostgresServer(const QString &place = memory());
     ~PostgresServer();
     Q_DISABLE_COPY_MOVE(PostgresServer)
 
@@ -35,13 +39,12 @@ public:
     [[nodiscard]] QString socketUrl() const;
 
 private:
-    static QString place();
     void makeData();
     bool tryStart();
     void end(int signal);
     void signalAll(int signal);
 
-    QTemporaryDir m_folder{PostgresServer::place()};
+    QTemporaryDir m_folder;
     std::unique_ptr<QProcess> m_process;
     int m_port = 0;
 };
