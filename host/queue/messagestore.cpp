@@ -153,22 +153,17 @@ CheckedOut MessageStore::takeNext(const Wanted &wanted)
     next.othersAtWork = !busyLanes.isEmpty();
     if (number == 0)
         return next;
-    QSqlQuery row = database().run(
-        messagetable::select(messagerow::columns()) + u"WHERE number = ?"_s, {number});
+    QSqlQuery row
+        = database().run(u"UPDATE messages SET state = 'sending', attempts = attempts + 1, "
+                         u"last_attempt = ?, lease_owner = ?, lease_until = ? WHERE number = ? "
+                         u"RETURNING "_s
+                + messagerow::columns().join(u", "_s),
+            {messagerow::written(wanted.now), m_owner,
+                messagerow::written(now.addMSecs(leaseowner::leaseLength.count())), number});
     if (!row.next())
         throw QueueDamaged(
             u"%1: message %2 stands in the index only"_s.arg(fileName()).arg(number));
-    QueueMessage message = messagetable::messageFrom(row);
-    message.state = MessageState::Sending;
-    ++message.attempts;
-    message.lastAttempt = wanted.now;
-    message.leaseOwner = m_owner;
-    message.leaseUntil = now.addMSecs(leaseowner::leaseLength.count());
-    database().run(u"UPDATE messages SET state = ?, attempts = ?, last_attempt = ?, "
-                   u"lease_owner = ?, lease_until = ? WHERE number = ?"_s,
-        {stateName(message.state), message.attempts, messagerow::written(message.lastAttempt),
-            message.leaseOwner, messagerow::written(message.leaseUntil), number});
-    next.message = message;
+    next.message = messagetable::messageFrom(row);
     return next;
 }
 
@@ -239,7 +234,7 @@ bool MessageStore::takeBack(const QueueMessage &message)
 qint64 MessageStore::choose(const Wanted &wanted, QStringList &busyLanes)
 {
     Candidate candidate = firstOutside(wanted, busyLanes);
-    while (candidate.number != 0 && !takeLane(candidate, wanted)) {
+    while (candidate.number != 0 && !mayTake(candidate, wanted)) {
         busyLanes.append(candidate.lane);
         candidate = firstOutside(wanted, busyLanes);
     }
@@ -258,28 +253,28 @@ MessageStore::Candidate MessageStore::firstOutside(
         for (const QString &lane : busyLanes)
             values.append(messagerow::present(lane));
     }
-    QSqlQuery row = database().run(
-        u"SELECT number, lane FROM messages WHERE %1 ORDER BY number LIMIT 1%2"_s.arg(
-            condition, database().dialect().skipLocked),
-        values);
-    return row.next() ? Candidate{row.value(0).toLongLong(), row.value(1).toString()} : Candidate{};
+    const SqlDialect &dialect = database().dialect();
+    const QString first
+        = u"SELECT number, lane FROM messages WHERE %1 ORDER BY number LIMIT 1%2"_s.arg(
+            condition, dialect.skipLocked);
+    QSqlQuery row = database().run(dialect.takeLane.arg(first), values);
+    if (!row.next())
+        return {};
+    return {row.value(0).toLongLong(), row.value(1).toString(), row.value(2).toBool()};
 }
 
 // Where transactions run side by side, another deliverer may have taken a message of the lane since
 // the choice was made, or hold an earlier one that the choice passed over.
-bool MessageStore::takeLane(const Candidate &candidate, const Wanted &wanted)
+bool MessageStore::mayTake(const Candidate &candidate, const Wanted &wanted)
 {
-    const QString &lock = database().dialect().lockLane;
-    if (lock.isEmpty())
-        return true;
+    if (!candidate.hasLane || !database().dialect().isShared())
+        return candidate.hasLane;
     const QString lane = messagerow::present(candidate.lane);
-    QSqlQuery locked = database().run(lock, {lane});
-    if (!locked.next() || !locked.value(0).toBool())
-        return false;
     return !database()
-                .run(u"SELECT 1 FROM messages WHERE lane = ? AND (state = 'sending' OR (%1 AND "
-                     u"number < ?)) LIMIT 1"_s.arg(isWanted(wanted)),
-                    QVariantList{lane} + valuesOf(wanted) + QVariantList{candidate.number})
+                .run(u"SELECT 1 FROM messages WHERE state = 'sending' AND lane = ? UNION ALL "
+                     u"SELECT 1 FROM messages WHERE %1 AND lane = ? AND number < ? LIMIT 1"_s.arg(
+                         isWanted(wanted)),
+                    QVariantList{lane} + valuesOf(wanted) + QVariantList{lane, candidate.number})
                 .next();
 }
 
@@ -300,11 +295,21 @@ void MessageStore::noteOutcome(const QueueMessage &message)
         return;
     }
     if (message.state == MessageState::Delivered) {
-        database().noteFact(queuefacts::lastSuccess, messagerow::written(message.settled));
+        noteSuccess(message);
         return;
     }
     database().noteFact(queuefacts::lastError, message.lastError);
     database().noteFact(queuefacts::lastErrorTime, messagerow::written(message.lastAttempt));
+}
+
+// All deliverers of a shared queue change that row, so each does so once a second.
+void MessageStore::noteSuccess(const QueueMessage &message)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (database().dialect().isShared() && now < m_successNotedUntil)
+        return;
+    m_successNotedUntil = now + std::chrono::seconds(1);
+    database().noteFact(queuefacts::lastSuccess, messagerow::written(message.settled));
 }
 
 // What one machine cannot reach another one may.

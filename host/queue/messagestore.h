@@ -104,19 +104,22 @@ private:
     {
         qint64 number = 0; ///< 0: there is none
         QString lane;
+        bool hasLane = false; ///< no other deliverer gets a message of the lane now
     };
 
     [[nodiscard]] int takeBack(const QDateTime &now, QStringList &busyLanes);
     [[nodiscard]] bool takeBack(const QueueMessage &message);
     [[nodiscard]] qint64 choose(const Wanted &wanted, QStringList &busyLanes);
     [[nodiscard]] Candidate firstOutside(const Wanted &wanted, const QStringList &busyLanes);
-    [[nodiscard]] bool takeLane(const Candidate &candidate, const Wanted &wanted);
+    [[nodiscard]] bool mayTake(const Candidate &candidate, const Wanted &wanted);
     [[nodiscard]] CheckedOut takeNext(const Wanted &wanted);
     [[nodiscard]] QDateTime leaseTime(const QDateTime &now);
     [[nodiscard]] bool isOver(const QueueMessage &message, const QDateTime &now) const;
     [[nodiscard]] QString ofThisMachine(const QString &fact) const;
     void noteOutcome(const QueueMessage &message);
+    void noteSuccess(const QueueMessage &message);
 
     std::unique_ptr<QueueHome> m_home;
     QString m_owner;
+    std::chrono::steady_clock::time_point m_successNotedUntil{};
 };

@@ -12,7 +12,7 @@ const SqlDialect &sqlite()
         // another process has changed something meanwhile.
         .begin = u"BEGIN IMMEDIATE"_s,
         .skipLocked = {},
-        .lockLane = {},
+        .takeLane = u"SELECT number, lane, 1 FROM (%1)"_s,
         .noteFact = u"INSERT INTO facts (value, name) VALUES (?, ?) "
                     u"ON CONFLICT (name) DO UPDATE SET value = excluded.value"_s,
         .sumCounts = {},
@@ -29,7 +29,8 @@ const SqlDialect &postgresql()
         .begin = u"BEGIN ISOLATION LEVEL READ COMMITTED"_s,
         .skipLocked = u" FOR UPDATE SKIP LOCKED"_s,
         // The first number keeps these locks apart from those of other programs.
-        .lockLane = u"SELECT pg_try_advisory_xact_lock(1802662508, hashtext(?))"_s,
+        .takeLane = u"SELECT number, lane, pg_try_advisory_xact_lock(1802662508, hashtext(lane)) "
+                    u"FROM (%1) AS first"_s,
         // All deliverers note the same facts: none waits for another one's commit.
         .noteFact = u"UPDATE facts SET value = ? WHERE name = "
                     u"(SELECT name FROM facts WHERE name = ? FOR UPDATE SKIP LOCKED)"_s,

@@ -11,9 +11,9 @@ struct SqlDialect
     QString driver; ///< Qt's name of it
     QString begin; ///< begins a transaction that may write
     QString skipLocked; ///< behind a SELECT: locks its rows, but for those that others have locked
-    /// Locks the lane of that name until the transaction ends, unless another one has it; gives
-    /// whether it is locked now. Empty: the transaction has every lane.
-    QString lockLane;
+    /// Gives number and lane of the one row that the SELECT in place of "%1" gives, and whether the
+    /// transaction has that lane now, which no other one gets until it ends.
+    QString takeLane;
     QString noteFact; ///< remembers a value under a name; one of two that come at once may get lost
     QString sumCounts; ///< makes the rows of the counts few again; empty: they are
     QString now; ///< gives the engine's own time, as times stand in the table; empty: has none
