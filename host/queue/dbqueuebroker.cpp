@@ -5,7 +5,9 @@
 #include "host/framework/currenttime.h"
 #include "host/framework/session.h"
 #include "host/queue/delivery.h"
-#include "host/queue/outbox.h"
+#include "host/queue/fileoutbox.h"
+#include "host/queue/server/serveraddress.h"
+#include "host/queue/server/serveroutbox.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
 #include <log4qt/logger.h>
@@ -22,14 +24,9 @@ namespace {
 
 const QString databaseSetting = u"Queue:database"_s;
 
-QString databaseFile()
+QString usualFile()
 {
-    const auto *const config = Singleton<Config>::instance();
-    if (config->getString(databaseSetting, {}).contains(u"://"_s))
-        throw StorageError(u"%1: an address where the path of a file was expected; give a path, or "
-                           u"leave the setting out"_s.arg(databaseSetting));
-    const QString usual = Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
-    return config->getPath(databaseSetting, usual);
+    return Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
 }
 
 qint64 ballastBytes()
@@ -37,6 +34,17 @@ qint64 ballastBytes()
     constexpr int usualKilobytes = 1024;
     constexpr qint64 kilobyte = 1024;
     return kilobyte * Singleton<Config>::instance()->getInt(u"Queue:ballastKb"_s, usualKilobytes);
+}
+
+std::unique_ptr<Outbox> configuredOutbox()
+{
+    const auto *const config = Singleton<Config>::instance();
+    const QString database = config->getString(databaseSetting, {});
+    if (!ServerAddress::isMeantBy(database))
+        return std::make_unique<FileOutbox>(
+            config->getPath(databaseSetting, usualFile()), ballastBytes());
+    return std::make_unique<ServerOutbox>(
+        database, std::make_unique<FileOutbox>(usualFile(), ballastBytes()));
 }
 
 QHash<QString, QString> headersFrom(const QVariantMap &values)
@@ -76,23 +84,38 @@ Outbox &DBQueueBroker::outbox()
         = (qAddPostRoutine([] { Singleton<DBQueueBroker>::reset(); }), true);
     Q_UNUSED(closesWithApplication)
     if (!m_outbox)
-        m_outbox = std::make_unique<Outbox>(databaseFile(), ballastBytes());
+        m_outbox = configuredOutbox();
     return *m_outbox;
 }
 
-MessageStore &DBQueueBroker::openStore()
+QueueOffice DBQueueBroker::openOffice()
 {
-    return outbox().store();
+    const QList<MessageStore *> stores = outbox().toLookAt();
+    return QueueOffice(*stores.first(), {outbox().unreached(), stores.value(1)});
 }
 
-void DBQueueBroker::closeDamaged(const QueueDamaged &error)
+void DBQueueBroker::closeQueue(const QueueUnusable &error)
 {
-    outbox().closeDamaged(QString::fromUtf8(error.what()));
+    if (m_outbox)
+        m_outbox->close(error);
 }
 
 QList<tr::Tr> DBQueueBroker::open()
 {
-    return outbox().with([](MessageStore &store) { return store.notices(); });
+    QList<tr::Tr> notices;
+    lookAtEach([&notices](MessageStore &store) { notices += store.notices(); });
+    return notices;
+}
+
+void DBQueueBroker::lookAtEach(const std::function<void(MessageStore &)> &look)
+{
+    try {
+        for (MessageStore *store : outbox().toLookAt())
+            look(*store);
+    } catch (const QueueUnusable &error) {
+        closeQueue(error);
+        throw;
+    }
 }
 
 void DBQueueBroker::enqueue(
@@ -140,10 +163,14 @@ QDateTime DBQueueBroker::nextDue()
 
 int DBQueueBroker::waiting()
 {
-    return outbox().with([](MessageStore &store) { return store.waiting(); });
+    int waiting = 0;
+    lookAtEach([&waiting](MessageStore &store) { waiting += store.waiting(); });
+    return waiting;
 }
 
 QList<QueueMessage> DBQueueBroker::list()
 {
-    return outbox().with([](MessageStore &store) { return store.undelivered(); });
+    QList<QueueMessage> messages;
+    lookAtEach([&messages](MessageStore &store) { messages += store.undelivered(); });
+    return messages;
 }

@@ -14,6 +14,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
 
 class MessageStore;
@@ -22,8 +23,10 @@ class Outbox;
 /// The till's outgoing queue. `Singleton<DBQueueBroker>::instance()`.
 ///
 /// The messages are in the SQLite file that the setting "Queue:database" names, otherwise in the
-/// state folder. It is opened on first use and closed with this object, or with the application.
-/// All operations belong to the thread of the first one.
+/// state folder; or in the PostgreSQL database whose address it has, which many tills share, and in
+/// the file of the state folder while its server cannot be reached. The queue is opened on first
+/// use and closed with this object, or with the application. All operations belong to the thread of
+/// the first one.
 class POSHOST_EXPORT DBQueueBroker
 {
 public:
@@ -37,7 +40,8 @@ public:
     QList<tr::Tr> open();
 
     /// Puts a message behind those that wait. It is on disk, synced, when this returns: in the
-    /// queue's file, otherwise in the spill file beside it, from which it comes later.
+    /// queue, otherwise in the spill file beside its file, from which it comes later. A shared
+    /// queue's server is waited for two seconds at most.
     /// @param queue   name of the queue, which decides how answers are judged.
     /// @param message what to send: "url", "headers" (name to text) and "body".
     /// @param remark  free text kept with the message; may be empty.
@@ -65,7 +69,8 @@ public:
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] QDateTime nextDue();
 
-    /// How many messages wait, those in a deliverer's hands included.
+    /// How many messages wait, those in a deliverer's hands included. Of a shared queue that cannot
+    /// be reached only those that wait for it on this machine; the same goes for `list`.
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] int waiting();
     /// What is not delivered, refused and parked messages included, in the order of enqueueing;
@@ -73,23 +78,25 @@ public:
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] QList<QueueMessage> list();
 
-    /// Does something with what a person may ask of the queue and do to it.
+    /// Does something with what a person may ask of the queue and do to it. While the server of a
+    /// shared queue cannot be reached, with what waits for it on this machine.
     /// @throws StorageError when the queue cannot be opened, and what the work throws.
     template <typename Work> auto inOffice(const Work &work)
     {
         try {
-            QueueOffice office(openStore());
+            QueueOffice office = openOffice();
             return work(office);
-        } catch (const QueueDamaged &error) {
-            closeDamaged(error);
+        } catch (const QueueUnusable &error) {
+            closeQueue(error);
             throw;
         }
     }
 
 private:
     Outbox &outbox();
-    MessageStore &openStore();
-    void closeDamaged(const QueueDamaged &error);
+    [[nodiscard]] QueueOffice openOffice();
+    void closeQueue(const QueueUnusable &error);
+    void lookAtEach(const std::function<void(MessageStore &)> &look);
 
     std::unique_ptr<Outbox> m_outbox;
     QHash<QString, VerdictFunction> m_verdicts;

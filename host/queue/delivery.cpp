@@ -201,7 +201,7 @@ private:
                     now, now, m_stopsInRow, QRandomGenerator::global()->generateDouble()));
         } else if (m_failuresInRow == 0 && m_stopsInRow > 0) {
             m_stopsInRow = 0;
-            m_store.hold(0, {});
+            m_store.release();
         }
     }
 
@@ -210,6 +210,7 @@ private:
     {
         constexpr int usualDays = 30;
         m_store.deleteDelivered(currentTime().addDays(-days(u"Queue:keepDays"_s, usualDays)));
+        m_store.sumCounts();
     }
 
     MessageStore &m_store;
@@ -228,9 +229,11 @@ DeliveryReport deliver(MessageStore &store, const QHash<QString, VerdictFunction
     Extent extent, const DeliveryObserver &observer)
 {
     DeliveryReport report;
-    // The program of before takes this lock alone and knows of no leases.
-    FileLock lock(store.fileName() + u".lock"_s);
-    report.busy = !lock.share();
+    std::optional<FileLock> lock;
+    if (!store.deliveryLock().isEmpty()) {
+        lock.emplace(store.deliveryLock());
+        report.busy = !lock->share();
+    }
     const bool isHeld = extent == Extent::Due && !backoff::isDue(currentTime(), store.heldUntil());
     return report.busy || isHeld ? report : Pass(store, verdicts, extent, observer).run();
 }

@@ -1,55 +1,47 @@
 #pragma once
 
 #include "host/queue/messagestore.h"
-#include "host/queue/spillfile.h"
+#include "host/queue/queueerror.h"
 
 #include <QList>
 
-#include <memory>
-
-/// Sees to it that every message is kept: in the queue's file, and where that cannot take it, in
-/// the spill file beside it until it can. So that a full disk still takes some, it keeps a ballast
-/// file whose room it gives up then.
+/// Sees to it that every message is kept, wherever the queue is.
 ///
 /// Belongs to the thread that made it.
-class Outbox
+class POSHOST_EXPORT Outbox
 {
 public:
-    /// Opens nothing yet.
-    /// @param ballastBytes size of the ballast file; 0: none.
-    Outbox(const QString &fileName, qint64 ballastBytes);
+    Outbox() = default;
+    virtual ~Outbox();
+    Q_DISABLE_COPY_MOVE(Outbox)
 
     /// Keeps a message; it is on disk, synced, when this returns.
-    /// @throws StorageError when neither file could take it; nothing was then written.
-    void put(const QueueMessage &message);
-
-    /// The queue, opened where it is not open yet, with what had been spilled where it can take it.
+    /// @throws StorageError when nothing could take it; nothing was then written.
+    virtual void put(const QueueMessage &message) = 0;
+    /// The queue, opened where it is not open yet, with what had been kept beside it meanwhile
+    /// where it can take that.
     /// @throws StorageError when it cannot be opened.
-    MessageStore &store();
+    [[nodiscard]] virtual MessageStore &store() = 0;
+    /// Where messages can be looked at now, the queue first, then what still waits on this machine
+    /// to get there. Of a queue that cannot be reached only the latter.
+    /// @throws StorageError when nothing can be opened.
+    [[nodiscard]] virtual QList<MessageStore *> toLookAt() = 0;
+    /// Why the queue could not be reached the last time; empty: it could, or needs no reaching.
+    [[nodiscard]] virtual QString unreached() const { return {}; }
+    /// Closes what cannot be used any more; the next operation opens it again, and sets a damaged
+    /// file aside.
+    virtual void close(const QueueUnusable &error) = 0;
+
     /// Does something with the queue.
-    /// @throws StorageError as it does. After `QueueDamaged` the queue is closed, and mended when
-    /// it
-    ///         is opened again.
+    /// @throws StorageError as it does. After `QueueUnusable` the queue is closed, and so mended or
+    ///         reached anew when it is opened again.
     template <typename Work> auto with(const Work &work)
     {
         try {
             return work(store());
-        } catch (const QueueDamaged &error) {
-            closeDamaged(QString::fromUtf8(error.what()));
+        } catch (const QueueUnusable &error) {
+            close(error);
             throw;
         }
     }
-    /// Closes the queue, in which damage was found; the next opening sets it aside.
-    void closeDamaged(const QString &damage);
-
-private:
-    bool keepBallast() const;
-    void takeInSpilled();
-    void spill(const QueueMessage &message);
-
-    QString m_fileName;
-    qint64 m_ballastBytes;
-    SpillFile m_spill;
-    std::unique_ptr<MessageStore> m_store;
-    QString m_knownDamage;
 };

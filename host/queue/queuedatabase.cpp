@@ -1,6 +1,8 @@
 #include "host/queue/queuedatabase.h"
 
 #include "host/queue/queueerror.h"
+#include "host/queue/server/serverconnection.h"
+#include "host/queue/server/statementwatch.h"
 
 #include <QSqlError>
 #include <QUuid>
@@ -20,20 +22,11 @@ enum ResultCode : int
     NoDatabase = 26,
 };
 
-[[noreturn]] void fail(const QString &what, const QSqlError &error)
-{
-    const QString text = what + u": " + error.text();
-    const int code = error.nativeErrorCode().toInt() & PrimaryCode;
-    if (code == Corrupt || code == NoDatabase)
-        throw QueueDamaged(text);
-    throw StorageError(text);
-}
-
 } // namespace
 
-QueueConnection::QueueConnection()
+QueueConnection::QueueConnection(const QString &driver)
     : m_name(QUuid::createUuid().toString(QUuid::WithoutBraces))
-    , m_database(QSqlDatabase::addDatabase(u"QSQLITE"_s, m_name))
+    , m_database(QSqlDatabase::addDatabase(driver, m_name))
 { }
 
 QueueConnection::~QueueConnection()
@@ -45,10 +38,35 @@ QueueConnection::~QueueConnection()
 
 QueueDatabase::QueueDatabase(const QString &fileName, Use use)
     : m_fileName(fileName)
+    , m_dialect(sqldialect::sqlite())
+    , m_connection(m_dialect.driver)
 {
     open(use);
     if (use == Use::Work)
         configure();
+}
+
+QueueDatabase::QueueDatabase(const ServerAddress &address)
+    : m_fileName(address.shown())
+    , m_dialect(sqldialect::postgresql())
+    , m_connection(m_dialect.driver)
+{
+    serverconnection::open(m_connection.database(), address);
+    m_watch = std::make_unique<StatementWatch>(serverconnection::socket(m_connection.database()));
+    serverconnection::configure(*this);
+}
+
+QueueDatabase::~QueueDatabase() = default;
+
+void QueueDatabase::fail(const QString &what, const QSqlError &error) const
+{
+    if (m_dialect.isShared())
+        throw QueueUnreached(what + u": " + serverconnection::shown(error));
+    const QString text = what + u": " + error.text();
+    const int code = error.nativeErrorCode().toInt() & PrimaryCode;
+    if (code == Corrupt || code == NoDatabase)
+        throw QueueDamaged(text);
+    throw StorageError(text);
 }
 
 void QueueDatabase::open(Use use)
@@ -91,23 +109,61 @@ void QueueDatabase::setFact(const QString &name, const QString &value)
         {name, value});
 }
 
+void QueueDatabase::noteFact(const QString &name, const QString &value)
+{
+    run(m_dialect.noteFact, {value, name});
+}
+
+void QueueDatabase::setDeadline(std::chrono::steady_clock::time_point deadline)
+{
+    if (m_watch)
+        m_watch->setDeadline(deadline);
+}
+
+void QueueDatabase::endDeadline()
+{
+    if (m_watch)
+        m_watch->endDeadline();
+}
+
 QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &values)
 {
+    const StatementWatch::Statement watched(m_watch.get());
     QSqlQuery query(m_connection.database());
-    query.setForwardOnly(true);
-    bool done = query.prepare(statement);
-    for (const QVariant &value : values)
-        query.addBindValue(value);
-    done = done && query.exec();
+    // A server's rows would come one by one then, and no other statement run before the last one.
+    query.setForwardOnly(!m_dialect.isShared());
+    bool done = true;
+    if (m_dialect.isShared()) {
+        done = query.exec(values.isEmpty() ? statement : execution(statement, values));
+    } else {
+        done = query.prepare(statement);
+        for (const QVariant &value : values)
+            query.addBindValue(value);
+        done = done && query.exec();
+    }
     if (!done)
         fail(m_fileName + u": the queue cannot be used", query.lastError());
     return query;
 }
 
+// Prepared once, and then one way to the server and back each time; the driver would make three.
+QString QueueDatabase::execution(const QString &statement, const QVariantList &values)
+{
+    if (!m_prepared.contains(statement)) {
+        const QString name = u"queue_%1"_s.arg(m_prepared.size());
+        QSqlQuery query(m_connection.database());
+        if (!query.exec(serverconnection::preparation(name, statement)))
+            fail(m_fileName + u": the queue cannot be used", query.lastError());
+        m_prepared.insert(statement, name);
+    }
+    return serverconnection::execution(
+        m_connection.database(), m_prepared.value(statement), values);
+}
+
 QueueTransaction::QueueTransaction(QueueDatabase &database)
     : m_database(database)
 {
-    m_database.run(u"BEGIN IMMEDIATE"_s);
+    m_database.run(m_database.dialect().begin);
 }
 
 QueueTransaction::~QueueTransaction()

@@ -1,18 +1,27 @@
 #pragma once
 
 #include "host/export.h"
+#include "host/queue/sqldialect.h"
 
+#include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
 #include <QVariantList>
+
+#include <chrono>
+#include <memory>
+
+class StatementWatch;
+struct ServerAddress;
 
 /// A connection in Qt's register under a name that is unique in the process, taken out of it with
 /// this object.
 class POSHOST_EXPORT QueueConnection
 {
 public:
-    QueueConnection();
+    /// @param driver Qt's name of it.
+    explicit QueueConnection(const QString &driver);
     ~QueueConnection();
     Q_DISABLE_COPY_MOVE(QueueConnection)
 
@@ -23,11 +32,13 @@ private:
     QSqlDatabase m_database;
 };
 
-/// The SQLite file of the outgoing queue, opened so that what was committed outlasts a power cut:
-/// write-ahead log with every commit synced, both read back after opening.
+/// The database of the outgoing queue, opened so that what was committed outlasts a power cut,
+/// which is read back after opening: an SQLite file, with a write-ahead log and every commit
+/// synced, or a database of a PostgreSQL server that syncs every commit.
 ///
 /// Belongs to the thread that made it; closed with this object. What fails is a `StorageError`,
-/// with a damaged file `QueueDamaged`. Another process's write is waited for, two seconds at most.
+/// with a damaged file `QueueDamaged`, with a server `QueueUnreached`. Another process's write is
+/// waited for, two seconds at most, and so is a server's answer.
 class POSHOST_EXPORT QueueDatabase
 {
 public:
@@ -41,28 +52,44 @@ public:
     /// are not looked at.
     explicit QueueDatabase(const QString &fileName, Use use = Use::Work);
 
+    /// Connects to a server; its tables are not looked at.
+    explicit QueueDatabase(const ServerAddress &address);
+    ~QueueDatabase();
+    Q_DISABLE_COPY_MOVE(QueueDatabase)
+
+    /// The file, or the address of the server without a password.
     [[nodiscard]] QString fileName() const { return m_fileName; }
+    [[nodiscard]] const SqlDialect &dialect() const { return m_dialect; }
     /// Runs one statement with its values in the order of their question marks.
     QSqlQuery run(const QString &statement, const QVariantList &values = {});
-    /// The value of a PRAGMA.
+    /// The value of a PRAGMA of SQLite.
     [[nodiscard]] QString ask(const QString &pragma);
 
     /// What is remembered under a name, in the table "facts"; empty when nothing is.
     [[nodiscard]] QString fact(const QString &name);
     void setFact(const QString &name, const QString &value);
+    /// The same for what many note at once: one of two values that come together may get lost.
+    void noteFact(const QString &name, const QString &value);
+
+    /// Until when a server's answers are waited for; without it each for two seconds.
+    void setDeadline(std::chrono::steady_clock::time_point deadline);
+    void endDeadline();
 
 private:
     void open(Use use);
     void configure();
+    QString execution(const QString &statement, const QVariantList &values);
+    [[noreturn]] void fail(const QString &what, const QSqlError &error) const;
 
     QString m_fileName;
+    const SqlDialect &m_dialect;
     QueueConnection m_connection;
+    QHash<QString, QString> m_prepared; ///< names of statements that a server knows
+    std::unique_ptr<StatementWatch> m_watch; ///< over a server's answers; null for a file
 };
 
-/// A transaction that owns the database from its first moment on; taken back unless committed.
-///
-/// Never a plain BEGIN: that one takes the write lock only at the first change and then fails at
-/// once when another process has changed something meanwhile.
+/// A transaction, taken back unless committed. In a file it owns the database from its first moment
+/// on; on a server others work beside it.
 class POSHOST_EXPORT QueueTransaction
 {
 public:

@@ -47,6 +47,11 @@ QueueFile::QueueFile(const QString &fileName, const QString &knownDamage)
 
 QueueFile::~QueueFile() = default;
 
+QString QueueFile::deliveryLock() const
+{
+    return m_fileName + u".lock"_s;
+}
+
 void QueueFile::openAlone(const QString &knownDamage)
 {
     if (QFileInfo(m_fileName).isFile())

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "host/framework/tr.h"
-#include "host/queue/queuedatabase.h"
+#include "host/queue/queuehome.h"
 #include "host/storage/filelock.h"
-
-#include <QList>
 
 #include <memory>
 
@@ -15,7 +12,7 @@
 /// As long as this object lives it holds a share of "<file>.open", and a file is made or set aside
 /// only by who has that lock alone: nobody's messages go into a file that was moved away.
 /// Readable by its owner only from the first moment, since the messages hold credentials.
-class POSHOST_EXPORT QueueFile
+class POSHOST_EXPORT QueueFile : public QueueHome
 {
 public:
     /// @param knownDamage what was found wrong while the file was used, for people: it is set aside
@@ -23,12 +20,13 @@ public:
     /// @throws StorageError when the file cannot be opened, or stays in another process's opening
     ///         for two seconds; `QueueDamaged` when it is damaged and others have it open.
     explicit QueueFile(const QString &fileName, const QString &knownDamage = {});
-    ~QueueFile();
+    ~QueueFile() override;
     Q_DISABLE_COPY_MOVE(QueueFile)
 
-    [[nodiscard]] QueueDatabase &database() { return *m_database; }
-    /// What a person must hear of what the opening found.
-    [[nodiscard]] QList<tr::Tr> notices() const { return m_notices; }
+    [[nodiscard]] QueueDatabase &database() override { return *m_database; }
+    [[nodiscard]] QList<tr::Tr> notices() const override { return m_notices; }
+    /// The program of before takes this lock alone and knows of no leases.
+    [[nodiscard]] QString deliveryLock() const override;
 
 private:
     void openAlone(const QString &knownDamage);

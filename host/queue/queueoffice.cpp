@@ -18,6 +18,9 @@ namespace {
 constexpr int changedInOneStep = 200;
 constexpr int enoughToBeAmbiguous = 2;
 
+// Above those of any queue.
+constexpr qint64 localNumbers = qint64{1} << 62;
+
 const QList<MessageState> undelivered{
     MessageState::Pending, MessageState::Sending, MessageState::Refused, MessageState::Parked};
 
@@ -41,9 +44,10 @@ QStringList changeEach(QueueDatabase &database, const QString &statement,
 
 } // namespace
 
-QueueOffice::QueueOffice(MessageStore &store)
+QueueOffice::QueueOffice(MessageStore &store, const Shared &shared)
     : m_store(store)
     , m_database(store.database())
+    , m_shared(shared)
 { }
 
 QString QueueOffice::fileName() const
@@ -54,7 +58,7 @@ QString QueueOffice::fileName() const
 QueueOffice::Status QueueOffice::status()
 {
     Status status;
-    QSqlQuery row = m_database.run(u"SELECT state, messages FROM counts"_s);
+    QSqlQuery row = m_database.run(u"SELECT state, sum(messages) FROM counts GROUP BY state"_s);
     while (row.next())
         status.counts[stateNamed(row.value(0).toString())] = row.value(1).toLongLong();
     QSqlQuery moved = m_database.run(u"SELECT count(*) FROM messages WHERE moved_to <> ''"_s);
@@ -66,6 +70,11 @@ QueueOffice::Status QueueOffice::status()
     status.lastError = m_database.fact(queuefacts::lastError);
     status.lastErrorTime = messagerow::readTime(m_database.fact(queuefacts::lastErrorTime));
     status.lastSuccess = messagerow::readTime(m_database.fact(queuefacts::lastSuccess));
+    status.unreached = m_shared.unreached;
+    if (m_shared.local)
+        status.waitingHere = m_shared.local->waiting();
+    else if (!status.unreached.isEmpty())
+        status.waitingHere = m_store.waiting();
     return status;
 }
 
@@ -77,8 +86,28 @@ QDateTime QueueOffice::enqueuedFirst(const QString &state)
     return row.next() ? messagerow::readTime(row.value(0)) : QDateTime();
 }
 
-// Each state by itself: so the index gives them in order, and nothing is sorted but the page.
 QList<QueueMessage> QueueOffice::list(const Page &page)
+{
+    QList<QueueMessage> messages;
+    if (page.behind < localNumbers)
+        messages = listOwn(page);
+    if (m_shared.local && messages.size() < page.size)
+        appendLocal(messages, page);
+    return messages;
+}
+
+void QueueOffice::appendLocal(QList<QueueMessage> &messages, const Page &page)
+{
+    const Page rest{page.states, qMax<qint64>(0, page.behind - localNumbers),
+        page.size - static_cast<int>(messages.size())};
+    for (QueueMessage &message : QueueOffice(*m_shared.local).list(rest)) {
+        message.number += localNumbers;
+        messages.append(message);
+    }
+}
+
+// Each state by itself: so the index gives them in order, and nothing is sorted but the page.
+QList<QueueMessage> QueueOffice::listOwn(const Page &page)
 {
     QList<qint64> numbers;
     for (const MessageState state : page.states.isEmpty() ? undelivered : page.states) {
@@ -118,6 +147,8 @@ QList<QueueMessage> QueueOffice::find(const QString &idBeginning)
         {idBeginning, behind, enoughToBeAmbiguous});
     while (row.next())
         found.append(messagetable::messageFrom(row));
+    if (m_shared.local)
+        found += QueueOffice(*m_shared.local).find(idBeginning);
     // One whose id is just that is meant, whatever others begin so.
     if (!found.isEmpty() && found.first().id == idBeginning)
         found.resize(1);
@@ -146,7 +177,7 @@ QStringList QueueOffice::retry(const QStringList &ids)
         u"'refused') AND moved_to = '' AND id = ?"_s,
         {now()}, ids);
     if (!changed.isEmpty())
-        m_store.hold(0, {});
+        m_store.release();
     return changed;
 }
 
@@ -162,7 +193,7 @@ int QueueOffice::reauthorise(const QString &queue, const QString &authorization)
     int changed = 0;
     qint64 behind = 0;
     for (;;) {
-        const QList<QueueMessage> page = list({{}, behind, changedInOneStep});
+        const QList<QueueMessage> page = listOwn({{}, behind, changedInOneStep});
         if (page.isEmpty())
             break;
         behind = page.last().number;
@@ -183,6 +214,6 @@ int QueueOffice::reauthorise(const QString &queue, const QString &authorization)
         }
         transaction.commit();
     }
-    m_store.hold(0, {});
+    m_store.release();
     return changed;
 }

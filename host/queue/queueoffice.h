@@ -18,7 +18,16 @@ class QueueDatabase;
 class POSHOST_EXPORT QueueOffice
 {
 public:
-    explicit QueueOffice(MessageStore &store);
+    /// What there is to say beside a queue that many machines share.
+    struct Shared
+    {
+        QString unreached; ///< why it cannot be reached: the store is then this machine's own
+        /// This machine's own store with what waits to move there; null: none beside. Must outlive
+        /// the office too.
+        MessageStore *local = nullptr;
+    };
+
+    explicit QueueOffice(MessageStore &store, const Shared &shared = {{}, nullptr});
 
     /// The file that the messages are in.
     [[nodiscard]] QString fileName() const;
@@ -31,6 +40,9 @@ public:
         QString lastError; ///< of the last attempt that failed; empty: none
         QDateTime lastErrorTime;
         QDateTime lastSuccess; ///< when a message was delivered; invalid: never
+        /// Why a shared queue cannot be reached; the counts are then those of this machine.
+        QString unreached;
+        qint64 waitingHere = 0; ///< messages of this machine that have to move to a shared queue
     };
     [[nodiscard]] Status status();
 
@@ -40,7 +52,8 @@ public:
         qint64 behind = 0; ///< number behind which the page begins
         int size = 100; ///< messages at most
     };
-    /// Messages in the order of enqueueing, without headers and bodies.
+    /// Messages in the order of enqueueing, without headers and bodies. What waits on this machine
+    /// to move to a shared queue comes behind all others, with numbers of its own above theirs.
     [[nodiscard]] QList<QueueMessage> list(const Page &page);
     /// The messages whose ids begin so, whole: none, the one that is meant, or two when there are
     /// more. An empty beginning means none.
@@ -78,7 +91,10 @@ public:
 private:
     [[nodiscard]] QList<QueueMessage> numbered(const QList<qint64> &numbers);
     [[nodiscard]] QDateTime enqueuedFirst(const QString &state);
+    [[nodiscard]] QList<QueueMessage> listOwn(const Page &page);
+    void appendLocal(QList<QueueMessage> &messages, const Page &page);
 
     MessageStore &m_store;
     QueueDatabase &m_database;
+    Shared m_shared;
 };

@@ -127,10 +127,15 @@ TEST_F(EnqueueTest, SettingNamesTheFile)
     EXPECT_FALSE(QFile::exists(databaseFile()));
 }
 
-TEST_F(EnqueueTest, AddressInPlaceOfAFileIsRefused)
+TEST_F(EnqueueTest, WithAWrongAddressMessagesStayOnThisMachine)
 {
+    const LogCapture log(u"poshost.queue"_s);
     givenSetting(u"Queue:database"_s, u"postgresql://shop/queue"_s);
-    EXPECT_TRUE(errorOfEnqueue().ru().contains(u"Queue:database"_s));
+    givenMessage(u"one"_s);
+    EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
+    EXPECT_EQ(queue()->waiting(), 1);
+    EXPECT_THROW(whenDelivered(), StorageError);
+    EXPECT_TRUE(log.lines().first().contains(u"Queue:database: no user"_s));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "host/queue/queueoffice.h"
 #include "host/storage/statefolder.h"
+#include "tests/host/queue/queueengine.h"
 #include "tests/host/queue/queuefixture.h"
 #include "tests/support/scriptedserver.h"
 
@@ -31,11 +32,15 @@ protected:
         // Real exchanges with a real service.
         MockFactory<RestClient>::setCreator({});
         service.answer("<ok/>");
+        queue()->open();
     }
 
     static std::unique_ptr<QProcess> startWorker(const QStringList &words)
     {
         auto worker = std::make_unique<QProcess>();
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QUEUE_DATABASE"_s, queueengine::setting());
+        worker->setProcessEnvironment(environment);
         worker->start(QStringLiteral(QUEUE_WORKER), words);
         EXPECT_TRUE(worker->waitForStarted(-1));
         return worker;
@@ -53,6 +58,7 @@ protected:
     {
         worker.kill();
         worker.waitForFinished(-1);
+        queueengine::endLeases();
     }
     /// Numbers of the messages that the worker said were kept.
     static QList<int> acknowledged(QProcess &worker)

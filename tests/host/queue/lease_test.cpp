@@ -1,77 +1,18 @@
 // Several deliverers: a message is in one's hands at a time, and comes back from a dead one.
 
-#include "host/framework/currenttime.h"
-#include "host/queue/leaseowner.h"
 #include "host/queue/messagestore.h"
+#include "tests/host/queue/queueengine.h"
 #include "tests/host/queue/queuefixture.h"
 #include "tests/support/logcapture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 const QDateTime noon(QDate(2024, 11, 21), QTime(12, 0), Qt::UTC);
-
-/// The name of a deliverer whose process has ended.
-QString deadOwner()
-{
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(0);
-    ::waitpid(child, nullptr, 0);
-    const QString own = leaseowner::makeName();
-    return QString::number(child) + own.mid(own.indexOf(u'@'));
-}
-
-TEST(LeaseOwnerTest, EveryNameIsAnotherOne)
-{
-    EXPECT_NE(leaseowner::makeName(), leaseowner::makeName());
-}
-
-TEST(LeaseOwnerTest, NamesProcessAndHost)
-{
-    const QString begin
-        = u"%1@%2 started "_s.arg(QString::number(::getpid()), QSysInfo::machineHostName());
-    EXPECT_TRUE(leaseowner::makeName().startsWith(begin));
-}
-
-TEST(LeaseOwnerTest, LivingProcessIsNotGone)
-{
-    EXPECT_FALSE(leaseowner::isGone(leaseowner::makeName()));
-}
-
-TEST(LeaseOwnerTest, EndedProcessIsGone)
-{
-    EXPECT_TRUE(leaseowner::isGone(deadOwner()));
-}
-
-TEST(LeaseOwnerTest, ProcessWhoseNumberWasGivenAgainIsGone)
-{
-    QString name = leaseowner::makeName();
-    EXPECT_TRUE(leaseowner::isGone(name.replace(u" started "_s, u" started 1"_s)));
-}
-
-TEST(LeaseOwnerTest, NothingIsKnownOfOtherHostsAndNamespacesAndNames)
-{
-    const QString dead = deadOwner();
-    EXPECT_FALSE(leaseowner::isGone(QString(dead).replace(u'@', u"@other-"_s)));
-    EXPECT_FALSE(leaseowner::isGone(QString(dead).replace(u" in "_s, u" in 9"_s)));
-    EXPECT_FALSE(leaseowner::isGone(u"somebody"_s));
-    EXPECT_FALSE(leaseowner::isGone({}));
-}
-
-TEST(LeaseOwnerTest, LeaseIsOverAtItsEnd)
-{
-    EXPECT_FALSE(leaseowner::isOver(u"somebody"_s, noon, noon.addMSecs(-1)));
-    EXPECT_TRUE(leaseowner::isOver(u"somebody"_s, noon, noon));
-    EXPECT_TRUE(leaseowner::isOver(u"somebody"_s, {}, noon));
-    EXPECT_TRUE(leaseowner::isOver(deadOwner(), noon, noon.addMSecs(-1)));
-}
 
 class LeaseTest : public testing::Test, public QueueFixture
 {
@@ -91,17 +32,21 @@ protected:
     {
         return taken.message ? taken.message->id : u"none"_s;
     }
-    static void givenLeaseOf(const QString &owner)
+    /// The lease of what is in hand is another one's, and over.
+    static void givenEndedLeaseOfAnother()
     {
-        ask(u"UPDATE messages SET lease_owner = ? WHERE state = 'sending'"_s, {owner});
+        ask(u"UPDATE messages SET lease_owner = 'another', "
+            u"lease_until = '2024-11-21T11:59:59.999Z' WHERE state = 'sending'"_s);
     }
     static QVariantList stateOf(const QString &id)
     {
         return ask(u"SELECT state, attempts, deliverers_lost FROM messages WHERE id = ?"_s, {id});
     }
 
-    MessageStore one{databaseFile()};
-    MessageStore other{databaseFile()};
+    const std::unique_ptr<MessageStore> ownStore = queueengine::openStore();
+    const std::unique_ptr<MessageStore> otherStore = queueengine::openStore();
+    MessageStore &one = *ownStore;
+    MessageStore &other = *otherStore;
     Wanted wanted{noon};
 };
 
@@ -133,41 +78,13 @@ TEST_F(LeaseTest, LaneIsFreeAgainWhenItsMessageIsSettled)
     EXPECT_EQ(idOf(other.checkOut(wanted)), u"b"_s);
 }
 
-TEST_F(LeaseTest, LeaseNamesOwnerAndEnd)
+TEST_F(LeaseTest, MessageWhoseLeaseIsOverIsTakenUp)
 {
     givenMessageOfLane(u"a"_s, u"1"_s);
     static_cast<void>(one.checkOut(wanted));
-    const auto lease = ask(u"SELECT lease_owner, lease_until, last_attempt FROM messages"_s);
-    EXPECT_FALSE(leaseowner::isGone(lease.at(0).toString()));
-    EXPECT_EQ(lease.at(1), u"2024-11-21T12:02:00.000Z"_s);
-    EXPECT_EQ(lease.at(2), u"2024-11-21T12:00:00.000Z"_s);
-}
-
-TEST_F(LeaseTest, MessageOfADeadDelivererIsTakenUpAtOnce)
-{
-    givenMessageOfLane(u"a"_s, u"1"_s);
-    static_cast<void>(one.checkOut(wanted));
-    givenLeaseOf(deadOwner());
+    givenEndedLeaseOfAnother();
     EXPECT_EQ(idOf(other.checkOut(wanted)), u"a"_s);
     EXPECT_EQ(stateOf(u"a"_s), (QVariantList{u"sending"_s, 2, 1}));
-}
-
-TEST_F(LeaseTest, MessageOfASilentDelivererIsTakenUpWhenItsLeaseEnds)
-{
-    givenMessageOfLane(u"a"_s, u"1"_s);
-    static_cast<void>(one.checkOut(wanted));
-    wanted.now = noon.addMSecs(leaseowner::leaseLength.count() - 1);
-    EXPECT_EQ(idOf(other.checkOut(wanted)), u"none"_s);
-    wanted.now = wanted.now.addMSecs(1);
-    EXPECT_EQ(idOf(other.checkOut(wanted)), u"a"_s);
-}
-
-TEST_F(LeaseTest, LeaseHoldsWhileTheClockIsSetBack)
-{
-    givenMessageOfLane(u"a"_s, u"1"_s);
-    static_cast<void>(one.checkOut(wanted));
-    wanted.now = noon.addSecs(-3600);
-    EXPECT_EQ(idOf(other.checkOut(wanted)), u"none"_s);
 }
 
 TEST_F(LeaseTest, OutcomeOfALostLeaseChangesNothing)
@@ -175,7 +92,7 @@ TEST_F(LeaseTest, OutcomeOfALostLeaseChangesNothing)
     const LogCapture log(u"poshost.queue"_s);
     givenMessageOfLane(u"a"_s, u"1"_s);
     QueueMessage message = *one.checkOut(wanted).message;
-    wanted.now = noon.addDays(1);
+    ask(u"UPDATE messages SET lease_until = '2024-11-21T11:59:59.999Z'"_s);
     ASSERT_EQ(idOf(other.checkOut(wanted)), u"a"_s);
     message.state = MessageState::Refused;
     one.settle(message);
@@ -189,9 +106,9 @@ TEST_F(LeaseTest, MessageThatEndsItsDelivererTwiceIsParked)
     givenMessageOfLane(u"a"_s, u"1"_s);
     givenMessageOfLane(u"b"_s, u"1"_s);
     static_cast<void>(one.checkOut(wanted));
-    givenLeaseOf(deadOwner());
+    givenEndedLeaseOfAnother();
     static_cast<void>(one.checkOut(wanted));
-    givenLeaseOf(deadOwner());
+    givenEndedLeaseOfAnother();
     const CheckedOut next = one.checkOut(wanted);
     EXPECT_EQ(idOf(next), u"b"_s);
     EXPECT_EQ(next.parked, 1);

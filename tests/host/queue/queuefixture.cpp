@@ -1,6 +1,7 @@
 #include "tests/host/queue/queuefixture.h"
 
 #include "host/storage/statefolder.h"
+#include "tests/host/queue/queueengine.h"
 
 #include <QSqlError>
 #include <QSqlQuery>
@@ -40,6 +41,10 @@ private:
 
 QueueFixture::QueueFixture()
 {
+    queueengine::begin();
+    const QString database = queueengine::setting();
+    if (!database.isEmpty())
+        givenSetting(u"Queue:database"_s, database);
     MockFactory<RestClient>::setCreator(
         [this] { return QSharedPointer<ScriptedClient>::create(this); });
 }
@@ -66,26 +71,48 @@ QString QueueFixture::databaseFile()
     return Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
 }
 
-QVariantList QueueFixture::ask(const QString &statement, const QVariantList &bound)
+namespace {
+
+// Runs a statement over a connection of its own and hands its result over.
+void run(const QString &statement, const QVariantList &bound,
+    const std::function<void(QSqlQuery &)> &read)
 {
     const QString name = QUuid::createUuid().toString();
-    QVariantList values;
     {
-        auto database = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
-        database.setDatabaseName(databaseFile());
+        auto database = queueengine::connect(name);
         if (!database.open())
             qFatal("%s", qPrintable(database.lastError().text()));
         QSqlQuery query(database);
-        bool done = query.prepare(statement);
+        bool done = bound.isEmpty() || query.prepare(statement);
         for (const QVariant &value : bound)
             query.addBindValue(value);
-        done = done && query.exec();
+        done = done && (bound.isEmpty() ? query.exec(statement) : query.exec());
         if (!done)
             qFatal("%s", qPrintable(query.lastError().text()));
+        read(query);
+    }
+    QSqlDatabase::removeDatabase(name);
+}
+
+} // namespace
+
+QVariantList QueueFixture::ask(const QString &statement, const QVariantList &bound)
+{
+    QVariantList values;
+    run(statement, bound, [&values](QSqlQuery &query) {
         if (query.next())
             for (int column = 0; column < query.record().count(); ++column)
                 values.append(query.value(column));
-    }
-    QSqlDatabase::removeDatabase(name);
+    });
     return values;
+}
+
+QStringList QueueFixture::askAll(const QString &statement)
+{
+    QStringList texts;
+    run(statement, {}, [&texts](QSqlQuery &query) {
+        while (query.next())
+            texts.append(query.value(0).toString());
+    });
+    return texts;
 }

@@ -51,6 +51,8 @@ public:
     /// another process would.
     /// @param values in the order of the statement's question marks.
     static QVariantList ask(const QString &statement, const QVariantList &values = {});
+    /// The texts of the first column of all rows that a statement gives, asked likewise.
+    static QStringList askAll(const QString &statement);
 
 private:
     friend class ScriptedClient;

@@ -3,6 +3,7 @@
 #include "host/queue/messagestore.h"
 #include "host/queue/queueoffice.h"
 #include "host/storage/storageerror.h"
+#include "tests/host/queue/queueengine.h"
 #include "tests/host/queue/queuefixture.h"
 #include "tests/host/storage/files.h"
 
@@ -65,7 +66,8 @@ protected:
         return ask(u"SELECT headers FROM messages WHERE id = ?"_s, {id}).value(0).toString();
     }
 
-    MessageStore store{databaseFile()};
+    const std::unique_ptr<MessageStore> ownStore = queueengine::openStore();
+    MessageStore &store = *ownStore;
     QueueOffice office{store};
 };
 

@@ -3,6 +3,8 @@
 //   queue_worker enqueue FOLDER FIRST COUNT BYTES   says each message's number when it is kept
 //   queue_worker careless FOLDER COUNT BYTES        inserts without syncing, as no queue may
 //   queue_worker deliver FOLDER URL                 delivers until nothing waits
+//
+// QUEUE_DATABASE in the environment is the setting "Queue:database".
 
 #include "host/config/config.h"
 #include "host/queue/dbqueuebroker.h"
@@ -71,6 +73,9 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     const QStringList words = QCoreApplication::arguments();
     Singleton<StateFolder>::instance()->setPath(words.value(2));
+    const QString database = qEnvironmentVariable("QUEUE_DATABASE");
+    if (!database.isEmpty())
+        Singleton<Config>::instance()->set(u"Queue:database"_s, database);
     if (words.value(1) == u"enqueue"_s)
         return enqueue(words);
     if (words.value(1) == u"careless"_s)

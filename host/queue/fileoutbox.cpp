@@ -1,0 +1,112 @@
+#include "host/queue/fileoutbox.h"
+
+#include "host/queue/ballast.h"
+#include "host/storage/atomicfile.h"
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QFileInfo>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const Log4Qt::Logger *logger()
+{
+    return Log4Qt::LogManager::logger(u"poshost.queue"_s);
+}
+
+QString ballastOf(const QString &fileName)
+{
+    return fileName + u".ballast";
+}
+
+} // namespace
+
+FileOutbox::FileOutbox(const QString &fileName, qint64 ballastBytes)
+    : m_fileName(fileName)
+    , m_ballastBytes(ballastBytes)
+    , m_spill(fileName + u".spill")
+{ }
+
+void FileOutbox::put(const QueueMessage &message)
+{
+    try {
+        with([this, &message](MessageStore &store) {
+            // What came before goes before.
+            if (!m_spill.isEmpty())
+                throw StorageError(u"%1: what was spilled is not taken in yet"_s.arg(m_fileName));
+            store.append(message);
+        });
+    } catch (const StorageError &error) {
+        logger()->error(QString::fromUtf8(error.what()));
+        spill(message);
+        logger()->error(
+            u"message %1 went to the spill file and will be taken in later"_s.arg(message.id));
+    }
+}
+
+MessageStore &FileOutbox::store()
+{
+    if (!m_store) {
+        m_store = std::make_unique<MessageStore>(m_fileName, m_knownDamage);
+        m_knownDamage.clear();
+        keepBallast();
+    }
+    // Without room for the ballast the queue's file would only use up what the spill file needs.
+    if (!m_spill.isEmpty() && keepBallast())
+        takeInSpilled();
+    return *m_store;
+}
+
+QList<MessageStore *> FileOutbox::toLookAt()
+{
+    return {&store()};
+}
+
+void FileOutbox::close(const QueueUnusable &error)
+{
+    // A server's failure while messages move is no damage of the file that they are in.
+    if (!dynamic_cast<const QueueDamaged *>(&error))
+        return;
+    // Where others have it open it stays: then the next who has it alone finds what is wrong.
+    m_knownDamage = m_store ? QString::fromUtf8(error.what()) : QString();
+    m_store.reset();
+}
+
+bool FileOutbox::keepBallast() const
+{
+    return ballast::keep(ballastOf(m_fileName), m_ballastBytes);
+}
+
+// What fails here fails no delivery: the spill file stays as it is until the next time.
+void FileOutbox::takeInSpilled()
+{
+    try {
+        int taken = 0;
+        const int unreadable
+            = m_spill.takeOver([this, &taken](const QList<QueueMessage> &messages) {
+                  taken = m_store->takeIn(messages);
+              });
+        logger()->info(u"%1 spilled messages were taken in"_s.arg(taken));
+        if (unreadable > 0)
+            logger()->error(u"%1 lines of the spill file are no whole messages and were kept "
+                            u"aside beside it"_s.arg(unreadable));
+    } catch (const QueueDamaged &) {
+        throw;
+    } catch (const StorageError &error) {
+        logger()->error(QString::fromUtf8(error.what()));
+    }
+}
+
+void FileOutbox::spill(const QueueMessage &message)
+{
+    atomicfile::makePrivateFolder(QFileInfo(m_fileName).absolutePath());
+    try {
+        m_spill.append(message);
+    } catch (const StorageError &) {
+        if (!ballast::release(ballastOf(m_fileName)))
+            throw;
+        m_spill.append(message);
+    }
+}

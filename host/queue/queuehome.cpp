@@ -1,0 +1,3 @@
+#include "host/queue/queuehome.h"
+
+QueueHome::~QueueHome() = default;

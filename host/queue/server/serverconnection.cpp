@@ -1,0 +1,126 @@
+#include "host/queue/server/serverconnection.h"
+
+#include "host/queue/queuedatabase.h"
+#include "host/queue/queueerror.h"
+#include "host/queue/server/serverlookup.h"
+
+#include <QSqlDriver>
+#include <QSqlField>
+
+#include <libpq-fe.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace serverconnection {
+
+namespace {
+
+// Seconds; the library knows no shorter wait.
+constexpr int answersWaitedFor = 2;
+// A machine that vanished within a transaction gives its locks back after this time.
+constexpr int idleTransactionMilliseconds = 10000;
+constexpr int statementMilliseconds = 2000;
+
+QString quoted(QString value)
+{
+    value.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
+    return u'\'' + value + u'\'';
+}
+
+QString options(const ServerAddress &address, const QString &networkAddress)
+{
+    QStringList options{u"connect_timeout=%1"_s.arg(answersWaitedFor),
+        u"application_name=korvel-queue"_s, u"client_encoding=UTF8"_s};
+    if (!networkAddress.isEmpty())
+        options.append(u"hostaddr="_s + networkAddress);
+    for (auto option = address.tls.cbegin(); option != address.tls.cend(); ++option)
+        options.append(option.key() + u'=' + quoted(option.value()));
+    return options.join(u';');
+}
+
+QString answerTo(QueueDatabase &database, const QString &question)
+{
+    QSqlQuery answer = database.run(question);
+    return answer.next() ? answer.value(0).toString() : QString();
+}
+
+void demand(QueueDatabase &database, const QString &setting, const QString &wanted)
+{
+    const QString found = answerTo(database, u"SHOW "_s + setting);
+    if (found != wanted)
+        throw QueueUnreached(u"%1: the queue's server has %2 = %3 where %4 is needed"_s.arg(
+            database.fileName(), setting, found, wanted));
+}
+
+} // namespace
+
+void open(QSqlDatabase &database, const ServerAddress &address)
+{
+    const QString what = address.shown()
+        + u": the queue's server cannot be reached, see "
+          u"\"Queue:database\": "_s;
+    if (!database.isValid())
+        throw QueueUnreached(what + u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)");
+    QString networkAddress;
+    if (!address.isSocket()) {
+        const auto found = serverlookup::find(address.host, address.port);
+        if (!found.error.isEmpty())
+            throw QueueUnreached(what + found.error);
+        networkAddress = found.networkAddress;
+    }
+    database.setHostName(address.host);
+    database.setPort(address.port);
+    database.setDatabaseName(address.database);
+    database.setUserName(address.user);
+    database.setPassword(address.password);
+    database.setConnectOptions(options(address, networkAddress));
+    if (!database.open())
+        throw QueueUnreached(what + shown(database.lastError()));
+}
+
+int socket(const QSqlDatabase &database)
+{
+    const QVariant handle = database.driver()->handle();
+    return PQsocket(*static_cast<PGconn *const *>(handle.constData()));
+}
+
+void configure(QueueDatabase &database)
+{
+    database.run(u"SET synchronous_commit = on"_s);
+    demand(database, u"synchronous_commit"_s, u"on"_s);
+    demand(database, u"fsync"_s, u"on"_s);
+    demand(database, u"server_encoding"_s, u"UTF8"_s);
+    database.run(u"SET statement_timeout = %1"_s.arg(statementMilliseconds));
+    database.run(
+        u"SET idle_in_transaction_session_timeout = %1"_s.arg(idleTransactionMilliseconds));
+}
+
+QString shown(const QSqlError &error)
+{
+    return error.databaseText().simplified();
+}
+
+QString preparation(const QString &name, const QString &statement)
+{
+    const QStringList parts = statement.split(u'?');
+    QString numbered = parts.first();
+    for (qsizetype value = 1; value < parts.size(); ++value)
+        numbered += u'$' + QString::number(value) + parts.at(value);
+    return u"PREPARE %1 AS "_s.arg(name) + numbered;
+}
+
+QString execution(const QSqlDatabase &database, const QString &name, const QVariantList &values)
+{
+    QStringList literals;
+    for (const QVariant &value : values) {
+        QSqlField field({}, value.metaType());
+        if (value.typeId() == QMetaType::QString)
+            field.setValue(value.toString().remove(QChar(u'\0')));
+        else
+            field.setValue(value);
+        literals.append(database.driver()->formatValue(field));
+    }
+    return u"EXECUTE %1 (%2)"_s.arg(name, literals.join(u','));
+}
+
+} // namespace serverconnection

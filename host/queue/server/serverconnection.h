@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/queue/server/serveraddress.h"
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QVariantList>
+
+class QueueDatabase;
+
+/// The connection to the server of a shared queue.
+namespace serverconnection {
+
+/// Opens it, with every wait bounded: a second for the name and the way there, two for the server.
+/// @throws QueueUnreached when that fails; one line without the password.
+void open(QSqlDatabase &database, const ServerAddress &address);
+/// The socket of an open connection.
+[[nodiscard]] int socket(const QSqlDatabase &database);
+/// Has every commit synced, and the server end what takes too long.
+/// @throws QueueUnreached also when the server does not sync commits.
+void configure(QueueDatabase &database);
+
+/// A driver's error in one line.
+[[nodiscard]] QString shown(const QSqlError &error);
+/// The statement that prepares another one, which has question marks for its values only, under a
+/// name.
+[[nodiscard]] QString preparation(const QString &name, const QString &statement);
+/// The statement that runs it with values. Texts lose the character 0, which the server cannot
+/// store.
+[[nodiscard]] QString execution(
+    const QSqlDatabase &database, const QString &name, const QVariantList &values);
+
+} // namespace serverconnection

@@ -1,0 +1,198 @@
+#include "host/queue/server/serveroutbox.h"
+
+#include "host/framework/currenttime.h"
+#include "host/queue/leaseowner.h"
+#include "host/queue/server/queueserver.h"
+#include "host/storage/filelock.h"
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
+
+#include <QUuid>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// A step is over well within what a sale may wait, on a slow line too.
+constexpr int movedInOneStep = 20;
+// What fails sooner than this may be tried again at once.
+constexpr std::chrono::milliseconds noticeableWait{500};
+
+const Log4Qt::Logger *logger()
+{
+    return Log4Qt::LogManager::logger(u"poshost.queue"_s);
+}
+
+// Machines of one chain may have the same name.
+QString uniqueOwner()
+{
+    return leaseowner::makeName() + u' ' + QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+/// Statements within its life end in time together.
+class Bounded
+{
+public:
+    Bounded(QueueDatabase &database, std::chrono::steady_clock::time_point deadline)
+        : m_database(database)
+    {
+        m_database.setDeadline(deadline);
+    }
+    ~Bounded() { m_database.endDeadline(); }
+    Q_DISABLE_COPY_MOVE(Bounded)
+
+private:
+    QueueDatabase &m_database;
+};
+
+} // namespace
+
+ServerOutbox::ServerOutbox(const QString &address, std::unique_ptr<FileOutbox> local)
+    : m_address(address)
+    , m_local(std::move(local))
+    , m_owner(uniqueOwner())
+{ }
+
+ServerOutbox::~ServerOutbox() = default;
+
+void ServerOutbox::put(const QueueMessage &message)
+{
+    try {
+        bounded([this, &message](Clock::time_point deadline) {
+            MessageStore &server = reach(deadline);
+            const Bounded statements(server.database(), deadline);
+            // What came before goes before.
+            if (!moveOver(Clock::now() + longestMove))
+                throw StorageError(
+                    u"%1: earlier messages are still moving there"_s.arg(server.fileName()));
+            server.append(message);
+        });
+    } catch (const StorageError &error) {
+        logger()->error(QString::fromUtf8(error.what()));
+        putHere(message);
+    }
+}
+
+void ServerOutbox::putHere(const QueueMessage &message)
+{
+    try {
+        m_local->put(message);
+        logger()->error(
+            u"message %1 stays on this machine until the shared queue takes it"_s.arg(message.id));
+    } catch (const StorageError &) {
+        // This machine can keep nothing, so nothing of it can be overtaken that is not lost.
+        if (!m_store)
+            throw;
+        bounded([this, &message](Clock::time_point) { m_store->append(message); });
+    }
+}
+
+MessageStore &ServerOutbox::store()
+{
+    bounded([this](Clock::time_point deadline) {
+        reach(deadline);
+        try {
+            moveOver(Clock::now() + longestMove);
+        } catch (const QueueUnreached &) {
+            throw;
+        } catch (const StorageError &error) {
+            // This machine's disk fails no delivery of what the others have put there.
+            logger()->error(QString::fromUtf8(error.what()));
+        }
+    });
+    return *m_store;
+}
+
+QList<MessageStore *> ServerOutbox::toLookAt()
+{
+    QList<MessageStore *> stores;
+    try {
+        stores.append(&store());
+    } catch (const QueueUnreached &error) {
+        logger()->warn(QString::fromUtf8(error.what()));
+    }
+    try {
+        stores.append(&m_local->store());
+    } catch (const StorageError &error) {
+        logger()->error(QString::fromUtf8(error.what()));
+        if (stores.isEmpty())
+            throw;
+    }
+    return stores;
+}
+
+void ServerOutbox::close(const QueueUnusable &error)
+{
+    m_store.reset();
+    if (!dynamic_cast<const QueueUnreached *>(&error))
+        m_local->close(error);
+}
+
+template <typename Work> void ServerOutbox::bounded(const Work &work)
+{
+    const Clock::time_point begin = Clock::now();
+    if (begin < m_pauseUntil)
+        throw QueueUnreached(m_lastFailure);
+    try {
+        work(begin + longestWait);
+        m_lastFailure.clear();
+    } catch (const QueueUnreached &error) {
+        m_store.reset();
+        m_lastFailure = QString::fromUtf8(error.what());
+        const Clock::time_point now = Clock::now();
+        if (now - begin > noticeableWait)
+            m_pauseUntil = now + pauseAfterWait;
+        throw;
+    }
+}
+
+// A connection that broke since the last time is made anew.
+MessageStore &ServerOutbox::reach(Clock::time_point deadline)
+{
+    const Clock::time_point begin = Clock::now();
+    try {
+        if (m_store) {
+            const Bounded statements(m_store->database(), deadline);
+            m_store->database().run(u"SELECT 1"_s);
+        }
+    } catch (const QueueUnreached &) {
+        m_store.reset();
+        if (Clock::now() - begin > noticeableWait)
+            throw;
+    }
+    if (!m_store)
+        m_store = std::make_unique<MessageStore>(
+            std::make_unique<QueueServer>(ServerAddress::read(m_address)), m_owner);
+    return *m_store;
+}
+
+// False when there is more than could move until then.
+bool ServerOutbox::moveOver(Clock::time_point until)
+{
+    return m_local->with([this, until](MessageStore &local) {
+        if (!local.hasMovable())
+            return true;
+        // Who delivers from the file, with other settings, has what moves in hand.
+        FileLock lock(local.deliveryLock());
+        if (!lock.tryLock())
+            throw StorageError(u"%1: its messages are in another program's hands and cannot move "
+                               u"to the shared queue yet"_s.arg(local.fileName()));
+        while (Clock::now() < until)
+            if (!moveSome(local))
+                return true;
+        return false;
+    });
+}
+
+// Written there before they are taken away here: what is killed in between finds its ids there.
+bool ServerOutbox::moveSome(MessageStore &local)
+{
+    const QList<QueueMessage> messages
+        = local.firstMovable(movedInOneStep, MockFactory<CurrentTime>::create()->currentDateTime());
+    if (messages.isEmpty())
+        return false;
+    const int added = m_store->takeIn(messages);
+    local.removeMoved(messages);
+    logger()->info(u"%1 messages moved to the shared queue"_s.arg(added));
+    return true;
+}

@@ -1,0 +1,86 @@
+#include "host/queue/leaseowner.h"
+#include "host/queue/server/queueserver.h"
+#include "tests/host/queue/postgresserver.h"
+#include "tests/host/queue/queueengine.h"
+#include "tests/host/queue/queuefixture.h"
+
+#include <QCoreApplication>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QUuid>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace queueengine {
+
+namespace {
+
+void run(const QStringList &statements)
+{
+    const QString name = u"between tests"_s;
+    {
+        auto database = connect(name);
+        if (!database.open())
+            qFatal("%s", qPrintable(database.lastError().text()));
+        QSqlQuery query(database);
+        for (const QString &statement : statements)
+            if (!query.exec(statement))
+                qFatal("%s", qPrintable(query.lastError().text()));
+    }
+    QSqlDatabase::removeDatabase(name);
+}
+
+} // namespace
+
+void begin()
+{
+    run({u"SET client_min_messages = error"_s, u"DROP SCHEMA public CASCADE"_s,
+        u"CREATE SCHEMA public"_s});
+}
+
+QString setting()
+{
+    return PostgresServer::instance()->url();
+}
+
+QSqlDatabase connect(const QString &connectionName)
+{
+    const ServerAddress address = ServerAddress::read(setting());
+    auto database = QSqlDatabase::addDatabase(u"QPSQL"_s, connectionName);
+    database.setHostName(address.host);
+    database.setPort(address.port);
+    database.setUserName(address.user);
+    database.setPassword(address.password);
+    database.setDatabaseName(address.database);
+    return database;
+}
+
+std::unique_ptr<MessageStore> openStore()
+{
+    return std::make_unique<MessageStore>(
+        std::make_unique<QueueServer>(ServerAddress::read(setting())),
+        QUuid::createUuid().toString());
+}
+
+void endLeases()
+{
+    run({u"UPDATE messages SET lease_until = to_char(now() AT TIME ZONE 'UTC', "
+         u"'YYYY-MM-DD\"T\"HH24:MI:SS.MS\"Z\"') WHERE state = 'sending'"_s});
+}
+
+} // namespace queueengine
+
+// Without a server there is nothing to test against.
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    testing::InitGoogleMock(&argc, argv);
+    if (!testing::GTEST_FLAG(list_tests) && !PostgresServer::instance()) {
+        std::puts("skipped: no PostgreSQL server is installed; tools/setup installs it");
+        return 77;
+    }
+    return RUN_ALL_TESTS();
+}
