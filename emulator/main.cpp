@@ -26,7 +26,9 @@ int serve(emulator::Options options)
     emulator::Service service(std::move(options.service), systemTime);
     emulator::Server server(options.listen, options.tls,
         {[&] { return service.receive(); },
-            [&](const emulator::HttpRequest &request) { return service.answer(request); }});
+            [&](const emulator::HttpRequest &request, const emulator::Respond &respond) {
+                respond(service.answer(request));
+            }});
     std::cout << "listening on " << server.url().toStdString() << std::endl;
     server.run();
     return EXIT_SUCCESS;
