@@ -45,7 +45,7 @@ HttpRequest requestFrom(const http::request<http::string_body> &message, bool fr
     request.target = toQString(message.target());
     request.host = toQString(message[http::field::host]);
     request.origin = toQString(message[http::field::origin]);
-    request.authorization = toQString(message[http::field::authorization]).toUtf8();
+    request.authorization = bytes(message[http::field::authorization]);
     request.fromPage = !request.origin.isEmpty() || !message["Sec-Fetch-Site"].empty();
     request.token = toQString(message["X-Korvel-Token"]).toUtf8();
     request.body = QByteArray::fromStdString(message.body());

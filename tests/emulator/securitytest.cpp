@@ -1,3 +1,4 @@
+#include "tests/emulator/support/certificate.h"
 #include "tests/emulator/support/httpclient.h"
 #include "tests/emulator/support/samples.h"
 #include "tests/emulator/support/serviceprocess.h"
@@ -24,22 +25,6 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
         return file.fileName();
-    }
-
-    /// A certificate for localhost and its key, made for this test.
-    QStringList givenCertificate()
-    {
-        const QString certificate = directory.filePath(u"cert.pem"_s);
-        const QString key = directory.filePath(u"key.pem"_s);
-        QProcess openssl;
-        openssl.setStandardErrorFile(QProcess::nullDevice());
-        openssl.start(u"openssl"_s,
-            {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
-                u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s, u"2"_s, u"-subj"_s,
-                u"/CN=localhost"_s, u"-addext"_s, u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s,
-                key, u"-out"_s, certificate});
-        EXPECT_TRUE(openssl.waitForFinished());
-        return {u"--tls-cert"_s, certificate, u"--tls-key"_s, key};
     }
 
     QTemporaryDir directory;
@@ -132,7 +117,7 @@ TEST_F(SecurityTest, TheConsoleKnowsOnlyItsOwnHostAndIsHeldInNoFrame)
 
 TEST_F(SecurityTest, TlsIsSpokenWhenACertificateIsGiven)
 {
-    const QStringList certificate = givenCertificate();
+    const QStringList certificate = givenCertificate(QDir(directory.path()));
     const ServiceProcess service(certificate);
     EXPECT_TRUE(service.url().startsWith(u"https://127.0.0.1:"));
     const HttpOutcome outcome = httpPost(service.url(), request, {{}, {}, certificate.at(1)});
@@ -142,7 +127,7 @@ TEST_F(SecurityTest, TlsIsSpokenWhenACertificateIsGiven)
 
 TEST_F(SecurityTest, TlsAnswersAreCutAndLostToo)
 {
-    const QStringList certificate = givenCertificate();
+    const QStringList certificate = givenCertificate(QDir(directory.path()));
     const ServiceProcess service(
         certificate + QStringList{u"--fault"_s, u"all half"_s, u"--fault"_s, u"all lose"_s});
     const HttpOptions trusting{{}, {}, certificate.at(1)};
@@ -153,7 +138,7 @@ TEST_F(SecurityTest, TlsAnswersAreCutAndLostToo)
 
 TEST_F(SecurityTest, TlsSurvivesThoseWhoDoNotSpeakIt)
 {
-    const QStringList certificate = givenCertificate();
+    const QStringList certificate = givenCertificate(QDir(directory.path()));
     const ServiceProcess service(certificate);
     const QString plain = service.url().replace(u"https"_s, u"http"_s);
     EXPECT_NE(httpPost(plain, request).curlCode, CURLE_OK);

@@ -1,59 +1,35 @@
-#include "emulator/http/server.h"
-
+#include "tests/emulator/support/heldservice.h"
 #include "tests/emulator/support/httpclient.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <future>
-#include <thread>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
 namespace {
 
-/// A server that lets "/held" wait for `answerHeld` and answers everything else at once.
 class ServerTest : public testing::Test
 {
 protected:
-    ~ServerTest() override
+    std::future<HttpOutcome> whenPosted(const QStringList &headers = {})
     {
-        EXPECT_EQ(httpPost(server.url() + QStringLiteral("end"), "").status, 200);
-        serving.join();
+        return std::async(std::launch::async, [url = service.url(), headers] {
+            return httpPost(url, "", {headers, {}, {}});
+        });
     }
 
-    void answer(const HttpRequest &request, const Respond &respond)
-    {
-        asked = request;
-        if (request.target == QStringLiteral("/held")) {
-            held.set_value(respond);
-            return;
-        }
-        HttpReply reply = textReply(200, request.target);
-        reply.endsService = request.target == QStringLiteral("/end");
-        respond(reply);
-    }
-
-    std::future<HttpOutcome> givenHeldRequest()
-    {
-        return std::async(std::launch::async,
-            [this] { return httpPost(server.url() + QStringLiteral("held"), ""); });
-    }
-
-    std::promise<Respond> held;
-    HttpRequest asked;
-    Server server{{QStringLiteral("127.0.0.1"), 0}, {},
-        {[] { return Reception(); },
-            [this](
-                const HttpRequest &request, const Respond &respond) { answer(request, respond); }}};
-    std::thread serving{[this] { server.run(); }};
+    HeldService service;
 };
 
 TEST_F(ServerTest, ServesOthersWhileAnAnswerIsAwaited)
 {
-    std::future<HttpOutcome> outcome = givenHeldRequest();
-    const Respond respond = held.get_future().get();
-    EXPECT_EQ(httpPost(server.url() + QStringLiteral("other"), "").body, "/other\n");
-    std::thread([&] { respond(textReply(503, QStringLiteral("late"))); }).join();
+    std::future<HttpOutcome> outcome = whenPosted();
+    const Respond respond = service.next().respond;
+    EXPECT_EQ(httpPost(service.url() + u"at-once"_s, "").body, "at once\n");
+    respond(textReply(503, u"late"_s));
     const HttpOutcome late = outcome.get();
     EXPECT_EQ(late.status, 503);
     EXPECT_EQ(late.body, "late\n");
@@ -61,10 +37,10 @@ TEST_F(ServerTest, ServesOthersWhileAnAnswerIsAwaited)
 
 TEST_F(ServerTest, ClosesALateAnswerThatIsNone)
 {
-    std::future<HttpOutcome> outcome = givenHeldRequest();
+    std::future<HttpOutcome> outcome = whenPosted();
     HttpReply none;
     none.delivery = Delivery::Nothing;
-    held.get_future().get()(none);
+    service.next().respond(none);
     const HttpOutcome closed = outcome.get();
     EXPECT_NE(closed.curlCode, 0);
     EXPECT_EQ(closed.headers, "");
@@ -72,16 +48,25 @@ TEST_F(ServerTest, ClosesALateAnswerThatIsNone)
 
 TEST_F(ServerTest, HandsOverTheHeadersAsTheyCame)
 {
-    const HttpOptions options{{QStringLiteral("SOAPAction: \"urn:ask\""),
-                                  QStringLiteral("X-Two: 1"), QStringLiteral("X-Two: 2")},
-        {}, {}};
-    EXPECT_EQ(httpPost(server.url(), "", options).status, 200);
-    const auto has = [&](const char *name, const QByteArray &value) {
-        return std::count(asked.headers.begin(), asked.headers.end(),
+    std::future<HttpOutcome> outcome
+        = whenPosted({u"SOAPAction: \"urn:ask\""_s, u"X-Two: 1"_s, u"X-Two: 2"_s});
+    const HeldService::Asked asked = service.next();
+    const auto count = [&](const char *name, const QByteArray &value) {
+        return std::count(asked.request.headers.begin(), asked.request.headers.end(),
             std::pair<QByteArray, QByteArray>(name, value));
     };
-    EXPECT_EQ(has("SOAPAction", "\"urn:ask\""), 1);
-    EXPECT_EQ(has("X-Two", "1") + has("X-Two", "2"), 2);
+    EXPECT_EQ(count("SOAPAction", "\"urn:ask\""), 1);
+    EXPECT_EQ(count("X-Two", "1"), 1);
+    EXPECT_EQ(count("X-Two", "2"), 1);
+    asked.respond(textReply(200, u"done"_s));
+    EXPECT_EQ(outcome.get().status, 200);
+}
+
+TEST_F(ServerTest, WritesNoLineForAContentTypeThatThereIsNot)
+{
+    std::future<HttpOutcome> outcome = whenPosted();
+    service.next().respond(HttpReply());
+    EXPECT_FALSE(outcome.get().headers.contains("Content-Type"));
 }
 
 } // namespace
