@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 using testing::HasSubstr;
@@ -35,6 +37,20 @@ protected:
     }
 
     QStringList files() const { return QDir(path).entryList(QDir::Files | QDir::Hidden); }
+
+    /// Of the files that have got their names since the watch began.
+    static QStringList namesFrom(int watch)
+    {
+        alignas(inotify_event) char events[4096];
+        const ssize_t size = ::read(watch, events, sizeof events);
+        QStringList names;
+        for (ssize_t place = 0; place < size;) {
+            const auto *event = reinterpret_cast<const inotify_event *>(events + place);
+            names.append(QFile::decodeName(event->name));
+            place += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+        }
+        return names;
+    }
 
     void givenFile(const QString &name) { writeNewFile(QDir(path).filePath(name), ""); }
 
@@ -99,6 +115,18 @@ TEST_F(RecordingFolderTest, ThatCannotBeUsedIsNamed)
             EXPECT_THAT(error.what(), HasSubstr(wrong.toStdString()));
         }
     }
+}
+
+TEST_F(RecordingFolderTest, WritesTheJsonFileLast)
+{
+    const RecordingFolder folder(path);
+    const int watch = ::inotify_init1(IN_CLOEXEC);
+    ASSERT_GE(::inotify_add_watch(watch, QFile::encodeName(path).constData(), IN_MOVED_TO), 0);
+    folder.write(exchange(1));
+    EXPECT_EQ(namesFrom(watch),
+        (QStringList{u"000001-balance-request.xml"_s, u"000001-balance-answer.xml"_s,
+            u"000001-balance.json"_s}));
+    ::close(watch);
 }
 
 TEST_F(RecordingFolderTest, KeepsNothingOfAnExchangeThatCannotBeWritten)

@@ -3,7 +3,12 @@
 #include "tests/emulator/support/httpclient.h"
 #include "tests/emulator/support/samples.h"
 
+#include <QFile>
+
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <future>
 
@@ -35,6 +40,7 @@ protected:
             ;
     }
 
+    const QTemporaryDir directory;
     HeldService service;
     RecorderProcess recorder{service.url()};
 };
@@ -85,6 +91,43 @@ TEST_F(RecordStopTest, WithNothingUnderWayItEndsAtOnce)
 {
     EXPECT_EQ(httpGet(recorder.url()).status, 405);
     EXPECT_EQ(recorder.process().terminate(), 0);
+}
+
+TEST_F(RecordStopTest, WaitsForTheServiceNoLongerThanItsLimit)
+{
+    recorder.startAgain({u"--limit"_s, u"1"_s});
+    std::future<HttpOutcome> outcome = whenPosted(recorder.url(), "balance-request.xml");
+    const HeldService::Asked held = service.next();
+    EXPECT_EQ(outcome.get().headers, "");
+    EXPECT_EQ(recorder.process().terminate(), 0);
+    EXPECT_TRUE(recorder.file(u"000001-balance.json"_s).contains("timed out"));
+    held.respond(textReply(200, u"too late"_s));
+}
+
+TEST_F(RecordStopTest, MasksCardsThatOnlyTheAnswerNames)
+{
+    recorder.startAgain({u"--mask-cards"_s});
+    std::future<HttpOutcome> outcome = whenPosted(recorder.url(), "balance-request.xml");
+    service.next().respond(textReply(200, u"<CardNumber>4000000000000002</CardNumber>"_s));
+    EXPECT_EQ(outcome.get().body, "<CardNumber>4000000000000002</CardNumber>\n");
+    EXPECT_EQ(recorder.process().terminate(), 0);
+    EXPECT_EQ(recorder.file(u"000001-balance-answer.xml"_s),
+        "<CardNumber>4000********0002</CardNumber>\n");
+}
+
+TEST_F(RecordStopTest, LivesOnWithoutItsTerminal)
+{
+    const QByteArray pipe = QFile::encodeName(directory.filePath(u"pipe"_s));
+    ASSERT_EQ(::mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+    const int terminal = ::open(pipe.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    ServiceProcess untold({u"record"_s, u"--upstream"_s, service.url() + u"at-once"_s, u"--out"_s,
+                              directory.filePath(u"out"_s)},
+        QFile::decodeName(pipe));
+    ::close(terminal);
+    for (int time = 0; time < 2; ++time)
+        EXPECT_EQ(httpPost(untold.url(), sample("balance-request.xml")).status, 200);
+    EXPECT_EQ(untold.terminate(), 0);
+    EXPECT_TRUE(QFile::exists(directory.filePath(u"out/000002-balance.json"_s)));
 }
 
 TEST_F(RecordStopTest, AnAnswerWithoutATypeStaysWithoutOne)
