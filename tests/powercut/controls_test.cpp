@@ -32,12 +32,19 @@ std::string documentsWith(const QString &swallows, const QString &manner = {})
 TEST(ControlTest, HonestDiskLosesNothing)
 {
     EXPECT_EQ(documentsWith({}), "");
+    EXPECT_EQ(violationsOf(u"journal"_s, laws::journalIsKept, {}), "");
     EXPECT_EQ(violationsOf(u"queue"_s, laws::messagesAreKept, {}), "");
 }
 
 TEST(ControlTest, DocumentsThatAreWrittenPlainlyTear)
 {
     EXPECT_THAT(documentsWith({}, u"plainly"_s), testing::HasSubstr("the till does not start"));
+}
+
+TEST(ControlTest, JournalThatIsWrittenAnewIsLost)
+{
+    EXPECT_THAT(violationsOf(u"journal"_s, laws::journalIsKept, {}, u"plainly"_s),
+        testing::HasSubstr("was on disk and is lost"));
 }
 
 TEST(ControlTest, ReplacementWithoutTheFoldersSyncIsLost)
