@@ -25,7 +25,7 @@ Recording record(const QString &program, QStringList words, const QString &swall
     const Tree &before = {});
 
 /// What the subject did to documents, the journal or the queue.
-/// @param work   "documents", "journal" or "queue".
+/// @param work   "documents", "files", "journal" or "queue".
 /// @param manner "plainly": documents and journal are written as one must not.
 Recording recordSubject(
     const QString &work, quint32 seed, const QString &swallows = {}, const QString &manner = {});

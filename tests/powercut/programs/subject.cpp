@@ -1,6 +1,6 @@
-// What is recorded: a till's state folder in full use. "subject documents|journal|queue|resume
-// FOLDER SEED"; with "plainly" behind it documents are written straight to their file, and the
-// journal always anew.
+// What is recorded: a till's state folder in full use. "subject
+// documents|files|journal|queue|resume FOLDER SEED"; with "plainly" behind it documents are written
+// straight to their file, and the journal always anew.
 
 #include "host/storage/statefolder.h"
 #include "tests/powercut/programs/subjects.h"
@@ -30,6 +30,8 @@ int run(const QStringList &words)
         powercut::keepDocuments(seed, plainly);
     else if (words.at(Work) == u"journal")
         powercut::keepJournal(seed, plainly);
+    else if (words.at(Work) == u"files")
+        powercut::replaceFiles();
     else if (words.at(Work) == u"queue")
         powercut::keepMessages(seed);
     else

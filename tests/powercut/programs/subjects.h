@@ -19,6 +19,10 @@ void keepJournal(quint32 seed, bool plainly);
 /// a delivery returned, "restarted".
 void keepMessages(quint32 seed);
 
+/// Makes a folder, and in it a file that is written, replaced, moved and removed by the host's
+/// functions. Marks "made", "written", "rewritten", "moved", "removed".
+void replaceFiles();
+
 /// Starts on what a power cut has left, and ends.
 void resume();
 
