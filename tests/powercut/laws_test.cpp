@@ -194,6 +194,14 @@ class MessageLawsTest : public LawsTest
 {
 protected:
     MessageLawsTest() { given(u"queue"_s); }
+
+    /// A program that cannot be looked for has a message in hand, and the others wait behind it.
+    void givenInOtherHands()
+    {
+        givenStatement(u"UPDATE messages SET state = 'sending', lease_owner = 'another program', "
+                       u"lease_until = strftime('%Y-%m-%dT%H:%M:%fZ', 'now', '1 minute') "
+                       u"WHERE remark = '5'"_s);
+    }
 };
 
 TEST_F(MessageLawsTest, NothingIsFoundWhereNothingIsWrong)
@@ -241,6 +249,18 @@ TEST_F(MessageLawsTest, RefusedMessageIsDelivered)
 {
     givenStatement(u"UPDATE messages SET state = 'delivered' WHERE state = 'refused'"_s);
     thenFound(laws::messagesAreKept, "was refused, and is delivered now");
+}
+
+TEST_F(MessageLawsTest, MessageThatWaitsIsNotSent)
+{
+    givenInOtherHands();
+    thenFound(laws::messagesAreKept, "messages waited, 0 were sent");
+}
+
+TEST_F(MessageLawsTest, MessageWaitsBehindTheDelivery)
+{
+    givenInOtherHands();
+    thenFound(laws::messagesAreKept, "messages wait still");
 }
 
 TEST_F(MessageLawsTest, FileIsDamaged)
