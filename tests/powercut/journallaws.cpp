@@ -95,14 +95,17 @@ private:
 
 QStringList journalGoesOn()
 {
-    const QString kind = u"restart"_s;
     const QByteArray before = contents();
-    Journal::append(kind, {});
-    const QByteArray after = contents();
+    Journal::append(kindOfNextLine, {});
+    return journalWentOn(before, contents());
+}
+
+QStringList journalWentOn(const QByteArray &before, const QByteArray &after)
+{
     if (!after.startsWith(before))
         return {u"the journal was changed by an append"_s};
     const QByteArray last = after.trimmed().split('\n').last();
-    if (QJsonDocument::fromJson(last)[u"kind"_s].toString() != kind)
+    if (QJsonDocument::fromJson(last)[u"kind"_s].toString() != kindOfNextLine)
         return {u"the journal goes on with the line \"%1\""_s.arg(QString::fromUtf8(last))};
     return {};
 }

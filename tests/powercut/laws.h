@@ -2,6 +2,7 @@
 
 #include "tests/powercut/marker.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -20,6 +21,9 @@ QStringList journalIsKept(const QString &folder, quint32 seed, const Story &stor
 /// The next line of the journal is whole, whatever was torn before it, and changes nothing there.
 /// In the state folder that is set.
 QStringList journalGoesOn();
+/// The same of a journal before and after a line of this kind was appended.
+QStringList journalWentOn(const QByteArray &before, const QByteArray &after);
+inline const QString kindOfNextLine = QStringLiteral("restart");
 
 /// The queue opens undamaged with every message in it, and goes on delivering.
 QStringList messagesAreKept(const QString &folder, quint32 seed, const Story &story);

@@ -190,6 +190,18 @@ TEST_F(JournalLawsTest, TornLineThatWasNotOnDiskIsNoFault)
     thenNothingFound(laws::journalIsKept);
 }
 
+TEST(JournalWentOnTest, NextLineIsWholeAndNothingElseHasChanged)
+{
+    const QByteArray torn = "{\"kind\":\"ev";
+    const QByteArray next = "{\"kind\":\"restart\"}\n";
+    EXPECT_TRUE(laws::journalWentOn(torn, torn + '\n' + next).isEmpty());
+    EXPECT_EQ(
+        laws::journalWentOn(torn, next), QStringList{u"the journal was changed by an append"_s});
+    EXPECT_TRUE(laws::journalWentOn(torn, torn + next)
+                    .join(u' ')
+                    .startsWith(u"the journal goes on with the line \"{"));
+}
+
 class MessageLawsTest : public LawsTest
 {
 protected:
