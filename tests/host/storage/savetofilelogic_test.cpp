@@ -107,6 +107,14 @@ TEST_F(SavedAgainTest, DocumentThatSomebodyElseHasWrittenIsWritten)
     EXPECT_TRUE(thenWritten());
 }
 
+TEST_F(SavedAgainTest, ContentsThatSomebodyElseHasPutThereAreWritten)
+{
+    document()->setChequeText(u"changed"_s);
+    files::put(openFile(), documentjson::write(*document()));
+    whenSaved();
+    EXPECT_TRUE(thenWritten());
+}
+
 TEST_F(SavedAgainTest, DocumentWhoseWritingFailedIsWritten)
 {
     const QString temporary = openFile() + u".new"_s;
