@@ -184,6 +184,36 @@ TEST_F(DeliveryTest, LongAnswerIsKeptInPart)
     EXPECT_EQ(queue()->list().first().answer, QByteArray(65536, 'x'));
 }
 
+TEST_F(DeliveryTest, AnswerThatIsNoSuccessIsKeptInPart)
+{
+    givenMessage(u"one"_s);
+    givenExchanges({Exchange(503, QByteArray(70000, 'x'))});
+    whenDelivered();
+    EXPECT_EQ(queue()->list().first().answer, QByteArray(65536, 'x'));
+}
+
+TEST_F(DeliveryTest, AnswerOfTheAttemptBeforeIsNotThatOfThisOne)
+{
+    givenMessage(u"one"_s);
+    givenExchanges({Exchange(503, "<html>"), Exchange(RestClient::TimedOut)});
+    whenDelivered();
+    whenDelivered();
+    EXPECT_EQ(queue()->list().first().answer, "");
+}
+
+TEST_F(DeliveryTest, VerdictIsNotGivenOnAnAnswerThatIsNoSuccess)
+{
+    givenMessage(u"one"_s);
+    givenExchanges({Exchange(503, "<html>")});
+    QByteArray judgedBody = "unset";
+    queue()->setVerdict(u"loyalty"_s, [&judgedBody](int, const QByteArray &body) {
+        judgedBody = body;
+        return Verdict{Verdict::Outcome::TryAgain, {}};
+    });
+    whenDelivered();
+    EXPECT_EQ(judgedBody, "");
+}
+
 TEST_F(DeliveryTest, MessageOfAKilledDelivererIsTakenUpAgain)
 {
     givenMessage(u"one"_s);

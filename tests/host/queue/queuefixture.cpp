@@ -32,7 +32,7 @@ public:
         m_errorCode = exchange.errorCode;
         if (m_errorCode != None)
             m_errorMessage = tr::Tr(u"id"_s, u"Ошибка %1"_s).arg(QString::number(m_errorCode));
-        m_responseBody = exchange.answer;
+        (m_errorCode == None ? m_responseBody : m_failedBody) = exchange.answer;
     }
 
 private:

@@ -106,6 +106,15 @@ TEST_F(SendingTest, DeliverJudgesAnswersAsTheTillDoes)
     EXPECT_TRUE(errors.contains("refused and parked messages need a person"));
 }
 
+TEST_F(SendingTest, ThePageOfAProxyStandsWithTheMessage)
+{
+    service.answer("<html>No way out</html>", 502);
+    givenMessageFor(u"aa"_s);
+    whenAsked({u"deliver"_s});
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(whenAskedForJson({u"show"_s, u"aa"_s})["answer"], "<html>No way out</html>");
+}
+
 TEST_F(SendingTest, DeliverSaysWhatToDoAboutCredentials)
 {
     service.answer("", 401);
