@@ -58,6 +58,14 @@ QString metricsText(const QueueOffice::Status &status, const QDateTime &now, Bac
         + Family(u"moved_messages"_s, u"Parked messages that were moved to another queue."_s)
               .sample(status.moved)
               .text()
+        + Family(
+            u"spilled_messages"_s, u"Pending messages that the queue's file could not take yet."_s)
+              .sample(status.spilled)
+              .text()
+        + Family(u"waiting_here_messages"_s,
+            u"Messages of this machine that have to move to a shared queue."_s)
+              .sample(status.waitingHere)
+              .text()
         + Family(u"oldest_waiting_age_seconds"_s,
             u"How long the oldest waiting message has waited; 0 when none waits."_s, seconds)
               .sample(ageOfOldest(status, now).count())

@@ -1,6 +1,5 @@
 #include "till/queue/sending.h"
 
-#include "till/queue/deliverytext.h"
 #include "till/queue/output.h"
 #include "till/queue/progressline.h"
 #include "till/queue/queueaccess.h"
@@ -30,8 +29,9 @@ int deliver(const QueueOptions &options)
 {
     DBQueueBroker &queue = openQueue(options, oneTimeLogFolder);
     const DeliveryReport report = deliverShowing(queue, !options.json);
-    tellDelivery(report, queue.waiting(), options.json);
-    return static_cast<int>(deliveryStatus(report));
+    const DeliveryRest rest{queue.waiting(), queue.spilled()};
+    tellDelivery(report, rest, options.json);
+    return static_cast<int>(deliveryStatus(report, rest));
 }
 
 } // namespace till::queuecommands

@@ -2,7 +2,6 @@
 
 #include "host/framework/currenttime.h"
 #include "host/storage/storageerror.h"
-#include "till/queue/deliverytext.h"
 #include "till/queue/folderwatch.h"
 #include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
@@ -38,9 +37,11 @@ public:
         const DeliveryReport report
             = m_queue.deliverDue([this](const DeliveryReport &) { return !m_stop.isMade(); });
         if (didSomething(report))
-            tellDelivery(report, m_queue.waiting(), m_json);
+            tellDelivery(report, rest(), m_json);
         return report;
     }
+
+    [[nodiscard]] DeliveryRest rest() const { return {m_queue.waiting(), m_queue.spilled()}; }
 
     void run() const
     {
@@ -92,12 +93,25 @@ std::chrono::milliseconds pauseBehind(
 
 namespace queuecommands {
 
+namespace {
+
+int passOnce(const Watch &service)
+{
+    const DeliveryReport report = service.pass();
+    const DeliveryRest rest = service.rest();
+    if (!didSomething(report))
+        adviseOnDelivery(report, rest);
+    return static_cast<int>(deliveryStatus(report, rest));
+}
+
+} // namespace
+
 int watch(const QueueOptions &options, bool once)
 {
     const StopRequest stop;
     const Watch service(openQueue(options, u"watch"_s), stop, options.json);
     if (once)
-        return static_cast<int>(deliveryStatus(service.pass()));
+        return passOnce(service);
     service.run();
     return static_cast<int>(ExitStatus::Success);
 }

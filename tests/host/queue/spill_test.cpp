@@ -3,6 +3,7 @@
 #include "host/framework/basicexception.h"
 #include "host/queue/ballast.h"
 #include "host/queue/messagejson.h"
+#include "host/queue/queueoffice.h"
 #include "host/queue/spillfile.h"
 #include "host/storage/storageerror.h"
 #include "tests/host/queue/queuefixture.h"
@@ -91,6 +92,17 @@ TEST_F(SpillFileTest, GivesBackInOrderAndOnce)
     EXPECT_TRUE(spill.isEmpty());
     EXPECT_EQ(takenOver(), QStringList());
     EXPECT_EQ(unreadable, 0);
+}
+
+TEST_F(SpillFileTest, LookingAtMessagesTakesNoneAway)
+{
+    EXPECT_TRUE(spill.messages().isEmpty());
+    spill.append(makeMessage(u"a"_s));
+    spill.append(makeMessage(u"b"_s));
+    files::put(name, files::contents(name) + "torn");
+    ASSERT_EQ(spill.messages().size(), 2);
+    EXPECT_EQ(spill.messages().last().id, u"b"_s);
+    EXPECT_EQ(takenOver(), (QStringList{u"a"_s, u"b"_s}));
 }
 
 TEST_F(SpillFileTest, IsPrivate)
@@ -226,6 +238,115 @@ TEST_F(SpillingTest, MessageThatWasTakenInBeforeAKillIsThereOnce)
     files::put(spillFile(), spilled);
     EXPECT_EQ(queue()->waiting(), 1);
     EXPECT_FALSE(hasSpilled());
+}
+
+/// The queue's file takes nothing in, as on a disk that has no room for the ballast.
+class HeldSpillTest : public SpillingTest
+{
+protected:
+    static void givenNoRoom() { ASSERT_TRUE(QDir().mkpath(ballastFile())); }
+    static void givenRoom() { ASSERT_TRUE(QDir().rmdir(ballastFile())); }
+    static QueueOffice::Status status()
+    {
+        return queue()->inOffice([](QueueOffice &office) { return office.status(); });
+    }
+    static QStringList bodiless(const QList<QueueMessage> &messages)
+    {
+        QStringList ids;
+        for (const QueueMessage &message : messages) {
+            ids.append(message.id);
+            EXPECT_TRUE(message.headers.isEmpty());
+            EXPECT_TRUE(message.body.isEmpty());
+        }
+        return ids;
+    }
+    /// One message in the queue, two in the spill file.
+    void SetUp() override
+    {
+        givenMessage(u"one"_s);
+        Singleton<DBQueueBroker>::reset();
+        ASSERT_TRUE(QFile::remove(ballastFile()));
+        givenNoRoom();
+        for (const QString &id : {u"aa-1"_s, u"aa-2"_s}) {
+            QueueMessage message = makeMessage(id);
+            message.correlationId = u"doc-"_s + id;
+            SpillFile(spillFile()).append(message);
+        }
+    }
+};
+
+TEST_F(HeldSpillTest, SpilledMessagesWaitToo)
+{
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_EQ(queue()->spilled(), 2);
+    EXPECT_EQ(bodiless(queue()->list()).mid(1), (QStringList{u"aa-1"_s, u"aa-2"_s}));
+    EXPECT_EQ(status().counts[MessageState::Pending], 3);
+    EXPECT_EQ(status().spilled, 2);
+    EXPECT_EQ(status().oldestWaiting, makeMessage({}).enqueued);
+    EXPECT_EQ(status().waitingHere, 0);
+    EXPECT_TRUE(hasSpilled());
+}
+
+TEST_F(HeldSpillTest, TheOldestMayBeInTheQueue)
+{
+    ask(u"UPDATE messages SET enqueued = '2024-11-21T12:30:01.004Z'"_s);
+    EXPECT_EQ(status().oldestWaiting, makeMessage({}).enqueued.addMSecs(-1));
+    ask(u"UPDATE messages SET state = 'sending'"_s);
+    EXPECT_EQ(status().oldestWaiting, makeMessage({}).enqueued.addMSecs(-1));
+}
+
+TEST_F(HeldSpillTest, TheyStandBehindTheOthersPageByPage)
+{
+    queue()->inOffice([](QueueOffice &office) {
+        QStringList ids;
+        for (QueueOffice::Page page{{}, 0, 1};;) {
+            const QList<QueueMessage> messages = office.list(page);
+            if (messages.isEmpty())
+                break;
+            EXPECT_EQ(messages.size(), 1);
+            page.behind = messages.last().number;
+            ids += bodiless(messages);
+        }
+        EXPECT_EQ(ids.mid(1), (QStringList{u"aa-1"_s, u"aa-2"_s}));
+        EXPECT_EQ(office.list({{MessageState::Pending}, 0, 9}).size(), 3);
+        EXPECT_TRUE(office.list({{MessageState::Parked}, 0, 9}).isEmpty());
+    });
+}
+
+TEST_F(HeldSpillTest, TheyAreFoundByIdAndByDocument)
+{
+    queue()->inOffice([](QueueOffice &office) {
+        EXPECT_EQ(office.find(u"aa"_s).size(), 2);
+        EXPECT_EQ(office.find(u"aa-2"_s).value(0).body, makeMessage({}).body);
+        EXPECT_EQ(bodiless(office.ofDocument(u"doc-aa-1"_s)), QStringList{u"aa-1"_s});
+        EXPECT_TRUE(office.ofDocument(u"doc"_s).isEmpty());
+    });
+}
+
+TEST_F(HeldSpillTest, OneThatWasTakenInAlreadyIsCountedOnce)
+{
+    SpillFile(spillFile()).append(queue()->list().first());
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_EQ(queue()->spilled(), 2);
+}
+
+TEST_F(HeldSpillTest, WithRoomTheyAreTakenInAndSent)
+{
+    EXPECT_EQ(whenDelivered().delivered, 1);
+    givenRoom();
+    EXPECT_EQ(queue()->spilled(), 0);
+    EXPECT_EQ(queue()->waiting(), 2);
+    EXPECT_EQ(whenDelivered().delivered, 2);
+}
+
+TEST_F(HeldSpillTest, ASpillFileThatCannotBeReadStopsNoDelivery)
+{
+    const LogCapture log(u"poshost.queue"_s);
+    ASSERT_TRUE(QFile::remove(spillFile()));
+    ASSERT_TRUE(QDir().mkpath(spillFile()));
+    EXPECT_EQ(whenDelivered().delivered, 1);
+    EXPECT_EQ(queue()->waiting(), 0);
+    EXPECT_FALSE(log.lines().filter(u"cannot be read"_s).isEmpty());
 }
 
 TEST_F(SpillingTest, LockedQueueSpillsAfterTwoSeconds)

@@ -152,6 +152,22 @@ TEST_F(LookingTest, ShowTellsEverythingWhenAskedPlainly)
     EXPECT_TRUE(outputText().contains(u"header Authorization: "_s + credentials));
 }
 
+TEST_F(LookingTest, WhatTheFileCannotTakeIsSeen)
+{
+    givenMessage(u"aa-1"_s);
+    givenSpilled(makeMessage(u"bb-2"_s));
+    EXPECT_THAT(idsOf({u"list"_s}), testing::ElementsAre("aa-1", "bb-2"));
+    const auto object = whenAskedForJson({u"status"_s});
+    EXPECT_EQ(object["counts"]["pending"], 2);
+    EXPECT_EQ(object["spilled"], 1);
+    whenAsked({u"status"_s});
+    EXPECT_TRUE(output.contains("spilled      1 of the pending ones: ")) << output.toStdString();
+    whenAsked({u"metrics"_s});
+    EXPECT_TRUE(output.contains("korvel_queue_messages{state=\"pending\"} 2\n"));
+    EXPECT_TRUE(output.contains("korvel_queue_spilled_messages 1\n"));
+    EXPECT_EQ(whenAskedForJson({u"show"_s, u"bb"_s})["state"], "pending");
+}
+
 TEST_F(LookingTest, AnIdMustMeanOneMessage)
 {
     givenOneOfEach();

@@ -1,5 +1,6 @@
 // deliver and watch, against a service.
 
+#include "host/queue/spillfile.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/queue/holdingserver.h"
 #include "tests/till/queue/queueprogramfixture.h"
@@ -27,12 +28,17 @@ public:
             }
     }
 
-    void givenMessageFor(const QString &id, const QDateTime &nextAttempt = {})
+    [[nodiscard]] QueueMessage messageFor(const QString &id) const
     {
         QueueMessage message = makeMessage(id);
         message.url = service.url().toString();
         message.body = "<message>" + id.toUtf8() + "</message>";
         message.lane = u"1-1"_s;
+        return message;
+    }
+    void givenMessageFor(const QString &id, const QDateTime &nextAttempt = {})
+    {
+        QueueMessage message = messageFor(id);
         if (nextAttempt.isValid())
             message.nextAttempt = nextAttempt;
         givenMessage(message);
@@ -136,6 +142,35 @@ TEST_F(SendingTest, WatchDeliversWhatWasThereAndWhatComes)
     EXPECT_EQ(nextLine(watch), "delivered 1, refused 0, failed 0, parked 0; waiting 0\n");
     EXPECT_EQ(sent(), (QList<QByteArray>{"<message>aa</message>", "<message>bb</message>"}));
     EXPECT_EQ(whenSignalled(watch, SIGTERM), 0);
+}
+
+TEST_F(SendingTest, WatchTakesInAndDeliversWhatWasSpilled)
+{
+    service.answer(accepted);
+    givenMessageFor(u"aa"_s);
+    QProcess &watch = givenWatch();
+    EXPECT_EQ(nextLine(watch), "delivered 1, refused 0, failed 0, parked 0; waiting 0\n");
+    SpillFile(databaseFile() + u".spill"_s).append(messageFor(u"bb"_s));
+    EXPECT_EQ(nextLine(watch), "delivered 1, refused 0, failed 0, parked 0; waiting 0\n");
+    EXPECT_EQ(sent().value(1), "<message>bb</message>");
+    EXPECT_EQ(whenSignalled(watch, SIGTERM), 0);
+    EXPECT_EQ(stateOf(u"bb"_s), u"delivered"_s);
+}
+
+TEST_F(SendingTest, WhatCannotBeTakenInIsNotAllDelivered)
+{
+    service.answer(accepted);
+    givenMessageFor(u"aa"_s);
+    givenSpilled(messageFor(u"bb"_s));
+    for (const QStringList &words : {QStringList{u"deliver"_s}, {u"watch"_s, u"--once"_s}}) {
+        whenAsked(words);
+        thenFails(1, u"korvel-till: the queue's file cannot take 1 messages, "_s);
+    }
+    EXPECT_EQ(sent().size(), 1);
+    givenRoom();
+    whenAsked({u"deliver"_s});
+    EXPECT_EQ(status, 0) << errors.toStdString();
+    EXPECT_EQ(sent().size(), 2);
 }
 
 TEST_F(SendingTest, WatchLeavesAloneWhatIsNotDue)
