@@ -240,6 +240,11 @@ TEST_F(LookingTest, HelpNamesCommandsAndOptions)
     whenStarted({u"queue"_s, u"list"_s, u"--help"_s});
     for (const char *option : {"--config", "--state", "--json", "--all", "--state-of"})
         EXPECT_TRUE(output.contains(option)) << option;
+    for (const QString &command : {u"retry"_s, u"set-aside"_s}) {
+        whenStarted({u"queue"_s, command, u"--help"_s});
+        for (const char *option : {"ID...", "--all", "--state-of NAME..."})
+            EXPECT_TRUE(output.contains(option)) << option;
+    }
 }
 
 } // namespace
