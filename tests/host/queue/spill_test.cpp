@@ -364,6 +364,58 @@ TEST_F(SpillingTest, LockedQueueSpillsAfterTwoSeconds)
     QSqlDatabase::removeDatabase(u"other"_s);
 }
 
+/// The file may not be written although its disk may. What the administrator may do, no mode
+/// forbids; so for that one the file lies on a mount of its own.
+class ReadOnlyFileTest : public SpillingTest
+{
+protected:
+    void givenReadOnlyFile()
+    {
+        Singleton<DBQueueBroker>::reset();
+        const QByteArray name = QFile::encodeName(databaseFile());
+        if (::geteuid() != 0) {
+            ASSERT_EQ(::chmod(name.constData(), S_IRUSR), 0);
+            return;
+        }
+        m_isMounted = ::mount(name.constData(), name.constData(), nullptr, MS_BIND, nullptr) == 0;
+        if (!m_isMounted)
+            GTEST_SKIP() << "this administrator may not mount";
+        ASSERT_EQ(
+            ::mount(nullptr, name.constData(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr),
+            0);
+    }
+    void givenWritableFile()
+    {
+        const QByteArray name = QFile::encodeName(databaseFile());
+        if (m_isMounted)
+            ASSERT_EQ(::umount2(name.constData(), MNT_DETACH), 0);
+        else
+            ASSERT_EQ(::chmod(name.constData(), S_IRUSR | S_IWUSR), 0);
+        m_isMounted = false;
+    }
+    void TearDown() override { givenWritableFile(); }
+
+private:
+    bool m_isMounted = false;
+};
+
+TEST_F(ReadOnlyFileTest, MessagesSpillAndComeInWhenItMayBeWrittenAgain)
+{
+    givenMessage(u"one"_s);
+    givenReadOnlyFile();
+    if (IsSkipped())
+        return;
+    givenMessage(u"two"_s);
+    givenMessage(u"three"_s);
+    EXPECT_TRUE(hasSpilled());
+    EXPECT_THROW(static_cast<void>(queue()->waiting()), StorageError);
+    givenWritableFile();
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_FALSE(hasSpilled());
+    whenDelivered();
+    EXPECT_EQ(sentBodies(), (QStringList{u"one"_s, u"two"_s, u"three"_s}));
+}
+
 TEST_F(SpillingTest, FileOfANewerVersionSpillsAndIsLeftAlone)
 {
     givenMessage(u"one"_s);
