@@ -229,6 +229,18 @@ QStringList QueueOffice::setAside(const QStringList &ids)
         {}, ids);
 }
 
+bool QueueOffice::giveCredentials(qint64 number, const QString &authorization)
+{
+    QSqlQuery row = m_database.run(u"SELECT headers FROM messages WHERE number = ?"_s, {number});
+    auto headers = row.next() ? messagerow::readHeaders(row.value(0)) : QHash<QString, QString>();
+    row.finish();
+    if (!authorization::replace(headers, authorization))
+        return false;
+    m_database.run(u"UPDATE messages SET headers = ?, next_attempt = ? WHERE number = ?"_s,
+        {messagerow::written(headers), now(), number});
+    return true;
+}
+
 int QueueOffice::reauthorise(const QString &queue, const QString &authorization)
 {
     int changed = 0;
@@ -240,18 +252,8 @@ int QueueOffice::reauthorise(const QString &queue, const QString &authorization)
         behind = page.last().number;
         QueueTransaction transaction(m_database);
         for (const QueueMessage &message : page) {
-            if (message.queue != queue)
-                continue;
-            QSqlQuery row = m_database.run(
-                u"SELECT headers FROM messages WHERE number = ?"_s, {message.number});
-            auto headers
-                = row.next() ? messagerow::readHeaders(row.value(0)) : QHash<QString, QString>();
-            row.finish();
-            if (!authorization::replace(headers, authorization))
-                continue;
-            m_database.run(u"UPDATE messages SET headers = ?, next_attempt = ? WHERE number = ?"_s,
-                {messagerow::written(headers), now(), message.number});
-            ++changed;
+            if (message.queue == queue && giveCredentials(message.number, authorization))
+                ++changed;
         }
         transaction.commit();
     }

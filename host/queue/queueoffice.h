@@ -100,6 +100,7 @@ private:
     void appendLocal(QList<QueueMessage> &messages, const Page &page);
     void appendSpilled(QList<QueueMessage> &messages, const Page &page) const;
     [[nodiscard]] QDateTime oldestWaiting();
+    bool giveCredentials(qint64 number, const QString &authorization);
     void addWhatIsBeside(Status &status);
 
     MessageStore &m_store;
