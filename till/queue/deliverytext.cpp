@@ -4,6 +4,15 @@ using namespace Qt::StringLiterals;
 
 namespace till {
 
+namespace {
+
+bool wasCutShort(const DeliveryRest &rest)
+{
+    return rest.wasEnded && rest.waiting > 0;
+}
+
+} // namespace
+
 QString deliveryText(const DeliveryReport &report, const DeliveryRest &rest)
 {
     return u"delivered %1, refused %2, failed %3, parked %4; waiting %5"_s.arg(report.delivered)
@@ -36,6 +45,8 @@ QStringList deliveryAdvice(const DeliveryReport &report, const DeliveryRest &res
     if (report.refused + report.parked > 0)
         advice.append(u"refused and parked messages need a person; see korvel-till queue list "
                       u"--state-of refused parked"_s);
+    if (wasCutShort(rest))
+        advice.append(u"the delivery was asked to end, and the rest was not tried; run it again"_s);
     if (rest.spilled > 0)
         advice.append(
             u"the queue's file cannot take %1 messages, which are not sent before it can; "
@@ -50,8 +61,8 @@ bool didSomething(const DeliveryReport &report)
 
 ExitStatus deliveryStatus(const DeliveryReport &report, const DeliveryRest &rest)
 {
-    const bool allWell
-        = !report.busy && rest.spilled == 0 && report.refused + report.failed + report.parked == 0;
+    const bool allWell = !report.busy && !wasCutShort(rest) && rest.spilled == 0
+        && report.refused + report.failed + report.parked == 0;
     return allWell ? ExitStatus::Success : ExitStatus::NotAllDone;
 }
 

@@ -13,6 +13,7 @@ struct DeliveryRest
 {
     int waiting = 0; ///< messages that wait
     int spilled = 0; ///< those of them that the queue's file could not take, and nobody can send
+    bool wasEnded = false; ///< somebody asked the pass to end
 };
 
 /// What a pass did, in one line.

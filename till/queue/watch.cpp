@@ -49,7 +49,7 @@ DeliveryReport Watch::pass() const
 
 DeliveryRest Watch::rest() const
 {
-    return {m_queue.waiting(), m_queue.spilled()};
+    return {m_queue.waiting(), m_queue.spilled(), m_stop.isMade()};
 }
 
 void Watch::run() const

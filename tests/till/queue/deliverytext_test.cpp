@@ -26,7 +26,7 @@ DeliveryReport reportOf(int delivered, int refused, int failed, int parked)
 TEST(DeliveryTextTest, EveryFigureIsTold)
 {
     const DeliveryReport report = reportOf(1, 2, 3, 4);
-    const DeliveryRest rest{5, 2};
+    const DeliveryRest rest{5, 2, false};
     EXPECT_EQ(
         deliveryText(report, rest), u"delivered 1, refused 2, failed 3, parked 4; waiting 5"_s);
     EXPECT_EQ(deliveryObject(report, rest), Json::parse(R"({"delivered": 1, "refused": 2,
@@ -39,8 +39,10 @@ TEST(DeliveryTextTest, StatusIsGoodOnlyWhenAllWasDelivered)
     DeliveryReport busy;
     busy.busy = true;
     EXPECT_EQ(deliveryStatus({}, {}), ExitStatus::Success);
-    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 0}), ExitStatus::Success);
-    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 1}), ExitStatus::NotAllDone);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 0, false}), ExitStatus::Success);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 1, false}), ExitStatus::NotAllDone);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 0, true}), ExitStatus::NotAllDone);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {0, 0, true}), ExitStatus::Success);
     for (const DeliveryReport &report :
         {reportOf(5, 1, 0, 0), reportOf(5, 0, 1, 0), reportOf(5, 0, 0, 1), busy})
         EXPECT_EQ(deliveryStatus(report, {}), ExitStatus::NotAllDone);
@@ -48,10 +50,10 @@ TEST(DeliveryTextTest, StatusIsGoodOnlyWhenAllWasDelivered)
 
 TEST(DeliveryTextTest, EachTroubleHasItsAdvice)
 {
-    EXPECT_TRUE(deliveryAdvice(reportOf(5, 0, 1, 0), {3, 0}).isEmpty());
+    EXPECT_TRUE(deliveryAdvice(reportOf(5, 0, 1, 0), {3, 0, false}).isEmpty());
     const auto advice
         = [](const DeliveryReport &report) { return deliveryAdvice(report, {}).join(u'\n'); };
-    EXPECT_TRUE(deliveryAdvice({}, {3, 2}).value(0).contains(u"cannot take 2 messages"_s));
+    EXPECT_TRUE(deliveryAdvice({}, {3, 2, false}).value(0).contains(u"cannot take 2 messages"_s));
     EXPECT_TRUE(advice(reportOf(0, 1, 0, 0)).contains(u"queue list"_s));
     EXPECT_TRUE(advice(reportOf(0, 0, 0, 1)).contains(u"queue list"_s));
     DeliveryReport report;
@@ -63,6 +65,14 @@ TEST(DeliveryTextTest, EachTroubleHasItsAdvice)
     report = {};
     report.busy = true;
     EXPECT_TRUE(advice(report).contains(u"another program"_s));
+}
+
+TEST(DeliveryTextTest, EachOutcomeIsSomethingDone)
+{
+    EXPECT_FALSE(didSomething({}));
+    for (const DeliveryReport &report :
+        {reportOf(1, 0, 0, 0), reportOf(0, 1, 0, 0), reportOf(0, 0, 1, 0), reportOf(0, 0, 0, 1)})
+        EXPECT_TRUE(didSomething(report));
 }
 
 TEST(ProgressLineTest, TheBarFillsUp)

@@ -45,10 +45,14 @@ public:
     }
     QProcess &givenWatch(const QStringList &words = {})
     {
+        return givenRunning(QStringList{u"watch"_s} + words);
+    }
+    QProcess &givenRunning(const QStringList &words)
+    {
         m_processes.push_back(std::make_unique<QProcess>());
         QProcess &process = *m_processes.back();
         process.start(QStringLiteral(TILL_PROGRAM),
-            QStringList{u"queue"_s, u"watch"_s, u"--state"_s, stateFolder()} + words);
+            QStringList{u"queue"_s} + words + QStringList{u"--state"_s, stateFolder()});
         EXPECT_TRUE(process.waitForStarted());
         return process;
     }
@@ -248,6 +252,35 @@ TEST_P(EndingTest, TheMessageInHandIsFinishedAndTheNextOneLeftAlone)
     EXPECT_EQ(stateOf(u"bb"_s), u"pending"_s);
     EXPECT_TRUE(sent().isEmpty());
 }
+
+class EndingOnceTest : public SendingTest, public testing::WithParamInterface<QStringList>
+{
+public:
+    HoldingServer holding;
+};
+
+TEST_P(EndingOnceTest, ADeliveryThatIsEndedIsNotAllDone)
+{
+    QueueMessage first = makeMessage(u"aa"_s);
+    first.url = holding.url();
+    givenMessage(first);
+    givenMessageFor(u"bb"_s);
+    QProcess &delivery = givenRunning(GetParam());
+    holding.takeRequest();
+    ASSERT_EQ(::kill(static_cast<pid_t>(delivery.processId()), SIGTERM), 0);
+    holding.answer(accepted);
+    ASSERT_TRUE(delivery.waitForFinished());
+    EXPECT_EQ(delivery.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(delivery.exitCode(), 1);
+    EXPECT_TRUE(delivery.readAllStandardError().contains("was asked to end"));
+    EXPECT_EQ(stateOf(u"aa"_s), u"delivered"_s);
+    EXPECT_EQ(stateOf(u"bb"_s), u"pending"_s);
+    EXPECT_TRUE(sent().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, EndingOnceTest,
+    testing::Values(QStringList{u"deliver"_s}, QStringList{u"deliver"_s, u"--json"_s},
+        QStringList{u"watch"_s, u"--once"_s}));
 
 INSTANTIATE_TEST_SUITE_P(Signals, EndingTest, testing::Values(SIGTERM, SIGINT));
 
