@@ -14,8 +14,10 @@
 #include <QSqlQuery>
 #include <QTemporaryDir>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -103,6 +105,18 @@ TEST_F(SpillFileTest, LookingAtMessagesTakesNoneAway)
     ASSERT_EQ(spill.messages().size(), 2);
     EXPECT_EQ(spill.messages().last().id, u"b"_s);
     EXPECT_EQ(takenOver(), (QStringList{u"a"_s, u"b"_s}));
+}
+
+TEST_F(SpillFileTest, WhoWorksItIsWaitedForAndNotDisturbed)
+{
+    spill.append(makeMessage(u"a"_s));
+    const QByteArray before = files::contents(name);
+    const int other = ::open(QFile::encodeName(name).constData(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+    EXPECT_THROW(spill.append(makeMessage(u"b"_s)), StorageError);
+    EXPECT_THROW(takenOver(), StorageError);
+    ::close(other);
+    EXPECT_EQ(files::contents(name), before);
 }
 
 TEST_F(SpillFileTest, IsPrivate)
@@ -321,6 +335,8 @@ TEST_F(HeldSpillTest, TheyAreFoundByIdAndByDocument)
         EXPECT_EQ(bodiless(office.ofDocument(u"doc-aa-1"_s)), QStringList{u"aa-1"_s});
         EXPECT_TRUE(office.ofDocument(u"doc"_s).isEmpty());
     });
+    SpillFile(spillFile()).append(makeMessage(u"of no document"_s));
+    queue()->inOffice([](QueueOffice &office) { EXPECT_TRUE(office.ofDocument(u""_s).isEmpty()); });
 }
 
 TEST_F(HeldSpillTest, OneThatWasTakenInAlreadyIsCountedOnce)
