@@ -231,7 +231,7 @@ TEST_F(DeliveryTest, WhatAnotherDelivererHasInHandIsToldAsBusy)
     ASSERT_TRUE(other->checkOut({QDateTime::currentDateTimeUtc(), 0, false}).message);
     EXPECT_TRUE(whenDelivered().busy);
     givenMessage(u"two"_s);
-    ask(u"UPDATE messages SET lane = body WHERE state = 'pending'"_s);
+    ask(u"UPDATE messages SET lane = id WHERE state = 'pending'"_s);
     EXPECT_FALSE(whenDelivered().busy) << "it had something to do";
 }
 
