@@ -195,6 +195,9 @@ INSTANTIATE_TEST_SUITE_P(Table, BrokenRequest,
         Row{soft, ">2.000<", ">-2.000<", "Quantity must not be negative"},
         Row{soft, "<Mcp>0.00", "<Mcp>-0.01", "Mcp must not be negative"},
         Row{soft, "<Price>45.90", "<Price>999999999999.00", "Price times Quantity is too large"},
+        Row{soft, "<Price>45.90</Price>\n      <Quantity>2.000",
+            "<Price>999999999999.00</Price>\n      <Quantity>1.000",
+            "the positions come to too much"},
         Row{soft, "<PositionNumber>2<", "<PositionNumber>1<", "PositionNumber 1 is given twice"}));
 
 } // namespace
