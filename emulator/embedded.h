@@ -10,5 +10,6 @@ const char *version();
 QByteArray sampleData(); ///< config/service.json
 QByteArray loyaltySchema(); ///< protocol/loyalty.xsd
 QByteArray envelopeSchema(); ///< protocol/soap-envelope.xsd
+QByteArray serviceDescription(); ///< protocol/loyalty.wsdl
 
 } // namespace emulator::embedded

@@ -15,8 +15,8 @@ struct ServiceSettings
     std::vector<FaultCommand> faults; ///< ordered from the start
 };
 
-/// The whole service behind its HTTP server: SOAP on "/", the API under "/api/". Never throws
-/// once it is made; making it throws BooksError. One thread.
+/// The whole service behind its HTTP server: SOAP on "/" and what describes it, the API under
+/// "/api/". Never throws once it is made; making it throws BooksError. One thread.
 class Service
 {
 public:

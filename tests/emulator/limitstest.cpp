@@ -191,6 +191,8 @@ TEST_F(LimitsTest, HalfARequestIsNotAnswered)
 TEST_F(LimitsTest, OtherMethodsAndPathsAreTold)
 {
     EXPECT_EQ(httpGet(service.url()).status, 405);
+    EXPECT_EQ(httpGet(service.url() + u"?other"_s).status, 405);
+    EXPECT_EQ(httpPost(service.url() + u"loyalty.xsd"_s, "").status, 404);
     EXPECT_EQ(httpGet(service.url() + u"nothing"_s).status, 404);
     EXPECT_EQ(httpGet(service.api("nothing")).status, 404);
     EXPECT_EQ(httpPost(service.api("nothing"), "").status, 404);
