@@ -207,6 +207,13 @@ std::vector<SoldPosition> Transactions::soldPositions(qint64 sale) const
     return sold;
 }
 
+std::vector<Transaction> Transactions::ofCard(const QString &card) const
+{
+    return m_database.all(
+        u"SELECT %1 FROM transactions WHERE card = ? ORDER BY id"_s.arg(columns()), {card},
+        readTransaction);
+}
+
 std::vector<Transaction> Transactions::latest(int count) const
 {
     return m_database.all(u"SELECT %1 FROM transactions ORDER BY id DESC LIMIT ?"_s.arg(columns()),

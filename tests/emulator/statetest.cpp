@@ -116,13 +116,33 @@ TEST_F(StateTest, OfAnotherProgramIsLeftAlone)
     EXPECT_TRUE(whenOpeningFails().contains(u"another program or version"));
 }
 
-TEST_F(StateTest, OfTheLayoutWithoutStickersIsLeftAlone)
+TEST_F(StateTest, OfAnEarlierLayoutIsLeftAlone)
 {
-    {
-        Database database(path);
-        database.change(u"PRAGMA user_version = 1"_s);
+    for (const int version : {1, 2, 3}) {
+        {
+            QFile::remove(path);
+            Database database(path);
+            database.change(u"PRAGMA user_version = %1"_s.arg(version));
+        }
+        EXPECT_TRUE(whenOpeningFails().contains(u"another program or version")) << version;
     }
-    EXPECT_TRUE(whenOpeningFails().contains(u"another program or version"));
+}
+
+TEST_F(StateTest, ThatIsNotInOrderIsTold)
+{
+    Database database(path);
+    Desk desk(data, database, [] { return QDateTime::currentDateTimeUtc(); });
+    database.change(u"UPDATE ledger SET amount = 1"_s);
+#ifdef NDEBUG
+    GTEST_SKIP() << "only debug builds add the books up after each request";
+#endif
+    try {
+        desk.answer(BalanceRequest{{}, QString::fromLatin1(testCard)});
+        FAIL() << "the request was answered";
+    } catch (const BooksError &error) {
+        EXPECT_TRUE(
+            QString::fromUtf8(error.what()).startsWith(u"the books are not in order: card "));
+    }
 }
 
 TEST_F(StateTest, ThatIsNoDatabaseIsNamed)

@@ -5,6 +5,7 @@
 #include "emulator/desk/returncodes.h"
 #include "emulator/soap/answerwriter.h"
 #include "tests/emulator/support/requests.h"
+#include "tests/emulator/support/tabletext.h"
 
 #include <QRegularExpression>
 
@@ -78,6 +79,15 @@ protected:
     }
 
     std::size_t transactionCount() { return desk().books().transactions.latest(1000).size(); }
+
+    /// Every row of every table, but for the notes on what was last answered, which are no books.
+    QStringList booksAsText()
+    {
+        desk();
+        return tablesAsText(m_database, {QStringLiteral("calculations")});
+    }
+
+    Database &database() { return m_database; }
 
     ServiceData data;
     QDateTime now{QDate(2024, 3, 5), QTime(14, 0), Qt::UTC};
