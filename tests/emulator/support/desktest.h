@@ -4,6 +4,7 @@
 #include "emulator/desk/desk.h"
 #include "emulator/desk/returncodes.h"
 #include "emulator/soap/answerwriter.h"
+#include "emulator/soap/schema.h"
 #include "tests/emulator/support/requests.h"
 #include "tests/emulator/support/tabletext.h"
 
@@ -47,7 +48,16 @@ protected:
 
     ChequeAnswer whenAnswered(const Request &request)
     {
-        return std::get<ChequeAnswer>(desk().answer(request));
+        const Answer answer = desk().answer(request);
+        thenFitsTheSchema(answer);
+        return std::get<ChequeAnswer>(answer);
+    }
+
+    static void thenFitsTheSchema(const Answer &answer)
+    {
+        static const MessageSchema schema;
+        const QByteArray xml = writeAnswer(answer);
+        EXPECT_EQ(schema.complaintAbout(XmlDocument::parse(xml)), QString()) << xml.constData();
     }
 
     ChequeFigures whenAccepted(const Request &request)
