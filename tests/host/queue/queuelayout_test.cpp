@@ -156,4 +156,14 @@ TEST_F(QueueLayoutTest, FailedUpgradeLeavesTheFileAsItWas)
     EXPECT_EQ(ask(u"SELECT count(*) FROM pragma_table_info('messages')"_s), QVariantList{14});
 }
 
+TEST_F(QueueLayoutTest, MessagesOfADocumentAreFoundByTheirIndex)
+{
+    givenMessage(u"one"_s);
+    const QVariantList plan = ask(u"EXPLAIN QUERY PLAN SELECT id FROM messages WHERE "
+                                  u"correlation_id = ? AND correlation_id <> '' ORDER BY number"_s,
+        {u"doc"_s});
+    EXPECT_TRUE(plan.constLast().toString().contains(u"USING INDEX messages_of_documents"_s))
+        << qPrintable(plan.constLast().toString());
+}
+
 } // namespace
