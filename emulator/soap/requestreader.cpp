@@ -135,9 +135,9 @@ SaleRequest readSale(const XmlElement &payload)
 
 ChequeReference readChequeReference(const XmlElement &element)
 {
-    constexpr int dateLength = 10; // "2024-03-05", also where a time follows
+    // A time behind the day is passed over.
     return {readTill(element), childText(element, "Number"),
-        QDate::fromString(childText(element, "DateTime").left(dateLength), Qt::ISODate)};
+        QDate::fromString(childText(element, "DateTime"), Qt::ISODate)};
 }
 
 ReturnRequest readReturn(const XmlElement &payload)

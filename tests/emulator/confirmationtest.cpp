@@ -176,7 +176,11 @@ TEST_F(ConfirmationTest, IsVoidAfterSoManyWrongOnes)
     const ChequeFigures asked = whenCodeIsAsked("150.00");
     thenRefused(registration(asked, "150.00", u"0"_s), returncodes::wrongConfirmation);
     // None at all is no attempt.
-    thenRefused(registration(asked, "150.00", {}), returncodes::wrongConfirmation);
+    SaleRequest without = registration(asked, "150.00", {});
+    thenRefused(without, returncodes::wrongConfirmation);
+    without.confirmation->confirm = true;
+    thenRefused(without, returncodes::wrongConfirmation);
+    EXPECT_EQ(whenAnswered(without).outcome.message, u"Списание не подтверждено кодом");
     thenRefused(registration(asked, "150.00", u"1"_s), returncodes::wrongConfirmation);
     const ChequeAnswer late = whenAnswered(registration(asked, "150.00", asked.verificationCode));
     EXPECT_EQ(late.outcome.code, returncodes::wrongConfirmation);
@@ -184,6 +188,17 @@ TEST_F(ConfirmationTest, IsVoidAfterSoManyWrongOnes)
     desk().answer(BalanceRequest{sale.till, sale.card});
     const ChequeFigures again = whenCodeIsAsked("150.00");
     whenAccepted(registration(again, "150.00", again.verificationCode));
+}
+
+TEST_F(ConfirmationTest, OfAnotherChequeSuffersNoAttempts)
+{
+    data.spending.codeAttempts = 1;
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    const SaleRequest first = registration(asked, "150.00", asked.verificationCode);
+    sale.number = u"18"_s;
+    thenRefused(
+        registration(whenCodeIsAsked("100.50"), "100.50", u"0"_s), returncodes::wrongConfirmation);
+    whenAccepted(first);
 }
 
 TEST_F(ConfirmationTest, WithTheLastAttemptStillWritesOff)

@@ -181,6 +181,12 @@ TEST_F(LimitsTest, WhatIsNotHttpIsTold)
     EXPECT_THAT(whenSentRaw(longHead).toStdString(), testing::StartsWith("HTTP/1.1 431 "));
 }
 
+TEST_F(LimitsTest, AClientThatNamesNoHostGetsTheDescriptionAsItIs)
+{
+    EXPECT_THAT(whenSentRaw("GET /?wsdl HTTP/1.0\r\n\r\n").toStdString(),
+        HasSubstr("location=\"http://127.0.0.1:8080/\""));
+}
+
 TEST_F(LimitsTest, HalfARequestIsNotAnswered)
 {
     EXPECT_EQ(whenSentRaw("POST / HTTP/1.1\r\nContent-Length: 10\r\n\r\nabc"), "");

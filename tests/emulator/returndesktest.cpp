@@ -168,6 +168,15 @@ TEST_F(ReturnDeskTest, WithoutASaleIsBookedAndMovesNothing)
     thenBalanceIs("500.00");
 }
 
+TEST_F(ReturnDeskTest, GoesThroughForACardThatTheTillHasMadeUp)
+{
+    data.technicalCards = {u"375"_s, u"made up"_s, 2};
+    ReturnRequest returning = returnOf(QString(), u"18"_s, {{"1001", "50.00", "1.000"}});
+    returning.card = u"3750"_s;
+    EXPECT_EQ(whenAccepted(returning).balance, Amount());
+    EXPECT_TRUE(desk().books().cards.find(returning.card)->technical);
+}
+
 TEST_F(ReturnDeskTest, GoesThroughForABlockedCard)
 {
     data.servedStatuses = {2, 3};

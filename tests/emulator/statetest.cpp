@@ -91,8 +91,19 @@ TEST_F(StateTest, TakesOverWhatTheDataSaysAboutAKnownCard)
 {
     whenBalanceIsAsked();
     data.cards[0].status = 3;
+    data.cards[0].type = u"gold"_s;
+    data.cards[0].holder = u"Орлов"_s;
+    data.cards[0].email = u"o@example.com"_s;
+    data.cards[0].chequesByEmail = true;
+    data.cards[0].attributes = {{u"VIP"_s, u"1"_s}};
     const Answer answer = whenStartedAndAsked(BalanceRequest{{}, QString::fromLatin1(testCard)});
-    EXPECT_EQ(std::get<BalanceAnswer>(answer).card->status, 3);
+    const CardFigures card = std::get<BalanceAnswer>(answer).card.value();
+    EXPECT_EQ(card.status, 3);
+    EXPECT_EQ(card.type, u"gold");
+    EXPECT_EQ(card.holder, u"Орлов");
+    EXPECT_EQ(card.email, u"o@example.com");
+    EXPECT_TRUE(card.chequesByEmail);
+    EXPECT_EQ(card.attributes.value(u"VIP"_s), u"1");
 }
 
 TEST_F(StateTest, IsForgottenByAReset)
