@@ -64,7 +64,7 @@ extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *data, std::size_t size, st
 extern "C" std::size_t LLVMFuzzerCustomMutator(
     std::uint8_t *data, std::size_t size, std::size_t greatest, unsigned int seed)
 {
-    constexpr unsigned int bytesOnceIn = 4;
+    constexpr unsigned int bytesOnceIn = 32;
     const std::size_t mutated
         = seed % bytesOnceIn == 0 ? 0 : mutateXml(data, size, greatest, seed / bytesOnceIn);
     return mutated > 0 ? mutated : LLVMFuzzerMutate(data, size, greatest);
