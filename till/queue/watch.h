@@ -1,7 +1,9 @@
 #pragma once
 
-#include "host/queue/verdict.h"
+#include "host/queue/dbqueuebroker.h"
+#include "till/queue/deliverytext.h"
 #include "till/queue/queueoptions.h"
+#include "till/queue/stoprequest.h"
 
 #include <QDateTime>
 
@@ -27,6 +29,34 @@ inline constexpr std::chrono::milliseconds shortest = std::chrono::milliseconds(
 /// Behind a pass that could not read or write the queue.
 inline constexpr std::chrono::milliseconds failed = std::chrono::seconds(10);
 } // namespace watchpause
+
+/// The delivery service from its start to its end. Belongs to the thread of the queue.
+class Watch
+{
+public:
+    /// @param queue, stop        not owned; must outlive this.
+    /// @param pauseBehindFailure behind a pass that could not read or write the queue.
+    Watch(DBQueueBroker &queue, const StopRequest &stop, bool json,
+        std::chrono::milliseconds pauseBehindFailure = watchpause::failed);
+
+    /// Sends what is due, once, and tells of it when that was anything.
+    /// @throws StorageError when the queue cannot be read or written.
+    DeliveryReport pass() const;
+    /// What is left in the queue.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] DeliveryRest rest() const;
+    /// Pass behind pass until the stop is asked for. A pass that fails is told of and made again.
+    /// @throws StorageError when the queue cannot be opened, or its folder not watched, at first.
+    void run() const;
+
+private:
+    [[nodiscard]] std::chrono::milliseconds passAndPause() const;
+
+    DBQueueBroker &m_queue;
+    const StopRequest &m_stop;
+    bool m_json;
+    std::chrono::milliseconds m_pauseBehindFailure;
+};
 
 namespace queuecommands {
 

@@ -31,6 +31,7 @@ public:
     /// @throws QueueUnreached when the server cannot be reached.
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
+    [[nodiscard]] QList<QueueMessage> spilled() override { return m_local->spilled(); }
     [[nodiscard]] QString unreached() const override { return m_lastFailure; }
     void close(const QueueUnusable &error) override;
 
