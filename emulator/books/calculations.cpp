@@ -41,13 +41,26 @@ void Calculations::remember(const ChequeKey &cheque, const LastCalculation &calc
             + QVariantList{calculation.sum.hundredths(), calculation.discount.hundredths(),
                 calculation.sumDiscounted.hundredths(), calculation.wish.hundredths(),
                 calculation.code, calculation.codeIssued.toMSecsSinceEpoch()});
+    forgetOldest(cheque.till);
+}
+
+void Calculations::forgetOldest(const Till &till)
+{
+    // A code must be known however late its registration comes out of a till's queue.
+    const QString ofTill = u"pos = ? AND business_unit = ? AND organization = ? AND code = ''"_s;
+    const QVariantList values{till.pos, till.businessUnit, till.organization};
+    m_database.change(
+        u"DELETE FROM calculations WHERE %1 AND rowid <= (SELECT rowid FROM calculations"
+        " WHERE %1 ORDER BY rowid DESC LIMIT 1 OFFSET %2)"_s.arg(ofTill)
+            .arg(keptForATill),
+        values + values);
 }
 
 std::optional<LastCalculation> Calculations::recall(const ChequeKey &cheque) const
 {
     return m_database.first(
-        u"SELECT sum, discount, sum_discounted, wish, code, code_at, wrong_codes, is_over FROM calculations WHERE %1"_s
-            .arg(whereCheque()),
+        u"SELECT sum, discount, sum_discounted, wish, code, code_at, wrong_codes, is_over"
+        " FROM calculations WHERE %1"_s.arg(whereCheque()),
         valuesOf(cheque), readCalculation);
 }
 
@@ -74,7 +87,7 @@ void Calculations::endAll(const Till &till, const QString &card)
 std::vector<WaitingCode> Calculations::waitingCodes(const QString &card) const
 {
     const QString ofCard = card.isEmpty() ? QString() : u"card = ? AND "_s;
-    return m_database.all(u"SELECT card, pos, number, code FROM calculations"
+    return m_database.all(u"SELECT card, pos, number, code, code_at, wrong_codes FROM calculations"
                           " WHERE %1code <> '' AND NOT is_over ORDER BY card, number"_s.arg(ofCard),
         card.isEmpty() ? QVariantList() : QVariantList{card}, [](const QSqlQuery &row) {
             int column = 0;
@@ -83,6 +96,9 @@ std::vector<WaitingCode> Calculations::waitingCodes(const QString &card) const
             waiting.pos = row.value(column++).toString();
             waiting.cheque = row.value(column++).toString();
             waiting.code = row.value(column++).toString();
+            waiting.issued
+                = QDateTime::fromMSecsSinceEpoch(row.value(column++).toLongLong(), Qt::UTC);
+            waiting.wrongCodes = row.value(column++).toInt();
             return waiting;
         });
 }

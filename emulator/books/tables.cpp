@@ -63,6 +63,7 @@ const QStringList &definitions()
         " code TEXT NOT NULL, code_at INTEGER NOT NULL, wrong_codes INTEGER NOT NULL DEFAULT 0,"
         " is_over INTEGER NOT NULL DEFAULT 0,"
         " PRIMARY KEY (card, number, pos, business_unit, organization))"_s,
+        u"CREATE INDEX calculations_by_till ON calculations (pos, business_unit, organization)"_s,
     };
     return statements;
 }

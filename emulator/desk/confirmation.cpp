@@ -20,15 +20,16 @@ bool isIssued(const std::optional<LastCalculation> &last, Amount points)
     return last && last->wish == points && !last->code.isEmpty();
 }
 
-bool isVoid(const LastCalculation &last, const Spending &rules, const QDateTime &now)
+} // namespace
+
+bool isCodeVoid(
+    const QDateTime &issued, int wrongCodes, const Spending &rules, const QDateTime &now)
 {
     constexpr qint64 secondsPerMinute = 60;
     const bool isTooOld
-        = rules.codeMinutes && last.codeIssued.secsTo(now) >= *rules.codeMinutes * secondsPerMinute;
-    return isTooOld || (rules.codeAttempts && last.wrongCodes >= *rules.codeAttempts);
+        = rules.codeMinutes && issued.secsTo(now) >= *rules.codeMinutes * secondsPerMinute;
+    return isTooOld || (rules.codeAttempts && wrongCodes >= *rules.codeAttempts);
 }
-
-} // namespace
 
 QString issueCode(const SaleRequest &request, Amount points, const Spending &rules)
 {
@@ -51,7 +52,7 @@ Verdict verdictOn(const SaleRequest &request, Amount points, const Spending &rul
         return Verdict::Confirmed;
     if (!request.confirmation->confirm || request.confirmation->code.isEmpty())
         return Verdict::NoCode;
-    if (isVoid(*last, rules, now))
+    if (isCodeVoid(last->codeIssued, last->wrongCodes, rules, now))
         return Verdict::CodeIsVoid;
     return request.confirmation->code == last->code ? Verdict::Confirmed : Verdict::WrongCode;
 }

@@ -10,12 +10,16 @@ namespace emulator {
 /// Empty when none was asked for or no points are to be spent.
 QString issueCode(const SaleRequest &request, Amount points, const Spending &rules);
 
+/// Whether a code holds no longer: it is too old, or too many wrong ones were tried.
+bool isCodeVoid(
+    const QDateTime &issued, int wrongCodes, const Spending &rules, const QDateTime &now);
+
 enum class Verdict
 {
     Confirmed,
     NoCode, ///< a code is wanted and none was issued for these points, or none is given
     WrongCode,
-    CodeIsVoid ///< it is too old, or too many wrong ones were tried
+    CodeIsVoid
 };
 
 /// Whether these points may be written off. Where a code was issued for just these points, with

@@ -3,6 +3,7 @@
 #include "emulator/books/audit.h"
 #include "emulator/books/tables.h"
 #include "emulator/desk/carddesk.h"
+#include "emulator/desk/confirmation.h"
 #include "emulator/desk/returncodes.h"
 #include "emulator/desk/returndesk.h"
 #include "emulator/desk/rollbackdesk.h"
@@ -77,6 +78,15 @@ Answer Desk::refuse(const Request &request, const Outcome &outcome)
     if (sale && outcome.code == returncodes::notEnoughPoints)
         return refuseSpending(context(), *sale, outcome);
     return ChequeAnswer{outcome, {}};
+}
+
+std::vector<WaitingCode> Desk::waitingCodes(const QString &card) const
+{
+    std::vector<WaitingCode> codes = m_books.calculations.waitingCodes(card);
+    std::erase_if(codes, [this](const WaitingCode &waiting) {
+        return isCodeVoid(waiting.issued, waiting.wrongCodes, m_data.spending, m_clock());
+    });
+    return codes;
 }
 
 void Desk::reset()

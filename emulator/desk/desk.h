@@ -30,6 +30,9 @@ public:
 
     const Books &books() const { return m_books; }
 
+    /// Codes for the card that wait to be typed and still hold; for all cards when it is empty.
+    std::vector<WaitingCode> waitingCodes(const QString &card = {}) const;
+
 private:
     DeskContext context();
     std::optional<Outcome> forcedOutcome(const Request &request) const;

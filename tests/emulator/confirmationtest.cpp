@@ -103,9 +103,11 @@ TEST_F(ConfirmationTest, FromTheQueueNeedsNoCodeWhereOneWasIssuedForThesePoints)
 TEST_F(ConfirmationTest, OfAChequeThatIsOverWaitsForNobody)
 {
     whenCodeIsAsked("150.00");
-    EXPECT_EQ(desk().books().calculations.waitingCodes(sale.card).size(), 1u);
+    EXPECT_EQ(desk().waitingCodes(sale.card).size(), 1u);
+    EXPECT_EQ(desk().waitingCodes().size(), 1u);
+    EXPECT_TRUE(desk().waitingCodes(u"2900000000024"_s).empty());
     desk().answer(BalanceRequest{sale.till, sale.card});
-    EXPECT_TRUE(desk().books().calculations.waitingCodes(sale.card).empty());
+    EXPECT_TRUE(desk().waitingCodes(sale.card).empty());
 }
 
 TEST_F(ConfirmationTest, FromTheQueueNeedsTheCodeForOtherPoints)
@@ -157,7 +159,9 @@ TEST_F(ConfirmationTest, HoldsForItsMinutes)
     now = now.addSecs(5 * 60);
     thenRefused(
         registration(asked, "150.00", asked.verificationCode), returncodes::wrongConfirmation);
+    EXPECT_TRUE(desk().waitingCodes().empty());
     now = now.addSecs(-1);
+    EXPECT_EQ(desk().waitingCodes().size(), 1u);
     whenAccepted(registration(asked, "150.00", asked.verificationCode));
 }
 
@@ -185,6 +189,7 @@ TEST_F(ConfirmationTest, IsVoidAfterSoManyWrongOnes)
     const ChequeAnswer late = whenAnswered(registration(asked, "150.00", asked.verificationCode));
     EXPECT_EQ(late.outcome.code, returncodes::wrongConfirmation);
     EXPECT_EQ(late.outcome.message, u"Код подтверждения больше не действует");
+    EXPECT_TRUE(desk().waitingCodes().empty());
     desk().answer(BalanceRequest{sale.till, sale.card});
     const ChequeFigures again = whenCodeIsAsked("150.00");
     whenAccepted(registration(again, "150.00", again.verificationCode));
@@ -207,6 +212,17 @@ TEST_F(ConfirmationTest, WithTheLastAttemptStillWritesOff)
     const ChequeFigures asked = whenCodeIsAsked("150.00");
     thenRefused(registration(asked, "150.00", u"0"_s), returncodes::wrongConfirmation);
     whenAccepted(registration(asked, "150.00", asked.verificationCode));
+}
+
+TEST_F(ConfirmationTest, FromTheQueueIsKnownBehindManyOtherCheques)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    const SaleRequest registered = fiscal(sale, asked, amount("150.00"));
+    for (int other = 0; other <= Calculations::keptForATill; ++other) {
+        sale.number = QString::number(1000 + other);
+        whenAccepted(sale);
+    }
+    whenAccepted(registered);
 }
 
 TEST_F(ConfirmationTest, FromTheQueueIsNeverTooLate)
