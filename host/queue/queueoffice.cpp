@@ -124,6 +124,9 @@ QList<QueueMessage> QueueOffice::listOwn(const Page &page)
 // In one statement, since a million of them take minutes.
 QList<QueueMessage> QueueOffice::numbered(const QList<qint64> &numbers)
 {
+    // An empty list is no list to a server.
+    if (numbers.isEmpty())
+        return {};
     QStringList texts;
     for (const qint64 number : numbers)
         texts.append(QString::number(number));

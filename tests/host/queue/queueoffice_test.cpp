@@ -175,15 +175,6 @@ TEST_F(QueueOfficeTest, MessagesAreFoundByTheirDocument)
     EXPECT_TRUE(office.ofDocument(u""_s).isEmpty());
 }
 
-TEST_F(QueueOfficeTest, MessagesOfADocumentAreFoundByTheirIndex)
-{
-    const QVariantList plan = ask(u"EXPLAIN QUERY PLAN SELECT id FROM messages WHERE "
-                                  u"correlation_id = ? AND correlation_id <> '' ORDER BY number"_s,
-        {u"doc"_s});
-    EXPECT_TRUE(plan.constLast().toString().contains(u"USING INDEX messages_of_documents"_s))
-        << qPrintable(plan.constLast().toString());
-}
-
 TEST_F(QueueOfficeTest, RetryLetsAMessageBeSentNow)
 {
     givenOneOfEach();

@@ -227,8 +227,11 @@ TEST_P(UnauthorisedTest, EndsThePassAndParksNothing)
 
 TEST_P(UnauthorisedTest, HoldsBackWhatIsDueUntilTheServiceAccepts)
 {
+    // Where machines share the queue, each has its own: its name stands behind that of the fact.
     const auto fact = [](const QString &name) {
-        return ask(u"SELECT value FROM facts WHERE name = ?"_s, {name}).value(0).toString();
+        return ask(u"SELECT value FROM facts WHERE name LIKE ?"_s, {QString(name + u'%')})
+            .value(0)
+            .toString();
     };
     givenMessage(u"one"_s);
     givenMessage(u"two"_s);
@@ -239,7 +242,7 @@ TEST_P(UnauthorisedTest, HoldsBackWhatIsDueUntilTheServiceAccepts)
     whenDelivered();
     EXPECT_EQ(fact(u"stops_in_row"_s), u"2"_s);
     EXPECT_EQ(whenDelivered().delivered, 2);
-    EXPECT_EQ(fact(u"stops_in_row"_s), u"0"_s);
+    EXPECT_EQ(fact(u"stops_in_row"_s).toInt(), 0);
     EXPECT_TRUE(fact(u"held_until"_s).isEmpty());
 }
 
