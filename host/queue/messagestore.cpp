@@ -133,6 +133,8 @@ CheckedOut MessageStore::settleAndCheckOut(const QueueMessage &message, const Wa
     noteOutcome(message);
     const CheckedOut next = takeNext(wanted);
     transaction.commit();
+    if (++m_settled % settledBetweenSums == 0)
+        sumCounts();
     return next;
 }
 
@@ -340,8 +342,8 @@ void MessageStore::release()
 {
     QueueTransaction transaction(database());
     for (const QString &fact : {queuefacts::stopsInRow, queuefacts::heldUntil})
-        database().run(
-            u"UPDATE facts SET value = '' WHERE name LIKE ?"_s, QVariantList{QString(fact + u'%')});
+        database().run(u"UPDATE facts SET value = '' WHERE name LIKE ?"_s,
+            QVariantList{QString(fact + u'%')});
     transaction.commit();
 }
 

@@ -46,13 +46,15 @@ QueueDatabase::QueueDatabase(const QString &fileName, Use use)
         configure();
 }
 
-QueueDatabase::QueueDatabase(const ServerAddress &address)
+QueueDatabase::QueueDatabase(
+    const ServerAddress &address, std::chrono::steady_clock::time_point deadline)
     : m_fileName(address.shown())
     , m_dialect(sqldialect::postgresql())
     , m_connection(m_dialect.driver)
 {
-    serverconnection::open(m_connection.database(), address);
+    serverconnection::open(m_connection.database(), address, deadline);
     m_watch = std::make_unique<StatementWatch>(serverconnection::socket(m_connection.database()));
+    const QueueDeadline bounded(*this, deadline);
     serverconnection::configure(*this);
 }
 
@@ -61,7 +63,8 @@ QueueDatabase::~QueueDatabase() = default;
 void QueueDatabase::fail(const QString &what, const QSqlError &error) const
 {
     if (m_dialect.isShared())
-        throw QueueUnreached(what + u": " + serverconnection::shown(error));
+        throw QueueUnreached(what + u": "
+            + (wasCut() ? serverconnection::notAnsweredInTime : serverconnection::shown(error)));
     const QString text = what + u": " + error.text();
     const int code = error.nativeErrorCode().toInt() & PrimaryCode;
     if (code == Corrupt || code == NoDatabase)
@@ -114,16 +117,14 @@ void QueueDatabase::noteFact(const QString &name, const QString &value)
     run(m_dialect.noteFact, {value, name});
 }
 
-void QueueDatabase::setDeadline(std::chrono::steady_clock::time_point deadline)
+std::chrono::steady_clock::time_point QueueDatabase::soon()
 {
-    if (m_watch)
-        m_watch->setDeadline(deadline);
+    return std::chrono::steady_clock::now() + StatementWatch::limit;
 }
 
-void QueueDatabase::endDeadline()
+bool QueueDatabase::wasCut() const
 {
-    if (m_watch)
-        m_watch->endDeadline();
+    return m_watch && m_watch->hasCut();
 }
 
 QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &values)
@@ -158,6 +159,20 @@ QString QueueDatabase::execution(const QString &statement, const QVariantList &v
     }
     return serverconnection::execution(
         m_connection.database(), m_prepared.value(statement), values);
+}
+
+QueueDeadline::QueueDeadline(
+    QueueDatabase &database, std::chrono::steady_clock::time_point deadline)
+    : m_watch(database.m_watch.get())
+{
+    if (m_watch)
+        m_watch->setDeadline(deadline);
+}
+
+QueueDeadline::~QueueDeadline()
+{
+    if (m_watch)
+        m_watch->endDeadline();
 }
 
 QueueTransaction::QueueTransaction(QueueDatabase &database)

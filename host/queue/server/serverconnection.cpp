@@ -2,6 +2,7 @@
 
 #include "host/queue/queuedatabase.h"
 #include "host/queue/queueerror.h"
+#include "host/queue/server/connectionwatch.h"
 #include "host/queue/server/serverlookup.h"
 
 #include <QSqlDriver>
@@ -9,14 +10,18 @@
 
 #include <libpq-fe.h>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace serverconnection {
 
 namespace {
 
-// Seconds; the library knows no shorter wait.
+// Seconds; the library knows no shorter wait, and our own ends before it.
 constexpr int answersWaitedFor = 2;
+// Where it is kept open for hours, routers must not forget it between two sales.
+constexpr int idleSecondsToProbe = 60;
 // A machine that vanished within a transaction gives its locks back after this time.
 constexpr int idleTransactionMilliseconds = 10000;
 constexpr int statementMilliseconds = 2000;
@@ -30,7 +35,8 @@ QString quoted(QString value)
 QString options(const ServerAddress &address, const QString &networkAddress)
 {
     QStringList options{u"connect_timeout=%1"_s.arg(answersWaitedFor),
-        u"application_name=korvel-queue"_s, u"client_encoding=UTF8"_s};
+        u"keepalives_idle=%1"_s.arg(idleSecondsToProbe), u"application_name=korvel-queue"_s,
+        u"client_encoding=UTF8"_s};
     if (!networkAddress.isEmpty())
         options.append(u"hostaddr="_s + networkAddress);
     for (auto option = address.tls.cbegin(); option != address.tls.cend(); ++option)
@@ -52,30 +58,43 @@ void demand(QueueDatabase &database, const QString &setting, const QString &want
             database.fileName(), setting, found, wanted));
 }
 
+/// The network address of the server; empty for a socket.
+QString find(const ServerAddress &address, const QString &what,
+    std::chrono::steady_clock::time_point deadline)
+{
+    if (address.isSocket())
+        return {};
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+        deadline - std::chrono::steady_clock::now());
+    // No time at all would mean any time.
+    const auto found = serverlookup::find(
+        address.host, address.port, std::max(left / 2, std::chrono::milliseconds(1)));
+    if (!found.error.isEmpty())
+        throw QueueUnreached(what + found.error);
+    return found.networkAddress;
+}
+
 } // namespace
 
-void open(QSqlDatabase &database, const ServerAddress &address)
+void open(QSqlDatabase &database, const ServerAddress &address,
+    std::chrono::steady_clock::time_point deadline)
 {
     const QString what = address.shown()
         + u": the queue's server cannot be reached, see "
           u"\"Queue:database\": "_s;
     if (!database.isValid())
         throw QueueUnreached(what + u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)");
-    QString networkAddress;
-    if (!address.isSocket()) {
-        const auto found = serverlookup::find(address.host, address.port);
-        if (!found.error.isEmpty())
-            throw QueueUnreached(what + found.error);
-        networkAddress = found.networkAddress;
-    }
+    const QString networkAddress = find(address, what, deadline);
     database.setHostName(address.host);
     database.setPort(address.port);
     database.setDatabaseName(address.database);
     database.setUserName(address.user);
     database.setPassword(address.password);
     database.setConnectOptions(options(address, networkAddress));
+    const ConnectionWatch watch(address, networkAddress, deadline);
     if (!database.open())
-        throw QueueUnreached(what + shown(database.lastError()));
+        throw QueueUnreached(
+            what + (watch.hasCut() ? notAnsweredInTime : shown(database.lastError())));
 }
 
 int socket(const QSqlDatabase &database)

@@ -39,6 +39,7 @@ private:
 
     MessageStore &reach(Clock::time_point deadline);
     bool moveOver(Clock::time_point until);
+    void pause(const QueueUnusable &cause);
     void putHere(const QueueMessage &message);
     bool moveSome(MessageStore &local);
     template <typename Work> void bounded(const Work &work);

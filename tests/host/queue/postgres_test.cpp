@@ -80,6 +80,22 @@ TEST_F(PostgresTest, TablesOfANewerVersionThatThisOneCopesWithAreUsed)
     EXPECT_EQ(errorOf(queueengine::setting()), QString());
 }
 
+TEST_F(PostgresTest, TablesOfAnOlderVersionAreLeftAlone)
+{
+    queue()->open();
+    ask(u"UPDATE facts SET value = '1' WHERE name = 'layout'"_s);
+    EXPECT_TRUE(errorOf(queueengine::setting())
+                    .contains(u"older version (1, this one needs 2); name another"_s));
+}
+
+TEST_F(PostgresTest, TablesOfAnotherProgramAreLeftAlone)
+{
+    ask(u"CREATE TABLE messages (text TEXT)"_s);
+    EXPECT_TRUE(
+        errorOf(queueengine::setting()).contains(u"a table \"messages\" of another program"_s));
+    EXPECT_EQ(ask(u"SELECT count(*) FROM pg_tables WHERE tablename = 'facts'"_s), QVariantList{0});
+}
+
 TEST_F(PostgresTest, CommitsAreSyncedWhateverIsUsualForTheUser)
 {
     ask(u"ALTER ROLE till SET synchronous_commit = off"_s);
@@ -188,6 +204,51 @@ TEST_F(PostgresTest, CountsAreSummedByEveryPass)
     EXPECT_EQ(ask(u"SELECT count(*) FROM counts"_s), QVariantList{5});
     EXPECT_EQ(ask(u"SELECT messages FROM counts WHERE state = 'delivered'"_s), QVariantList{5});
     EXPECT_EQ(queue()->waiting(), 0);
+}
+
+TEST_F(PostgresTest, ManyCountsAreSummedStepByStep)
+{
+    givenMessage(u"one"_s);
+    ask(u"INSERT INTO counts SELECT 'parked', 1 FROM generate_series(1, 25000)"_s);
+    whenDelivered();
+    const int left = ask(u"SELECT count(*) FROM counts"_s).value(0).toInt();
+    EXPECT_LT(left, 16000);
+    EXPECT_GT(left, 14000);
+    whenDelivered();
+    whenDelivered();
+    EXPECT_EQ(ask(u"SELECT count(*) FROM counts"_s), QVariantList{5});
+    EXPECT_EQ(ask(u"SELECT messages FROM counts WHERE state = 'parked'"_s), QVariantList{25000});
+}
+
+TEST_F(PostgresTest, CountsOfALongPassAreSummedOnTheWay)
+{
+    const auto store = queueengine::openStore();
+    QList<QueueMessage> messages;
+    for (int number = 0; number <= MessageStore::settledBetweenSums; ++number)
+        messages.append(messageOfLane(QString::number(number), u"1"_s));
+    store->takeIn(messages);
+    auto next = store->checkOut({noon}).message;
+    for (int number = 0; number < MessageStore::settledBetweenSums; ++number) {
+        ASSERT_TRUE(next);
+        next->state = MessageState::Delivered;
+        next = store->settleAndCheckOut(*next, {noon}).message;
+    }
+    EXPECT_EQ(ask(u"SELECT count(*) FROM counts"_s), QVariantList{5});
+}
+
+TEST_F(PostgresTest, AttemptIsCommittedBeforeTheRequestAndNoTransactionIsOpen)
+{
+    givenMessage(u"one"_s);
+    QVariantList counted;
+    QVariantList open;
+    givenDuringExchange([&counted, &open] {
+        counted = ask(u"SELECT state, attempts FROM messages"_s);
+        open = ask(u"SELECT count(*), count(*) FILTER (WHERE state <> 'idle') FROM "
+                   u"pg_stat_activity WHERE application_name = 'korvel-queue'"_s);
+    });
+    whenDelivered();
+    EXPECT_EQ(counted, (QVariantList{u"sending"_s, 1}));
+    EXPECT_EQ(open, (QVariantList{1, 0}));
 }
 
 // What one thread is given of each lane, while others work beside it.

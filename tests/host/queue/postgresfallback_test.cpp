@@ -187,6 +187,26 @@ TEST_F(PostgresFallbackTest, WhatWasExportedOrDeliveredHereStaysHere)
     EXPECT_EQ(onServer(), QStringList());
 }
 
+TEST_F(PostgresFallbackTest, WhatTheFileHadDeliveredIsKeptNoLongerThanUsual)
+{
+    {
+        MessageStore local(databaseFile());
+        for (const int daysAgo : {31, 29}) {
+            QueueMessage message;
+            message.id = QString::number(daysAgo);
+            message.state = MessageState::Delivered;
+            message.settled = QDateTime::currentDateTimeUtc().addDays(-daysAgo);
+            local.append(message);
+        }
+    }
+    whenDelivered();
+    MessageStore local(databaseFile());
+    QSqlQuery left = local.database().run(u"SELECT id FROM messages"_s);
+    ASSERT_TRUE(left.next());
+    EXPECT_EQ(left.value(0).toString(), u"29"_s);
+    EXPECT_FALSE(left.next());
+}
+
 TEST_F(PostgresFallbackTest, WhatAnotherProgramDeliversFromTheFileDoesNotMove)
 {
     const LogCapture log(u"poshost.queue"_s);
