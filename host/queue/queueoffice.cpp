@@ -124,7 +124,7 @@ QList<QueueMessage> QueueOffice::listOwn(const Page &page)
 // In one statement, since a million of them take minutes.
 QList<QueueMessage> QueueOffice::numbered(const QList<qint64> &numbers)
 {
-    // An empty list is no list to a server.
+    // An empty list is a syntax error for the server.
     if (numbers.isEmpty())
         return {};
     QStringList texts;

@@ -69,10 +69,13 @@ void makePrivateFolder(const QString &folder)
     const QString made = QDir::cleanPath(folder);
     // Each one synced: a folder whose own name is lost takes with it whatever was synced below.
     makePrivateFolder(folderOf(made));
-    if (::mkdir(QFile::encodeName(made).constData(), posix::privateFolder) != 0)
+    const bool isMade = ::mkdir(QFile::encodeName(made).constData(), posix::privateFolder) == 0;
+    const QString error = isMade ? QString() : posix::lastError();
+    // Another program may have been first, and not have synced it yet.
+    if (!isMade && !QFileInfo(made).isDir())
         throw StorageError(
             u"%1: the folder cannot be made: %2; make it, or choose another one"_s.arg(
-                folder, posix::lastError()));
+                folder, error));
     posix::syncFolder(folderOf(made));
 }
 

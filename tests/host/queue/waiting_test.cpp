@@ -227,7 +227,7 @@ TEST_P(UnauthorisedTest, EndsThePassAndParksNothing)
 
 TEST_P(UnauthorisedTest, HoldsBackWhatIsDueUntilTheServiceAccepts)
 {
-    // Where machines share the queue, each has its own: its name stands behind that of the fact.
+    // A shared queue keeps them for each machine.
     const auto fact = [](const QString &name) {
         return ask(u"SELECT value FROM facts WHERE name LIKE ?"_s, {QString(name + u'%')})
             .value(0)

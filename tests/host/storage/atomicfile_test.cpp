@@ -10,7 +10,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <barrier>
 #include <csignal>
+#include <future>
+#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -150,6 +153,30 @@ TEST_F(AtomicFileTest, RemovesAFileAndMissesNoneThatIsNotThere)
 TEST_F(AtomicFileTest, WhatCannotBeRemovedIsAnError)
 {
     EXPECT_THROW(atomicfile::remove(folder.path()), StorageError);
+}
+
+TEST_F(AtomicFileTest, ManyMakeTheSameFolderAtOnce)
+{
+    constexpr int makers = 4;
+    constexpr int rounds = 100;
+    std::barrier start(makers);
+    const auto makeAll = [&] {
+        int failures = 0;
+        for (int round = 0; round < rounds; ++round) {
+            start.arrive_and_wait();
+            try {
+                atomicfile::makePrivateFolder(folder.filePath(u"%1/deep/folder"_s.arg(round)));
+            } catch (const StorageError &) {
+                ++failures;
+            }
+        }
+        return failures;
+    };
+    std::vector<std::future<int>> made;
+    for (int maker = 0; maker < makers; ++maker)
+        made.push_back(std::async(std::launch::async, makeAll));
+    for (auto &failures : made)
+        EXPECT_EQ(failures.get(), 0);
 }
 
 } // namespace

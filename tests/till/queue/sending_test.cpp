@@ -61,6 +61,8 @@ public:
         ::kill(static_cast<pid_t>(process.processId()), signal);
         EXPECT_TRUE(process.waitForFinished());
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        if (process.exitCode() != 0)
+            ADD_FAILURE() << process.readAllStandardError().toStdString();
         return process.exitCode();
     }
     QList<QByteArray> sent() const
