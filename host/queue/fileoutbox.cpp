@@ -64,6 +64,11 @@ QList<MessageStore *> FileOutbox::toLookAt()
     return {&store()};
 }
 
+QString FileOutbox::folder() const
+{
+    return QFileInfo(m_fileName).absolutePath();
+}
+
 void FileOutbox::close(const QueueUnusable &error)
 {
     // A server's failure while messages move is no damage of the file that they are in.
@@ -101,7 +106,7 @@ void FileOutbox::takeInSpilled()
 
 void FileOutbox::spill(const QueueMessage &message)
 {
-    atomicfile::makePrivateFolder(QFileInfo(m_fileName).absolutePath());
+    atomicfile::makePrivateFolder(folder());
     try {
         m_spill.append(message);
     } catch (const StorageError &) {

@@ -20,6 +20,7 @@ public:
     void put(const QueueMessage &message) override;
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
+    [[nodiscard]] QString folder() const override;
     void close(const QueueUnusable &error) override;
 
 private:

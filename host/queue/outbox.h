@@ -26,6 +26,10 @@ public:
     /// to get there. Of a queue that cannot be reached only the latter.
     /// @throws StorageError when nothing can be opened.
     [[nodiscard]] virtual QList<MessageStore *> toLookAt() = 0;
+    /// Where this machine's own files of the queue are.
+    [[nodiscard]] virtual QString folder() const = 0;
+    /// Whether other machines may change the queue.
+    [[nodiscard]] virtual bool isShared() const { return false; }
     /// Why the queue could not be reached the last time; empty: it could, or needs no reaching.
     [[nodiscard]] virtual QString unreached() const { return {}; }
     /// Closes what cannot be used any more; the next operation opens it again, and sets a damaged

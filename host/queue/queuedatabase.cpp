@@ -64,7 +64,8 @@ void QueueDatabase::fail(const QString &what, const QSqlError &error) const
 {
     if (m_dialect.isShared())
         throw QueueUnreached(what + u": "
-            + (wasCut() ? serverconnection::notAnsweredInTime : serverconnection::shown(error)));
+            + (wasCut() ? serverconnection::notAnsweredInTime : serverconnection::shown(error))
+            + u"; look at the server and the network");
     const QString text = what + u": " + error.text();
     const int code = error.nativeErrorCode().toInt() & PrimaryCode;
     if (code == Corrupt || code == NoDatabase)

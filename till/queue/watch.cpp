@@ -1,6 +1,7 @@
 #include "till/queue/watch.h"
 
 #include "host/framework/currenttime.h"
+#include "host/queue/backoff.h"
 #include "host/storage/storageerror.h"
 #include "till/queue/deliverytext.h"
 #include "till/queue/folderwatch.h"
@@ -8,7 +9,7 @@
 #include "till/queue/queueaccess.h"
 #include <log4qt/logmanager.h>
 
-#include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -42,24 +43,23 @@ public:
         return report;
     }
 
-    void run() const
+    void run()
     {
-        const QString file
-            = m_queue.inOffice([](const QueueOffice &office) { return office.fileName(); });
-        FolderWatch folder(QFileInfo(file).absolutePath(), m_stop);
-        logger()->info(u"watching %1"_s.arg(file));
+        FolderWatch folder(m_queue.folder(), m_stop);
+        logger()->info(u"watching %1"_s.arg(m_queue.folder()));
         while (!m_stop.isMade()) {
             // What comes from now on, during the pass too, is seen behind it.
             folder.forget();
             try {
                 const auto pause = passAndPause();
+                noteUsable();
                 folder.pause(watchpause::shortest);
-                folder.waitForChange(pause);
+                waitBehindPass(folder, pause);
             } catch (const StorageError &error) {
-                complain(QString::fromUtf8(error.what()));
-                logger()->error(QString::fromUtf8(error.what()));
+                noteUnusable(QString::fromUtf8(error.what()));
                 // Deaf to changes: opening the queue again makes some itself.
-                folder.pause(watchpause::failed);
+                folder.pause(
+                    backoff::waitAfter(m_failures, QRandomGenerator::global()->generateDouble()));
             }
         }
         logger()->info(u"asked to end"_s);
@@ -73,9 +73,39 @@ private:
         return pauseBehind(report, now, m_queue.nextDue());
     }
 
+    // What other machines put into a shared queue changes no file here.
+    void waitBehindPass(const FolderWatch &folder, std::chrono::milliseconds pause) const
+    {
+        const auto end = std::chrono::steady_clock::now() + pause;
+        while (
+            !folder.waitForChange(m_queue.isShared() ? std::min(pause, watchpause::shared) : pause)
+            && !m_stop.isMade() && std::chrono::steady_clock::now() < end) {
+            const QDateTime next = m_queue.nextDue();
+            if (next.isValid() && next <= MockFactory<CurrentTime>::create()->currentDateTime())
+                return;
+        }
+    }
+
+    void noteUnusable(const QString &reason)
+    {
+        logger()->error(reason);
+        if (++m_failures == 1)
+            complain(reason + u"; it is tried again until it can be used"_s);
+    }
+
+    void noteUsable()
+    {
+        if (m_failures == 0)
+            return;
+        m_failures = 0;
+        logger()->info(u"the queue can be used again"_s);
+        complain(u"the queue can be used again"_s);
+    }
+
     DBQueueBroker &m_queue;
     const StopRequest &m_stop;
     bool m_json;
+    int m_failures = 0; ///< passes in a row that could not use the queue
 };
 
 } // namespace
@@ -95,7 +125,7 @@ namespace queuecommands {
 int watch(const QueueOptions &options, bool once)
 {
     const StopRequest stop;
-    const Watch service(openQueue(options, u"watch"_s), stop, options.json);
+    Watch service(openQueue(options, u"watch"_s), stop, options.json);
     if (once)
         return static_cast<int>(deliveryStatus(service.pass()));
     service.run();

@@ -24,15 +24,16 @@ inline constexpr std::chrono::milliseconds othersAtWork = std::chrono::seconds(1
 /// Between two passes, whatever happens: a queue that others change all the time must not keep the
 /// service looking all the time.
 inline constexpr std::chrono::milliseconds shortest = std::chrono::milliseconds(250);
-/// Behind a pass that could not read or write the queue.
-inline constexpr std::chrono::milliseconds failed = std::chrono::seconds(10);
+/// Between two looks at a queue that other machines change too.
+inline constexpr std::chrono::milliseconds shared = std::chrono::seconds(1);
 } // namespace watchpause
 
 namespace queuecommands {
 
 /// `watch`: delivers what is due, all the time, until SIGTERM or SIGINT; the message in hand is
 /// finished. A line on standard output for each pass that did something. A queue that cannot be
-/// read or written is told of and tried again.
+/// read or written, the server of a shared one for instance, is told of once and tried again after
+/// the waiting time of a message that failed as often; that it can be used again is told too.
 /// @param once one pass only.
 /// @return 0 at the end; with `once` as `deliver`.
 /// @throws what `openQueue` throws, at the start.

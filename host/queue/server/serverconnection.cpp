@@ -54,13 +54,20 @@ void demand(QueueDatabase &database, const QString &setting, const QString &want
 {
     const QString found = answerTo(database, u"SHOW "_s + setting);
     if (found != wanted)
-        throw QueueUnreached(u"%1: the queue's server has %2 = %3 where %4 is needed"_s.arg(
-            database.fileName(), setting, found, wanted));
+        throw QueueUnreached(
+            u"%1: the queue's server has %2 = %3 where %4 is needed; set it there"_s.arg(
+                database.fileName(), setting, found, wanted));
+}
+
+[[noreturn]] void failToReach(const ServerAddress &address, const QString &reason)
+{
+    throw QueueUnreached(
+        u"%1: the queue's server cannot be reached: %2; look at the server, the network "
+        u"and \"Queue:database\""_s.arg(address.shown(), reason));
 }
 
 /// The network address of the server; empty for a socket.
-QString find(const ServerAddress &address, const QString &what,
-    std::chrono::steady_clock::time_point deadline)
+QString find(const ServerAddress &address, std::chrono::steady_clock::time_point deadline)
 {
     if (address.isSocket())
         return {};
@@ -70,7 +77,7 @@ QString find(const ServerAddress &address, const QString &what,
     const auto found = serverlookup::find(
         address.host, address.port, std::max(left / 2, std::chrono::milliseconds(1)));
     if (!found.error.isEmpty())
-        throw QueueUnreached(what + found.error);
+        failToReach(address, found.error);
     return found.networkAddress;
 }
 
@@ -79,12 +86,9 @@ QString find(const ServerAddress &address, const QString &what,
 void open(QSqlDatabase &database, const ServerAddress &address,
     std::chrono::steady_clock::time_point deadline)
 {
-    const QString what = address.shown()
-        + u": the queue's server cannot be reached, see "
-          u"\"Queue:database\": "_s;
     if (!database.isValid())
-        throw QueueUnreached(what + u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)");
-    const QString networkAddress = find(address, what, deadline);
+        failToReach(address, u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)"_s);
+    const QString networkAddress = find(address, deadline);
     database.setHostName(address.host);
     database.setPort(address.port);
     database.setDatabaseName(address.database);
@@ -93,8 +97,7 @@ void open(QSqlDatabase &database, const ServerAddress &address,
     database.setConnectOptions(options(address, networkAddress));
     const ConnectionWatch watch(address, networkAddress, deadline);
     if (!database.open())
-        throw QueueUnreached(
-            what + (watch.hasCut() ? notAnsweredInTime : shown(database.lastError())));
+        failToReach(address, watch.hasCut() ? notAnsweredInTime : shown(database.lastError()));
 }
 
 int socket(const QSqlDatabase &database)

@@ -31,6 +31,8 @@ public:
     /// @throws QueueUnreached when the server cannot be reached.
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
+    [[nodiscard]] QString folder() const override { return m_local->folder(); }
+    [[nodiscard]] bool isShared() const override { return true; }
     [[nodiscard]] QString unreached() const override { return m_lastFailure; }
     void close(const QueueUnusable &error) override;
 

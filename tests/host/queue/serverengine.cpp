@@ -4,13 +4,9 @@
 #include "tests/host/queue/queueengine.h"
 #include "tests/host/queue/queuefixture.h"
 
-#include <QCoreApplication>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -72,15 +68,3 @@ void endLeases()
 }
 
 } // namespace queueengine
-
-// Without a server there is nothing to test against.
-int main(int argc, char *argv[])
-{
-    const QCoreApplication application(argc, argv);
-    testing::InitGoogleMock(&argc, argv);
-    if (!testing::GTEST_FLAG(list_tests) && !PostgresServer::instance()) {
-        std::puts("skipped: no PostgreSQL server is installed; tools/setup installs it");
-        return 77;
-    }
-    return RUN_ALL_TESTS();
-}
