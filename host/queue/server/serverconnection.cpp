@@ -5,6 +5,7 @@
 #include "host/queue/server/connectionwatch.h"
 #include "host/queue/server/serverlookup.h"
 
+#include <QCoreApplication>
 #include <QSqlDriver>
 #include <QSqlField>
 
@@ -35,7 +36,9 @@ QString quoted(QString value)
 QString options(const ServerAddress &address, const QString &networkAddress)
 {
     QStringList options{u"connect_timeout=%1"_s.arg(answersWaitedFor),
-        u"keepalives_idle=%1"_s.arg(idleSecondsToProbe), u"application_name=korvel-queue"_s,
+        u"keepalives_idle=%1"_s.arg(
+            idleSecondsToProbe), // For who looks at the server whose connections it has.
+        u"application_name=korvel-queue-%1"_s.arg(QCoreApplication::applicationPid()),
         u"client_encoding=UTF8"_s};
     if (!networkAddress.isEmpty())
         options.append(u"hostaddr="_s + networkAddress);
