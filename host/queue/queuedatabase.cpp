@@ -128,7 +128,8 @@ bool QueueDatabase::wasCut() const
     return m_watch && m_watch->hasCut();
 }
 
-QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &values)
+QSqlQuery QueueDatabase::run(
+    const QString &statement, const QVariantList &values, Planning planning)
 {
     const StatementWatch::Statement watched(m_watch.get());
     QSqlQuery query(m_connection.database());
@@ -136,7 +137,7 @@ QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &value
     query.setForwardOnly(!m_dialect.isShared());
     bool done = true;
     if (m_dialect.isShared()) {
-        done = query.exec(values.isEmpty() ? statement : execution(statement, values));
+        done = query.exec(execution(statement, values, planning));
     } else {
         done = query.prepare(statement);
         for (const QVariant &value : values)
@@ -149,8 +150,13 @@ QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &value
 }
 
 // Prepared once, and then one way to the server and back each time; the driver would make three.
-QString QueueDatabase::execution(const QString &statement, const QVariantList &values)
+QString QueueDatabase::execution(
+    const QString &statement, const QVariantList &values, Planning planning)
 {
+    if (values.isEmpty())
+        return statement;
+    if (planning == Planning::EachTime)
+        return serverconnection::filled(m_connection.database(), statement, values);
     if (!m_prepared.contains(statement)) {
         const QString name = u"queue_%1"_s.arg(m_prepared.size());
         QSqlQuery query(m_connection.database());

@@ -61,8 +61,15 @@ public:
     /// The file, or the address of the server without a password.
     [[nodiscard]] QString fileName() const { return m_fileName; }
     [[nodiscard]] const SqlDialect &dialect() const { return m_dialect; }
+    /// When a server chooses how it runs a statement; a file does so each time.
+    enum class Planning : int
+    {
+        Once, ///< for whatever values: the quickest where they make no difference
+        EachTime, ///< for these values: where they decide which index leads to few rows
+    };
     /// Runs one statement with its values in the order of their question marks.
-    QSqlQuery run(const QString &statement, const QVariantList &values = {});
+    QSqlQuery run(const QString &statement, const QVariantList &values = {},
+        Planning planning = Planning::Once);
     /// The value of a PRAGMA of SQLite.
     [[nodiscard]] QString ask(const QString &pragma);
 
@@ -82,7 +89,7 @@ private:
 
     void open(Use use);
     void configure();
-    QString execution(const QString &statement, const QVariantList &values);
+    QString execution(const QString &statement, const QVariantList &values, Planning planning);
     [[noreturn]] void fail(const QString &what, const QSqlError &error) const;
 
     QString m_fileName;

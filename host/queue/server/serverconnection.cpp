@@ -62,6 +62,20 @@ void demand(QueueDatabase &database, const QString &setting, const QString &want
                 database.fileName(), setting, found, wanted));
 }
 
+QStringList literalsOf(const QSqlDatabase &database, const QVariantList &values)
+{
+    QStringList literals;
+    for (const QVariant &value : values) {
+        QSqlField field({}, value.metaType());
+        if (value.typeId() == QMetaType::QString)
+            field.setValue(value.toString().remove(QChar(u'\0')));
+        else
+            field.setValue(value);
+        literals.append(database.driver()->formatValue(field));
+    }
+    return literals;
+}
+
 [[noreturn]] void failToReach(const ServerAddress &address, const QString &reason)
 {
     throw QueueUnreached(
@@ -134,18 +148,19 @@ QString preparation(const QString &name, const QString &statement)
     return u"PREPARE %1 AS "_s.arg(name) + numbered;
 }
 
+QString filled(const QSqlDatabase &database, const QString &statement, const QVariantList &values)
+{
+    const QStringList parts = statement.split(u'?');
+    const QStringList literals = literalsOf(database, values);
+    QString text = parts.first();
+    for (qsizetype value = 1; value < parts.size(); ++value)
+        text += literals.value(value - 1) + parts.at(value);
+    return text;
+}
+
 QString execution(const QSqlDatabase &database, const QString &name, const QVariantList &values)
 {
-    QStringList literals;
-    for (const QVariant &value : values) {
-        QSqlField field({}, value.metaType());
-        if (value.typeId() == QMetaType::QString)
-            field.setValue(value.toString().remove(QChar(u'\0')));
-        else
-            field.setValue(value);
-        literals.append(database.driver()->formatValue(field));
-    }
-    return u"EXECUTE %1 (%2)"_s.arg(name, literals.join(u','));
+    return u"EXECUTE %1 (%2)"_s.arg(name, literalsOf(database, values).join(u','));
 }
 
 } // namespace serverconnection

@@ -31,8 +31,11 @@ void configure(QueueDatabase &database);
 /// The statement that prepares another one, which has question marks for its values only, under a
 /// name.
 [[nodiscard]] QString preparation(const QString &name, const QString &statement);
-/// The statement that runs it with values. Texts lose the character 0, which the server cannot
-/// store.
+/// The statement with values in place of its question marks. Texts lose the character 0, which the
+/// server cannot store.
+[[nodiscard]] QString filled(
+    const QSqlDatabase &database, const QString &statement, const QVariantList &values);
+/// The statement that runs a prepared one with values, of which the same holds.
 [[nodiscard]] QString execution(
     const QSqlDatabase &database, const QString &name, const QVariantList &values);
 

@@ -193,6 +193,48 @@ TEST_F(PostgresTest, MessageBehindOneThatIsLockedIsNotSentBeforeIt)
     EXPECT_EQ(taken->id, u"c"_s);
 }
 
+TEST_F(PostgresTest, LaneThatAnotherOneIsTakingIsPassedOver)
+{
+    const auto store = queueengine::openStore();
+    store->append(messageOfLane(u"a"_s, u"1"_s));
+    store->append(messageOfLane(u"b"_s, u"2"_s));
+    QueueDatabase other(ServerAddress::read(queueengine::setting()));
+    const QueueTransaction taking(other);
+    other.run(u"SELECT pg_advisory_xact_lock(1802662508, hashtext('1'))"_s);
+    const auto taken = store->checkOut({noon}).message;
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(taken->id, u"b"_s);
+}
+
+// A plan for whatever values goes through all that waits to the few that are due.
+TEST_F(PostgresTest, ChoiceOfAMessageIsPlannedEachTime)
+{
+    const auto store = queueengine::openStore();
+    store->append(messageOfLane(u"a"_s, u"1"_s));
+    for (const bool dueOnly : {false, true})
+        EXPECT_TRUE(store->checkOut({noon, 0, dueOnly}).message);
+    QSqlQuery kept = store->database().run(
+        u"SELECT count(*), count(*) FILTER (WHERE statement LIKE '%LIMIT 1 FOR UPDATE%') FROM "
+        u"pg_prepared_statements"_s);
+    ASSERT_TRUE(kept.next());
+    EXPECT_GT(kept.value(0).toInt(), 0);
+    EXPECT_EQ(kept.value(1).toInt(), 0);
+}
+
+TEST_F(PostgresTest, OutcomeWaitsForNoFactThatAnotherOneNotes)
+{
+    const auto store = queueengine::openStore();
+    store->append(messageOfLane(u"a"_s, u"1"_s));
+    auto message = store->checkOut({noon}).message;
+    ASSERT_TRUE(message);
+    QueueDatabase other(ServerAddress::read(queueengine::setting()));
+    const QueueTransaction noting(other);
+    other.run(u"UPDATE facts SET value = 'another' WHERE name = 'last_error'"_s);
+    message->state = MessageState::Pending;
+    EXPECT_NO_THROW(store->settle(*message));
+    EXPECT_EQ(ask(u"SELECT state FROM messages"_s), QVariantList{u"pending"_s});
+}
+
 TEST_F(PostgresTest, MachineThatReachesNothingHoldsNoOtherBack)
 {
     const auto store = queueengine::openStore();
