@@ -307,11 +307,11 @@ void MessageStore::noteOutcome(const QueueMessage &message)
     database().noteFact(queuefacts::lastErrorTime, messagerow::written(message.lastAttempt));
 }
 
-// All deliverers of a shared queue change that row, so each does so once a second.
+// All deliverers of a shared queue change that row; once a second is enough of each.
 void MessageStore::noteSuccess(const QueueMessage &message)
 {
     const auto now = std::chrono::steady_clock::now();
-    if (database().dialect().isShared() && now < m_successNotedUntil)
+    if (now < m_successNotedUntil)
         return;
     m_successNotedUntil = now + std::chrono::seconds(1);
     database().noteFact(queuefacts::lastSuccess, messagerow::written(message.settled));

@@ -240,6 +240,8 @@ TEST_F(PostgresTest, MachineThatReachesNothingHoldsNoOtherBack)
     const auto store = queueengine::openStore();
     store->hold(3, QDateTime::currentDateTimeUtc().addSecs(300));
     EXPECT_TRUE(store->heldUntil().isValid());
+    EXPECT_EQ(ask(u"SELECT name FROM facts WHERE name LIKE 'held_until%'"_s),
+        QVariantList{QString(u"held_until "_s + QSysInfo::machineHostName())});
     ask(u"UPDATE facts SET name = name || ' of another' WHERE name LIKE 'held_until%'"_s);
     EXPECT_FALSE(store->heldUntil().isValid());
     store->release();
