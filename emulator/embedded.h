@@ -9,6 +9,9 @@ const char *version();
 
 QByteArray sampleData(); ///< config/service.json
 QByteArray loyaltySchema(); ///< protocol/loyalty.xsd
+QByteArray consolePage(); ///< emulator/console/console.html
+QByteArray consoleStyle(); ///< emulator/console/console.css
+QByteArray consoleScript(); ///< emulator/console/console.js
 QByteArray envelopeSchema(); ///< protocol/soap-envelope.xsd
 
 } // namespace emulator::embedded

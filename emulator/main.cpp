@@ -25,7 +25,7 @@ int serve(emulator::Options options)
 {
     emulator::Service service(std::move(options.service), systemTime);
     emulator::Server server(options.listen, options.tls,
-        {[&] { return service.refusesConnection(); },
+        {[&] { return service.receive(); },
             [&](const emulator::HttpRequest &request) { return service.answer(request); }});
     std::cout << "listening on " << server.url().toStdString() << std::endl;
     server.run();

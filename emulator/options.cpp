@@ -2,6 +2,7 @@
 
 #include "emulator/data/servicedatareader.h"
 #include "emulator/embedded.h"
+#include "emulator/faults/faultwords.h"
 
 #include <QFile>
 

@@ -15,8 +15,8 @@ void orderAll(const std::vector<FaultCommand> &commands, FaultPlan &plan)
     for (const FaultCommand &command : commands) {
         if (const Fault *fault = std::get_if<Fault>(&command))
             plan.add(*fault);
-        else if (const RefuseConnections *refusal = std::get_if<RefuseConnections>(&command))
-            plan.refuse(*refusal);
+        else if (const ConnectionFault *ofConnection = std::get_if<ConnectionFault>(&command))
+            plan.add(*ofConnection);
     }
 }
 
@@ -33,9 +33,20 @@ Service::Service(ServiceSettings settings, const Clock &clock)
     orderAll(settings.faults, m_faults);
 }
 
-bool Service::refusesConnection()
+Reception Service::receive()
 {
-    return m_faults.takeRefusal();
+    const auto fault = m_faults.takeForConnection();
+    if (!fault)
+        return {};
+    switch (fault->kind) {
+    case ConnectionFaultKind::Refuse:
+        return {Reception::Kind::Refuse};
+    case ConnectionFaultKind::Silence:
+        return {Reception::Kind::Silence};
+    case ConnectionFaultKind::Stall:
+        return {Reception::Kind::Serve, std::chrono::milliseconds(fault->milliseconds)};
+    }
+    return {};
 }
 
 HttpReply Service::answer(const HttpRequest &request)
@@ -54,8 +65,10 @@ HttpReply Service::route(const HttpRequest &request)
         return answerSoap(request);
     if (target.path().startsWith(u"/api/"))
         return answerApi(request, target);
-    return textReply(
-        httpstatus::notFound, u"there is nothing here; the service is at /, its API under /api/"_s);
+    if (target.path() == u"/console")
+        return answerConsole(request);
+    return textReply(httpstatus::notFound,
+        u"there is nothing here; the service is at /, its API under /api/, its page at /console"_s);
 }
 
 HttpReply Service::answerSoap(const HttpRequest &request)
@@ -67,15 +80,34 @@ HttpReply Service::answerSoap(const HttpRequest &request)
     return m_soap.answer(request.body);
 }
 
-HttpReply Service::answerApi(const HttpRequest &request, const QUrl &target)
+std::optional<HttpReply> Service::refusal(const HttpRequest &request) const
 {
     if (!isOwnHost(request.host, m_listeningHost) || !isOwnOrigin(request))
         return textReply(httpstatus::forbidden,
-            u"the API is only for this machine's own names, not for \"%1\""_s.arg(request.host));
+            u"this is only for this machine's own names, not for \"%1\""_s.arg(request.host));
     if (!request.fromLoopback && !m_authorisation.admits(request))
         return unauthorisedReply();
+    return {};
+}
+
+HttpReply Service::answerApi(const HttpRequest &request, const QUrl &target)
+{
+    if (const auto reply = refusal(request))
+        return *reply;
+    // A script has no page to read the token from, and no foreign page can pose as one.
+    const bool changes = request.method != u"GET";
+    if (changes && request.fromPage && request.token != m_console.token())
+        return textReply(httpstatus::forbidden,
+            u"a page's changes need the token that the console was given; load it again"_s);
     const QString prefix = u"/api/"_s;
     return m_api.answer(request, target.path().mid(prefix.size()), QUrlQuery(target));
+}
+
+HttpReply Service::answerConsole(const HttpRequest &request) const
+{
+    if (request.method != u"GET")
+        return textReply(httpstatus::wrongMethod, u"the console is read with GET"_s);
+    return refusal(request).value_or(m_console.page());
 }
 
 } // namespace emulator

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "emulator/api/api.h"
+#include "emulator/console/console.h"
 #include "emulator/http/guard.h"
 #include "emulator/soap/endpoint.h"
 
@@ -15,7 +16,8 @@ struct ServiceSettings
     std::vector<FaultCommand> faults; ///< ordered from the start
 };
 
-/// The whole service behind its HTTP server: SOAP on "/", the API under "/api/". Never throws
+/// The whole service behind its HTTP server: SOAP on "/", the API under "/api/", a page for people
+/// at "/console". Never throws
 /// once it is made; making it throws BooksError. One thread.
 class Service
 {
@@ -24,13 +26,15 @@ public:
 
     HttpReply answer(const HttpRequest &request);
 
-    /// Whether the connection that has just come is to be closed unread.
-    bool refusesConnection();
+    /// What the connection that has just come is to meet.
+    Reception receive();
 
 private:
     HttpReply route(const HttpRequest &request);
     HttpReply answerSoap(const HttpRequest &request);
+    std::optional<HttpReply> refusal(const HttpRequest &request) const;
     HttpReply answerApi(const HttpRequest &request, const QUrl &target);
+    HttpReply answerConsole(const HttpRequest &request) const;
 
     const Authorisation m_authorisation;
     const QString m_listeningHost;
@@ -40,6 +44,7 @@ private:
     ExchangeLog m_log;
     SoapEndpoint m_soap;
     Api m_api;
+    const Console m_console;
 };
 
 } // namespace emulator

@@ -1,8 +1,11 @@
 #include "emulator/api/api.h"
 
+#include "emulator/api/eventfeed.h"
 #include "emulator/api/json.h"
 #include "emulator/books/audit.h"
+#include "emulator/faults/faultwords.h"
 #include "emulator/http/status.h"
+#include "emulator/soap/indentedxml.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,9 +24,17 @@ HttpReply jsonReply(const Json &json)
     return reply;
 }
 
+const QString oneFault = u"faults/"_s;
+
 HttpReply notFound(const QString &path)
 {
     return textReply(httpstatus::notFound, u"there is no /api/%1"_s.arg(path));
+}
+
+HttpReply faultReply(const QString &id, bool isKnown, const QString &done)
+{
+    return isKnown ? textReply(httpstatus::ok, done)
+                   : textReply(httpstatus::notFound, u"there is no fault %1"_s.arg(id));
 }
 
 HttpReply stopReply(const QString &text)
@@ -41,9 +52,9 @@ struct Order
         plan.add(fault);
         return understood;
     }
-    HttpReply operator()(const RefuseConnections &refusal) const
+    HttpReply operator()(const ConnectionFault &fault) const
     {
-        plan.refuse(refusal);
+        plan.add(fault);
         return understood;
     }
     HttpReply operator()(const ClearFaults &) const
@@ -71,12 +82,15 @@ HttpReply Api::answer(const HttpRequest &request, const QString &path, const QUr
         return get(path, query);
     if (request.method == u"POST")
         return post(path, request.body);
-    return textReply(httpstatus::wrongMethod, u"only GET and POST are known here"_s);
+    if (request.method == u"DELETE")
+        return remove(path);
+    return textReply(httpstatus::wrongMethod, u"only GET, POST and DELETE are known here"_s);
 }
 
 HttpReply Api::get(const QString &path, const QUrlQuery &query) const
 {
     const QString oneCard = u"cards/"_s;
+    const QString oneExchange = u"exchanges/"_s;
     if (path == u"cards")
         return cards();
     if (path.startsWith(oneCard))
@@ -85,6 +99,12 @@ HttpReply Api::get(const QString &path, const QUrlQuery &query) const
         return transactions();
     if (path == u"exchanges")
         return exchanges(query.queryItemValue(u"full"_s) == u"1");
+    if (path.startsWith(oneExchange))
+        return exchange(path.mid(oneExchange.size()), query.queryItemValue(u"pretty"_s) == u"1");
+    if (path == u"events")
+        return events();
+    if (path == u"codes")
+        return jsonReply(codesJson(m_desk.books()));
     if (path == u"faults")
         return jsonReply(faultsJson(m_faults));
     if (path == u"audit")
@@ -96,6 +116,8 @@ HttpReply Api::post(const QString &path, const QByteArray &body)
 {
     if (path == u"faults")
         return order(body);
+    if (path.startsWith(oneFault))
+        return switchFault(path.mid(oneFault.size()), body.trimmed());
     if (path == u"reset")
         return reset();
     if (path == u"stop")
@@ -135,6 +157,27 @@ HttpReply Api::exchanges(bool withTexts) const
     return jsonReply(list);
 }
 
+HttpReply Api::exchange(const QString &id, bool isForReading) const
+{
+    const Exchange *kept = m_log.find(id.toLongLong());
+    if (!kept)
+        return textReply(httpstatus::notFound, u"exchange %1 is not kept"_s.arg(id));
+    if (!isForReading)
+        return jsonReply(exchangeJson(*kept, true));
+    Exchange indented = *kept;
+    indented.request = indentedXml(kept->request);
+    indented.answer = indentedXml(kept->answer);
+    return jsonReply(exchangeJson(indented, true));
+}
+
+HttpReply Api::events() const
+{
+    HttpReply reply;
+    reply.contentType = "text/event-stream";
+    reply.events = std::make_shared<EventFeed>(m_desk, m_faults, m_log);
+    return reply;
+}
+
 HttpReply Api::auditReport() const
 {
     const AuditReport report = audit(m_desk.books());
@@ -154,6 +197,22 @@ HttpReply Api::order(const QByteArray &words)
     } catch (const FaultWordsError &error) {
         return textReply(httpstatus::badRequest, QString::fromUtf8(error.what()));
     }
+}
+
+HttpReply Api::switchFault(const QString &id, const QByteArray &word)
+{
+    if (word != "on" && word != "off")
+        return textReply(
+            httpstatus::badRequest, u"\"%1\": expected on or off"_s.arg(QString::fromUtf8(word)));
+    return faultReply(id, m_faults.setOn(id.toInt(), word == "on"), QString::fromUtf8(word));
+}
+
+HttpReply Api::remove(const QString &path)
+{
+    if (!path.startsWith(oneFault))
+        return notFound(path);
+    const QString id = path.mid(oneFault.size());
+    return faultReply(id, m_faults.remove(id.toInt()), u"removed"_s);
 }
 
 HttpReply Api::reset()

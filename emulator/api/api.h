@@ -27,8 +27,12 @@ private:
     HttpReply card(const QString &number) const;
     HttpReply transactions() const;
     HttpReply exchanges(bool withTexts) const;
+    HttpReply exchange(const QString &id, bool isForReading) const;
+    HttpReply events() const;
     HttpReply auditReport() const;
     HttpReply order(const QByteArray &words);
+    HttpReply switchFault(const QString &id, const QByteArray &word);
+    HttpReply remove(const QString &path);
     HttpReply reset();
 
     Desk &m_desk;

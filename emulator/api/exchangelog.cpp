@@ -1,5 +1,7 @@
 #include "emulator/api/exchangelog.h"
 
+#include <algorithm>
+
 namespace emulator {
 
 namespace {
@@ -30,6 +32,14 @@ void ExchangeLog::clear()
 {
     m_exchanges.clear();
     m_bytes = 0;
+    ++m_timesCleared;
+}
+
+const Exchange *ExchangeLog::find(qint64 id) const
+{
+    const auto found = std::lower_bound(m_exchanges.begin(), m_exchanges.end(), id,
+        [](const Exchange &exchange, qint64 wanted) { return exchange.id < wanted; });
+    return found != m_exchanges.end() && found->id == id ? &*found : nullptr;
 }
 
 } // namespace emulator

@@ -1,5 +1,7 @@
 #include "emulator/api/json.h"
 
+#include "emulator/faults/faultwords.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -45,9 +47,19 @@ Json positionJson(const BookedPosition &position)
 Json codesJson(const QString &card, const Books &books)
 {
     Json codes = Json::array();
-    for (const auto &[cheque, code] : books.calculations.waitingCodes(card))
-        codes.push_back({{"cheque", text(cheque)}, {"code", text(code)}});
+    for (const WaitingCode &waiting : books.calculations.waitingCodes(card))
+        codes.push_back({{"cheque", text(waiting.cheque)}, {"code", text(waiting.code)}});
     return codes;
+}
+
+Json booksJson(const BooksChange &change)
+{
+    Json entries = Json::array();
+    for (const LedgerEntry &entry : change.entries)
+        entries.push_back(entryJson(entry));
+    return {{"transaction",
+                change.transaction ? Json(text(transactionText(change.transaction))) : Json()},
+        {"entries", entries}};
 }
 
 /// Bytes from a till need not be UTF-8; JSON must be.
@@ -99,9 +111,11 @@ Json exchangeJson(const Exchange &exchange, bool withTexts)
 {
     Json object = {{"id", exchange.id}, {"at", timeJson(exchange.at.toMSecsSinceEpoch())},
         {"operation", exchange.operation.isEmpty() ? Json() : Json(text(exchange.operation))},
-        {"card", text(exchange.card)}, {"number", text(exchange.number)},
-        {"code", exchange.code ? Json(*exchange.code) : Json()}, {"status", exchange.status},
-        {"fault", exchange.fault.isEmpty() ? Json() : Json(text(exchange.fault))}};
+        {"card", text(exchange.card)}, {"pos", text(exchange.pos)},
+        {"number", text(exchange.number)}, {"code", exchange.code ? Json(*exchange.code) : Json()},
+        {"status", exchange.status},
+        {"fault", exchange.fault.isEmpty() ? Json() : Json(text(exchange.fault))},
+        {"milliseconds", exchange.milliseconds}, {"books", booksJson(exchange.books)}};
     if (withTexts) {
         object["request"] = lenientText(exchange.request);
         object["answer"] = lenientText(exchange.answer);
@@ -109,17 +123,43 @@ Json exchangeJson(const Exchange &exchange, bool withTexts)
     return object;
 }
 
+Json codesJson(const Books &books)
+{
+    Json codes = Json::array();
+    for (const WaitingCode &waiting : books.calculations.waitingCodes())
+        codes.push_back({{"card", text(waiting.card)}, {"pos", text(waiting.pos)},
+            {"cheque", text(waiting.cheque)}, {"code", text(waiting.code)}});
+    return codes;
+}
+
+namespace {
+
+/// What only a request's fault or only a connection's has.
+struct FaultMembers
+{
+    Json operator()(const Fault &fault) const
+    {
+        return {{"operation", fault.operation ? text(operationName(*fault.operation)) : "all"},
+            {"fault", text(faultName(fault.kind))},
+            {"left", fault.left ? Json(*fault.left) : Json()}};
+    }
+    Json operator()(const ConnectionFault &fault) const
+    {
+        return {
+            {"operation", nullptr}, {"fault", text(faultName(fault.kind))}, {"left", fault.left}};
+    }
+};
+
+} // namespace
+
 Json faultsJson(const FaultPlan &faults)
 {
     Json list = Json::array();
-    if (faults.refusals() > 0)
-        list.push_back({{"words", text(faultWords(RefuseConnections{faults.refusals()}))},
-            {"operation", nullptr}, {"fault", "refuse"}, {"left", faults.refusals()}});
-    for (const Fault &fault : faults.faults())
-        list.push_back({{"words", text(faultWords(fault))},
-            {"operation", fault.operation ? text(operationName(*fault.operation)) : "all"},
-            {"fault", text(faultName(fault.kind))},
-            {"left", fault.left ? Json(*fault.left) : Json()}});
+    for (const FaultPlan::Entry &entry : faults.entries()) {
+        Json object = {{"id", entry.id}, {"on", entry.isOn}, {"words", text(faultWords(entry))}};
+        object.update(std::visit(FaultMembers(), entry.fault));
+        list.push_back(object);
+    }
     return list;
 }
 

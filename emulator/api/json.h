@@ -16,6 +16,7 @@ Json cardJson(const Card &card, const Books &books);
 Json cardWithLedgerJson(const Card &card, const Books &books);
 Json transactionJson(const Transaction &transaction, const Books &books);
 Json exchangeJson(const Exchange &exchange, bool withTexts);
+Json codesJson(const Books &books); ///< of all cards
 Json faultsJson(const FaultPlan &faults);
 
 } // namespace emulator

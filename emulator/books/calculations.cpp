@@ -60,12 +60,19 @@ void Calculations::endAll(const Till &till, const QString &card)
         {card, till.pos, till.businessUnit, till.organization});
 }
 
-std::vector<std::pair<QString, QString>> Calculations::waitingCodes(const QString &card) const
+std::vector<WaitingCode> Calculations::waitingCodes(const QString &card) const
 {
-    return m_database.all(u"SELECT number, code FROM calculations WHERE card = ? AND code <> ''"
-                          " AND NOT is_over ORDER BY number"_s,
-        {card}, [](const QSqlQuery &row) {
-            return std::pair(row.value(0).toString(), row.value(1).toString());
+    const QString ofCard = card.isEmpty() ? QString() : u"card = ? AND "_s;
+    return m_database.all(u"SELECT card, pos, number, code FROM calculations"
+                          " WHERE %1code <> '' AND NOT is_over ORDER BY card, number"_s.arg(ofCard),
+        card.isEmpty() ? QVariantList() : QVariantList{card}, [](const QSqlQuery &row) {
+            int column = 0;
+            WaitingCode waiting;
+            waiting.card = row.value(column++).toString();
+            waiting.pos = row.value(column++).toString();
+            waiting.cheque = row.value(column++).toString();
+            waiting.code = row.value(column++).toString();
+            return waiting;
         });
 }
 

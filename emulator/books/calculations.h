@@ -6,6 +6,15 @@
 
 namespace emulator {
 
+/// A verification code that was issued and not yet used.
+struct WaitingCode
+{
+    QString card;
+    QString pos;
+    QString cheque;
+    QString code;
+};
+
 /// What was answered to the last calculation of each open cheque. Not part of the books proper:
 /// losing it loses no points.
 class Calculations
@@ -21,8 +30,8 @@ public:
     /// The till's calculations for the card are those of cheques that are over.
     void endAll(const Till &till, const QString &card);
 
-    /// Codes that wait to be typed, by card: pairs of cheque number and code.
-    std::vector<std::pair<QString, QString>> waitingCodes(const QString &card) const;
+    /// The card's codes that wait to be typed; of all cards when it is empty.
+    std::vector<WaitingCode> waitingCodes(const QString &card = {}) const;
 
 private:
     Database &m_database;

@@ -89,6 +89,21 @@ std::vector<LedgerEntry> Ledger::entries(const QString &card) const
         {card}, readEntry);
 }
 
+qint64 Ledger::lastId() const
+{
+    return m_database
+        .first(u"SELECT COALESCE(MAX(id), 0) FROM ledger"_s, {},
+            [](const QSqlQuery &row) { return row.value(0).toLongLong(); })
+        .value_or(0);
+}
+
+std::vector<LedgerEntry> Ledger::entriesAfter(qint64 id) const
+{
+    return m_database.all(u"SELECT id, account, kind, amount, balance_after, transaction_id, at"
+                          " FROM ledger WHERE id > ? ORDER BY id"_s,
+        {id}, readEntry);
+}
+
 Amount Ledger::movedBy(qint64 transaction, Account account) const
 {
     return m_database

@@ -65,6 +65,9 @@ public:
 
     std::vector<LedgerEntry> entries(const QString &card) const;
 
+    qint64 lastId() const; ///< 0: there is no entry
+    std::vector<LedgerEntry> entriesAfter(qint64 id) const;
+
     /// What a transaction has moved on an account, all its entries together.
     Amount movedBy(qint64 transaction, Account account) const;
 

@@ -147,6 +147,14 @@ void Transactions::markRolledBack(qint64 transaction)
     m_database.change(u"UPDATE transactions SET rolled_back = 1 WHERE id = ?"_s, {transaction});
 }
 
+qint64 Transactions::lastId() const
+{
+    return m_database
+        .first(u"SELECT COALESCE(MAX(id), 0) FROM transactions"_s, {},
+            [](const QSqlQuery &row) { return row.value(0).toLongLong(); })
+        .value_or(0);
+}
+
 std::optional<Transaction> Transactions::find(qint64 id) const
 {
     return m_database.first(

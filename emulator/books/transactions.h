@@ -73,6 +73,7 @@ public:
     void setAnswer(qint64 transaction, const QByteArray &xml);
     void markRolledBack(qint64 transaction);
 
+    qint64 lastId() const; ///< 0: there is none
     std::optional<Transaction> find(qint64 id) const;
 
     /// The latest one of this cheque that was registered after `since` (UTC) and not rolled back.

@@ -4,22 +4,39 @@
 
 #include <QString>
 
+#include <array>
 #include <optional>
-#include <stdexcept>
 #include <variant>
 
 namespace emulator {
 
+/// What goes wrong with a request. The first four strike after the service has acted upon it.
 enum class FaultKind
 {
-    Delay, ///< act, then wait `argument` milliseconds before answering
-    Half, ///< act, then cut the answer in the middle
-    Reset, ///< reset the connection, without acting
-    NotXml, ///< answer something that is not XML, without acting
-    Status, ///< answer the HTTP status `argument`, without acting
-    Code, ///< answer the return code `argument`, without acting
-    Lose, ///< act, then close the connection without an answer
-    Unauthorised ///< answer 401, without acting
+    Delay, ///< waits `argument` milliseconds before answering
+    Drip, ///< the answer takes `argument` milliseconds from its first byte to its last
+    Half, ///< cuts the answer in the middle
+    Lose, ///< closes the connection without an answer
+    Swallow, ///< closes the connection without an answer, and nothing was done
+    Reset, ///< resets the connection
+    Empty, ///< answers nothing, with status 200
+    NotXml, ///< answers something that is not XML
+    WrongXml, ///< answers well-formed XML that is no answer
+    Huge, ///< answers eight megabytes of XML
+    Status, ///< answers the HTTP status `argument`
+    Redirect, ///< answers the HTTP status `argument` with another address
+    Code, ///< answers the return code `argument`
+    Unauthorised ///< answers 401
+};
+
+/// How often a fault strikes that strikes by chance. The same seed gives the same series.
+struct Chance
+{
+    static constexpr int whole = 100'000;
+    static constexpr quint32 usualSeed = 1;
+
+    int thousandths = whole; ///< of a per cent
+    quint32 seed = usualSeed;
 };
 
 /// What goes wrong, for whom and how often.
@@ -28,13 +45,24 @@ struct Fault
     std::optional<Operation> operation; ///< nothing: every operation
     FaultKind kind = FaultKind::Reset;
     int argument = 0;
-    std::optional<int> left; ///< requests still to come; nothing: always
+    std::optional<int> left; ///< requests still to come; nothing: always, or by chance
+    std::optional<Chance> chance;
 };
 
-/// The next connections are closed before anything is read.
-struct RefuseConnections
+/// What goes wrong with a connection before anything is read, whatever it was to ask.
+enum class ConnectionFaultKind
 {
-    int count = 0;
+    Refuse, ///< is closed
+    Silence, ///< is kept open and never answered
+    Stall ///< is read only after `milliseconds`
+};
+
+/// It strikes the next connections.
+struct ConnectionFault
+{
+    ConnectionFaultKind kind = ConnectionFaultKind::Refuse;
+    int milliseconds = 0;
+    int left = 0;
 };
 
 struct ClearFaults
@@ -43,24 +71,25 @@ struct ClearFaults
 struct StopService
 { };
 
-using FaultCommand = std::variant<Fault, RefuseConnections, ClearFaults, StopService>;
+using FaultCommand = std::variant<Fault, ConnectionFault, ClearFaults, StopService>;
 
-/// Fault words that make no sense; `what()` tells their author what is expected.
-class FaultWordsError : public std::runtime_error
+/// A fault's name in words, and what number goes with it.
+struct KindOfFault
 {
-public:
-    explicit FaultWordsError(const QString &message)
-        : std::runtime_error(message.toStdString())
-    { }
+    FaultKind kind;
+    const char16_t *name;
+    const char16_t *argument; ///< what the argument is; null: there is none
+    int least;
+    int greatest;
 };
 
-/// Reads "soft lose 2", "all delay 500 always", "refuse 3", "clear", "stop":
-/// `<balance|soft|fiscal|return|rollback|all> <fault> [N|always]`, N is 1 when it is left out.
-FaultCommand parseFaultWords(const QString &words);
-
-/// The words again, in full: "soft lose 2".
-QString faultWords(const FaultCommand &command);
+/// All of them, in the order of `FaultKind`.
+extern const std::array<KindOfFault, 14> kindsOfFault;
 
 QString faultName(FaultKind kind);
+QString faultName(ConnectionFaultKind kind); ///< "refuse", "silence", "stall"
+
+/// Whether the request is acted upon before the fault strikes.
+bool actsBeforeStriking(FaultKind kind);
 
 } // namespace emulator

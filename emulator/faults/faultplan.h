@@ -4,6 +4,8 @@
 
 #include <deque>
 #include <optional>
+#include <random>
+#include <variant>
 
 namespace emulator {
 
@@ -11,22 +13,39 @@ namespace emulator {
 class FaultPlan
 {
 public:
+    struct Entry
+    {
+        int id = 0; ///< never used again
+        bool isOn = true; ///< switched off it waits, and strikes nobody
+        std::variant<Fault, ConnectionFault> fault;
+        std::mt19937 dice = {}; ///< of a fault that strikes by chance
+    };
+
     void add(const Fault &fault);
-    void refuse(const RefuseConnections &refusal);
+    /// Takes the place of the one of its kind, if there is one.
+    void add(const ConnectionFault &fault);
     void clear();
 
-    /// The first fault for the operation, counted down and gone when it is used up.
+    /// Switches a fault on or off. False: there is none of that id.
+    bool setOn(int id, bool isOn);
+    /// Takes a fault out. False: there is none of that id.
+    bool remove(int id);
+
+    /// The first fault that strikes the operation, counted down and gone when it is used up.
     std::optional<Fault> take(Operation operation);
+    /// The first fault that strikes the connection that has just come, counted down likewise.
+    std::optional<ConnectionFault> takeForConnection();
 
-    /// Whether the connection that has just come is to be closed; counts down.
-    bool takeRefusal();
-
-    const std::deque<Fault> &faults() const { return m_faults; }
-    int refusals() const { return m_refusals; }
+    const std::deque<Entry> &entries() const { return m_entries; }
 
 private:
-    std::deque<Fault> m_faults;
-    int m_refusals = 0;
+    std::deque<Entry>::iterator find(int id);
+
+    std::deque<Entry> m_entries;
+    int m_lastId = 0;
 };
+
+/// What `Entry::fault` is in words.
+QString faultWords(const FaultPlan::Entry &entry);
 
 } // namespace emulator

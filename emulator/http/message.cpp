@@ -2,6 +2,8 @@
 
 namespace emulator {
 
+EventSource::~EventSource() = default;
+
 HttpReply textReply(int status, const QString &text)
 {
     HttpReply reply;

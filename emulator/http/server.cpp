@@ -108,8 +108,9 @@ public:
                 acceptLater();
                 return;
             }
-            if (!callbacks.refusesConnection())
-                serve(std::move(socket));
+            const Reception reception = callbacks.receive();
+            if (reception.kind != Reception::Kind::Refuse)
+                serve(std::move(socket), reception);
             accept();
         });
     }
@@ -124,15 +125,15 @@ public:
         });
     }
 
-    void serve(tcp::socket socket)
+    void serve(tcp::socket socket, const Reception &reception)
     {
         using Plain = boost::beast::tcp_stream;
         using Secure = boost::beast::ssl_stream<boost::beast::tcp_stream>;
         if (tls)
             std::make_shared<Session<Secure>>(Secure(Plain(std::move(socket)), *tls), host)
-                ->start();
+                ->start(reception);
         else
-            std::make_shared<Session<Plain>>(Plain(std::move(socket)), host)->start();
+            std::make_shared<Session<Plain>>(Plain(std::move(socket)), host)->start(reception);
     }
 
     void closeListener()

@@ -43,7 +43,7 @@ class Server
 public:
     struct Callbacks
     {
-        std::function<bool()> refusesConnection; ///< asked for each connection, before reading
+        std::function<Reception()> receive; ///< asked for each connection, before reading
         std::function<HttpReply(const HttpRequest &)> answer; ///< must not throw
     };
 

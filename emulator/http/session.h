@@ -9,6 +9,7 @@
 #include <boost/beast/core.hpp>
 #include <boost/beast/ssl.hpp>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <type_traits>
@@ -40,7 +41,47 @@ public:
         m_parser.body_limit(greatestBody);
     }
 
-    void start()
+    void start(const Reception &reception)
+    {
+        if (reception.kind == Reception::Kind::Silence) {
+            socketStream().expires_after(longestSilence);
+            readAway();
+            return;
+        }
+        wait(reception.pause, [](Session &session) { session.begin(); });
+    }
+
+private:
+    static constexpr std::uint64_t greatestBody = 16 * 1024 * 1024;
+    static constexpr std::chrono::seconds timeToRead{30};
+    static constexpr std::chrono::seconds timeToDrain{2};
+    static constexpr std::chrono::minutes longestSilence{10};
+    static constexpr std::chrono::milliseconds timeBetweenPieces{50};
+    static constexpr std::chrono::milliseconds timeBetweenEvents{100};
+    // Tells whether the client is still there, and keeps what is between awake.
+    static constexpr int looksBetweenSigns = 100;
+    static constexpr std::size_t drainPiece = 64 * 1024;
+
+    auto &socketStream() { return boost::beast::get_lowest_layer(m_stream); }
+
+    void limitTime() { socketStream().expires_after(timeToRead); }
+
+    /// Goes on after a while, at once after none.
+    template <typename Next> void wait(std::chrono::milliseconds time, Next next)
+    {
+        if (time.count() == 0) {
+            next(*this);
+            return;
+        }
+        socketStream().expires_never();
+        m_timer.expires_after(time);
+        m_timer.async_wait([self = this->shared_from_this(), next](Error error) {
+            if (!error)
+                next(*self);
+        });
+    }
+
+    void begin()
     {
         limitTime();
         if constexpr (isTls) {
@@ -53,16 +94,6 @@ public:
             readHead();
         }
     }
-
-private:
-    static constexpr std::uint64_t greatestBody = 16 * 1024 * 1024;
-    static constexpr std::chrono::seconds timeToRead{30};
-    static constexpr std::chrono::seconds timeToDrain{2};
-    static constexpr std::size_t drainPiece = 64 * 1024;
-
-    auto &socketStream() { return boost::beast::get_lowest_layer(m_stream); }
-
-    void limitTime() { socketStream().expires_after(timeToRead); }
 
     void readHead()
     {
@@ -126,16 +157,7 @@ private:
         m_reply = std::move(reply);
         if (m_reply.endsService)
             m_host.closeListener();
-        if (m_reply.delay.count() == 0) {
-            send();
-            return;
-        }
-        socketStream().expires_never();
-        m_timer.expires_after(m_reply.delay);
-        m_timer.async_wait([self = this->shared_from_this()](Error error) {
-            if (!error)
-                self->send();
-        });
+        wait(m_reply.delay, [](Session &session) { session.send(); });
     }
 
     void send()
@@ -144,10 +166,56 @@ private:
             close();
             return;
         }
-        limitTime();
         m_bytes = bytesOf(m_reply);
+        if (m_reply.delivery == Delivery::Drip) {
+            sendPiece();
+            return;
+        }
+        limitTime();
         boost::asio::async_write(m_stream, boost::asio::buffer(m_bytes),
-            [self = this->shared_from_this()](Error error, std::size_t) { self->onSent(error); });
+            [self = this->shared_from_this()](Error error, std::size_t) {
+                if (!error && self->m_reply.events)
+                    self->tellNext();
+                else
+                    self->onSent(error);
+            });
+    }
+
+    // So many pieces that the pauses between them come to the time that was asked for.
+    void sendPiece()
+    {
+        const auto pauses = std::clamp<std::size_t>(
+            static_cast<std::size_t>(m_reply.dripTime / timeBetweenPieces), 1, m_bytes.size());
+        const std::size_t size
+            = std::min(m_bytes.size() / (pauses + 1) + 1, m_bytes.size() - m_sent);
+        limitTime();
+        boost::asio::async_write(m_stream, boost::asio::buffer(m_bytes.data() + m_sent, size),
+            [self = this->shared_from_this(), pauses](Error error, std::size_t sent) {
+                self->m_sent += sent;
+                if (error || self->m_sent == self->m_bytes.size())
+                    self->onSent(error);
+                else
+                    self->wait(self->m_reply.dripTime / pauses,
+                        [](Session &session) { session.sendPiece(); });
+            });
+    }
+
+    void tellNext()
+    {
+        m_bytes = m_reply.events->next().toStdString();
+        if (m_bytes.empty() && ++m_looksInVain < looksBetweenSigns) {
+            wait(timeBetweenEvents, [](Session &session) { session.tellNext(); });
+            return;
+        }
+        if (m_bytes.empty())
+            m_bytes = ":\n\n";
+        m_looksInVain = 0;
+        limitTime();
+        boost::asio::async_write(m_stream, boost::asio::buffer(m_bytes),
+            [self = this->shared_from_this()](Error error, std::size_t) {
+                if (!error)
+                    self->wait(timeBetweenEvents, [](Session &session) { session.tellNext(); });
+            });
     }
 
     void onSent(Error error)
@@ -200,6 +268,8 @@ private:
     HttpParser m_parser;
     HttpReply m_reply;
     std::string m_bytes;
+    std::size_t m_sent = 0; ///< of m_bytes, where they go piece by piece
+    int m_looksInVain = 0; ///< for events, since the client was last sent something
     std::string m_rest;
 };
 

@@ -21,8 +21,10 @@ std::string headOf(const HttpReply &reply)
         = http::obsolete_reason(http::int_to_status(static_cast<unsigned>(reply.status)));
     std::string head = "HTTP/1.1 " + std::to_string(reply.status) + ' '
         + std::string(reason.data(), reason.size())
-        + "\r\nContent-Type: " + reply.contentType.toStdString()
-        + "\r\nContent-Length: " + std::to_string(reply.body.size()) + "\r\nConnection: close\r\n";
+        + "\r\nContent-Type: " + reply.contentType.toStdString() + "\r\nConnection: close\r\n";
+    // What is told as it happens ends with the connection.
+    if (!reply.events)
+        head += "Content-Length: " + std::to_string(reply.body.size()) + "\r\n";
     for (const auto &[name, value] : reply.headers)
         head += name.toStdString() + ": " + value.toStdString() + "\r\n";
     return head + "\r\n";
@@ -38,6 +40,8 @@ HttpRequest requestFrom(const http::request<http::string_body> &message, bool fr
     request.host = toQString(message[http::field::host]);
     request.origin = toQString(message[http::field::origin]);
     request.authorization = toQString(message[http::field::authorization]).toUtf8();
+    request.fromPage = !request.origin.isEmpty() || !message["Sec-Fetch-Site"].empty();
+    request.token = toQString(message["X-Korvel-Token"]).toUtf8();
     request.body = QByteArray::fromStdString(message.body());
     request.fromLoopback = fromLoopback;
     return request;

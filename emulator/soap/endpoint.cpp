@@ -1,9 +1,12 @@
 #include "emulator/soap/endpoint.h"
 
-#include "emulator/http/guard.h"
+#include "emulator/faults/faultreplies.h"
+#include "emulator/faults/faultwords.h"
 #include "emulator/http/status.h"
 #include "emulator/soap/answerwriter.h"
 #include "emulator/soap/requestreader.h"
+
+#include <QElapsedTimer>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,25 +41,18 @@ HttpReply answerReply(const Answer &answer, Exchange &exchange)
     return xmlReply(httpstatus::ok, writeAnswer(answer));
 }
 
-bool actsBeforeStriking(FaultKind kind)
+QElapsedTimer startedTimer()
 {
-    return kind == FaultKind::Delay || kind == FaultKind::Half || kind == FaultKind::Lose;
+    QElapsedTimer timer;
+    timer.start();
+    return timer;
 }
 
-/// The fault's effect on the way of an answer to a request that was acted upon.
-void spoil(HttpReply &reply, const Fault &fault)
+double millisecondsOf(const QElapsedTimer &time, const HttpReply &reply)
 {
-    if (fault.kind == FaultKind::Delay)
-        reply.delay = std::chrono::milliseconds(fault.argument);
-    else
-        reply.delivery = fault.kind == FaultKind::Half ? Delivery::Half : Delivery::Nothing;
-}
-
-HttpReply resetReply()
-{
-    HttpReply reply;
-    reply.delivery = Delivery::Reset;
-    return reply;
+    constexpr double nanosecondsInOne = 1e6;
+    return static_cast<double>(time.nsecsElapsed()) / nanosecondsInOne
+        + static_cast<double>((reply.delay + reply.dripTime).count());
 }
 
 } // namespace
@@ -73,6 +69,7 @@ HttpReply SoapEndpoint::answer(const QByteArray &body)
     Exchange exchange;
     exchange.at = m_clock();
     exchange.request = body;
+    const QElapsedTimer time = startedTimer();
     HttpReply reply;
     try {
         reply = answer(readRequest(body, m_schema), exchange);
@@ -81,6 +78,7 @@ HttpReply SoapEndpoint::answer(const QByteArray &body)
     } catch (const std::exception &error) {
         reply = faultReply(FaultOrigin::Server, error.what());
     }
+    exchange.milliseconds = millisecondsOf(time, reply);
     exchange.status = reply.status;
     exchange.answer = reply.body;
     m_log.add(std::move(exchange));
@@ -91,6 +89,7 @@ HttpReply SoapEndpoint::answer(const Request &request, Exchange &exchange)
 {
     exchange.operation = operationName(operationOf(request));
     exchange.card = cardOf(request);
+    exchange.pos = posOf(request);
     exchange.number = chequeNumberOf(request);
     const auto fault = m_faults.take(operationOf(request));
     if (!fault)
@@ -101,7 +100,10 @@ HttpReply SoapEndpoint::answer(const Request &request, Exchange &exchange)
 
 HttpReply SoapEndpoint::act(const Request &request, Exchange &exchange)
 {
-    return answerReply(m_desk.answer(request), exchange);
+    const BooksMark before(m_desk.books());
+    HttpReply reply = answerReply(m_desk.answer(request), exchange);
+    exchange.books = before.changesSince();
+    return reply;
 }
 
 HttpReply SoapEndpoint::strike(const Fault &fault, const Request &request, Exchange &exchange)
@@ -113,13 +115,7 @@ HttpReply SoapEndpoint::strike(const Fault &fault, const Request &request, Excha
     }
     if (fault.kind == FaultKind::Code)
         return answerCode(request, fault.argument, exchange);
-    if (fault.kind == FaultKind::Unauthorised)
-        return unauthorisedReply();
-    if (fault.kind == FaultKind::Status)
-        return textReply(fault.argument, u"a fault was ordered"_s);
-    if (fault.kind == FaultKind::NotXml)
-        return xmlReply(httpstatus::ok, "This is not XML & was never meant to be <");
-    return resetReply();
+    return replyInstead(fault);
 }
 
 HttpReply SoapEndpoint::answerCode(const Request &request, int code, Exchange &exchange) const

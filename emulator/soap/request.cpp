@@ -35,6 +35,11 @@ QString cardOf(const Request &request)
     return std::visit([](const auto &any) { return any.card; }, request);
 }
 
+QString posOf(const Request &request)
+{
+    return std::visit([](const auto &any) { return any.till.pos; }, request);
+}
+
 QString chequeNumberOf(const Request &request)
 {
     return std::visit(NumberVisitor(), request);

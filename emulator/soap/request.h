@@ -91,6 +91,7 @@ using Request = std::variant<BalanceRequest, SaleRequest, ReturnRequest, Rollbac
 
 Operation operationOf(const Request &request);
 QString cardOf(const Request &request);
+QString posOf(const Request &request);
 QString chequeNumberOf(const Request &request); ///< empty where a request has none
 
 } // namespace emulator

@@ -116,8 +116,82 @@ TEST_F(ApiTest, ListsFaultsToCome)
     // Reading the list takes a connection, and that one is refused.
     EXPECT_NE(httpGet(service.api("faults")).curlCode, 0);
     EXPECT_EQ(whenRead("faults"),
-        Json::parse(R"([{"words": "all delay 5 always", "operation": "all", "fault": "delay",
-                         "left": null}])"));
+        Json::parse(R"([{"id": 1, "on": true, "words": "all delay 5 always", "operation": "all",
+                         "fault": "delay", "left": null}])"));
+}
+
+TEST_F(ApiTest, ListsFaultsOfConnections)
+{
+    httpPost(service.api("faults"), "stall 0 3");
+    EXPECT_EQ(whenRead("faults"),
+        Json::parse(R"([{"id": 1, "on": true, "words": "stall 0 2", "operation": null,
+                         "fault": "stall", "left": 2}])"));
+}
+
+TEST_F(ApiTest, SwitchesAFaultOffAndOn)
+{
+    httpPost(service.api("faults"), "all status 503 always");
+    EXPECT_EQ(httpPost(service.api("faults/1"), "off").body, "off\n");
+    EXPECT_EQ(whenRead("faults")[0]["on"], false);
+    EXPECT_EQ(httpPost(service.url(), sample("balance-request.xml")).status, 200);
+    EXPECT_EQ(httpPost(service.api("faults/1"), "on").status, 200);
+    EXPECT_EQ(httpPost(service.url(), sample("balance-request.xml")).status, 503);
+    EXPECT_EQ(httpPost(service.api("faults/1"), "maybe").status, 400);
+    EXPECT_EQ(httpPost(service.api("faults/9"), "on").status, 404);
+}
+
+TEST_F(ApiTest, TakesOneFaultOut)
+{
+    httpPost(service.api("faults"), "soft lose");
+    httpPost(service.api("faults"), "soft reset");
+    EXPECT_EQ(httpDelete(service.api("faults/1")).status, 200);
+    EXPECT_EQ(whenRead("faults")[0]["words"], "soft reset 1");
+    EXPECT_EQ(httpDelete(service.api("faults/1")).status, 404);
+    EXPECT_EQ(httpDelete(service.api("cards/2900000000017")).status, 404);
+}
+
+TEST_F(ApiTest, TellsWhatTheBooksDid)
+{
+    givenSale();
+    const Json exchanges = whenRead("exchanges");
+    EXPECT_EQ(exchanges[0]["pos"], "1");
+    EXPECT_EQ(exchanges[0]["books"]["transaction"], "0000000001");
+    ASSERT_EQ(exchanges[0]["books"]["entries"].size(), 3u);
+    EXPECT_EQ(exchanges[0]["books"]["entries"][0]["kind"], "spent");
+    EXPECT_EQ(exchanges[0]["books"]["entries"][0]["amount"], -100.0);
+    EXPECT_EQ(exchanges[1]["books"], Json::parse(R"({"transaction": null, "entries": []})"));
+    EXPECT_GT(exchanges[0]["milliseconds"], 0.0);
+}
+
+TEST_F(ApiTest, AnOrderedWaitCountsAsTimeOfTheExchange)
+{
+    httpPost(service.api("faults"), "balance delay 20");
+    httpPost(service.url(), sample("balance-request.xml"));
+    EXPECT_GE(whenRead("exchanges")[0]["milliseconds"], 20.0);
+}
+
+TEST_F(ApiTest, GivesOneExchangeAsItCameOrForReading)
+{
+    const QByteArray request = sample("balance-request.xml").replace("\n", " ");
+    httpPost(service.url(), request);
+    EXPECT_EQ(whenRead("exchanges/1")["request"], request.toStdString());
+    EXPECT_THAT(whenRead("exchanges/1?pretty=1")["request"].get<std::string>(),
+        testing::HasSubstr("\n            <CardNumber>2900000000017</CardNumber>\n"));
+    EXPECT_EQ(httpGet(service.api("exchanges/2")).status, 404);
+}
+
+TEST_F(ApiTest, WhatIsNoXmlIsReadAsItCame)
+{
+    httpPost(service.url(), "<no \xff xml");
+    EXPECT_EQ(whenRead("exchanges/1?pretty=1")["request"], "<no \uFFFD xml");
+}
+
+TEST_F(ApiTest, ListsTheCodesOfAllCards)
+{
+    httpPost(service.url(), sample("sale-soft-request.xml"));
+    httpPost(service.url(), sample("sale-points-request.xml"));
+    EXPECT_EQ(whenRead("codes"),
+        Json::parse(R"([{"card": "2900000000017", "pos": "1", "cheque": "17", "code": "4829"}])"));
 }
 
 TEST_F(ApiTest, ExplainsWrongFaultWords)

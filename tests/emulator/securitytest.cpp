@@ -3,6 +3,7 @@
 #include "tests/emulator/support/serviceprocess.h"
 
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <curl/curl.h>
@@ -76,6 +77,57 @@ TEST_F(SecurityTest, TheApiTakesNothingFromForeignPages)
     EXPECT_EQ(
         httpPost(service.api("reset"), "", {{u"Origin: http://evil.example"_s}, {}, {}}).status,
         403);
+}
+
+TEST_F(SecurityTest, APagesChangesNeedTheTokenOfTheConsole)
+{
+    const ServiceProcess service;
+    const QByteArray page = httpGet(service.url() + u"console"_s).body;
+    const QString token = QRegularExpression(u"name=\"token\" content=\"([0-9a-f]{32})\""_s)
+                              .match(QString::fromUtf8(page))
+                              .captured(1);
+    ASSERT_FALSE(token.isEmpty());
+    const QString own = u"Origin: "_s + service.url().chopped(1);
+    const QString asked = u"Sec-Fetch-Site: same-origin"_s;
+    const auto statusWith = [&](const QStringList &headers) {
+        return httpPost(service.api("faults"), "clear", {headers, {}, {}}).status;
+    };
+    EXPECT_EQ(statusWith({own}), 403);
+    EXPECT_EQ(statusWith({asked}), 403);
+    EXPECT_EQ(statusWith({own, u"X-Korvel-Token: 00000000000000000000000000000000"_s}), 403);
+    EXPECT_EQ(statusWith({own, u"X-Korvel-Token: "_s + token}), 200);
+    EXPECT_EQ(httpDelete(service.api("faults/1"), {{own}, {}, {}}).status, 403);
+    EXPECT_EQ(httpGet(service.api("faults"), {{own}, {}, {}}).status, 200);
+    EXPECT_EQ(statusWith({}), 200);
+}
+
+TEST_F(SecurityTest, TheTokenIsNewWithEveryStart)
+{
+    const ServiceProcess first;
+    const ServiceProcess second;
+    const auto token = [](const ServiceProcess &service) {
+        const QByteArray page = httpGet(service.url() + u"console"_s).body;
+        return page.mid(page.indexOf("name=\"token\""), 60);
+    };
+    EXPECT_NE(token(first), token(second));
+    EXPECT_EQ(token(first), token(first));
+}
+
+TEST_F(SecurityTest, TheConsoleKnowsOnlyItsOwnHostAndIsHeldInNoFrame)
+{
+    const ServiceProcess service;
+    const QString console = service.url() + u"console"_s;
+    EXPECT_EQ(httpGet(console, {{u"Host: evil.example"_s}, {}, {}}).status, 403);
+    EXPECT_EQ(httpPost(console, "").status, 405);
+    const HttpOutcome page = httpGet(console);
+    EXPECT_EQ(page.status, 200);
+    EXPECT_THAT(page.headers.toStdString(),
+        testing::AllOf(testing::HasSubstr("Content-Security-Policy: default-src 'none'; "),
+            testing::HasSubstr("frame-ancestors 'none'"),
+            testing::HasSubstr("X-Content-Type-Options: nosniff\r\n"),
+            testing::HasSubstr("Cache-Control: no-store\r\n")));
+    EXPECT_FALSE(page.body.contains("@nonce@") || page.body.contains("@token@")
+        || page.body.contains("@script@") || page.body.contains("@style@"));
 }
 
 TEST_F(SecurityTest, TlsIsSpokenWhenACertificateIsGiven)

@@ -32,7 +32,8 @@ Headers headersOf(const QStringList &lines)
     return Headers(list);
 }
 
-HttpOutcome perform(const QString &url, const QByteArray *body, const HttpOptions &options)
+HttpOutcome perform(
+    const char *method, const QString &url, const QByteArray *body, const HttpOptions &options)
 {
     const std::unique_ptr<CURL, Release> handle(curl_easy_init());
     const Headers headers = headersOf(options.headers);
@@ -51,6 +52,7 @@ HttpOutcome perform(const QString &url, const QByteArray *body, const HttpOption
         curl_easy_setopt(curl, CURLOPT_USERPWD, options.userAndPassword.toUtf8().constData());
     if (!options.caFile.isEmpty())
         curl_easy_setopt(curl, CURLOPT_CAINFO, options.caFile.toUtf8().constData());
+    curl_easy_setopt(curl, CURLOPT_CUSTOMREQUEST, method);
     if (body) {
         curl_easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body->size()));
         curl_easy_setopt(curl, CURLOPT_POSTFIELDS, body->constData());
@@ -66,12 +68,17 @@ HttpOutcome perform(const QString &url, const QByteArray *body, const HttpOption
 
 HttpOutcome httpGet(const QString &url, const HttpOptions &options)
 {
-    return perform(url, nullptr, options);
+    return perform("GET", url, nullptr, options);
+}
+
+HttpOutcome httpDelete(const QString &url, const HttpOptions &options)
+{
+    return perform("DELETE", url, nullptr, options);
 }
 
 HttpOutcome httpPost(const QString &url, const QByteArray &body, const HttpOptions &options)
 {
-    return perform(url, &body, options);
+    return perform("POST", url, &body, options);
 }
 
 } // namespace emulator

@@ -23,6 +23,7 @@ struct HttpOptions
 };
 
 HttpOutcome httpGet(const QString &url, const HttpOptions &options = {});
+HttpOutcome httpDelete(const QString &url, const HttpOptions &options = {});
 HttpOutcome httpPost(const QString &url, const QByteArray &body, const HttpOptions &options = {});
 
 } // namespace emulator
