@@ -116,6 +116,30 @@ TEST_F(PostgresTest, CommitsAreSyncedWhateverIsUsualForTheUser)
     EXPECT_EQ(shown.value(0).toString(), u"on"_s);
 }
 
+TEST_F(PostgresTest, ServerThatDoesNotSyncIsRefused)
+{
+    const auto whenSyncing = [](const QString &syncing) {
+        ask(u"ALTER SYSTEM SET fsync = "_s + syncing);
+        ask(u"SELECT pg_reload_conf()"_s);
+        while (ask(u"SHOW fsync"_s) != QVariantList{syncing}) { }
+    };
+    whenSyncing(u"off"_s);
+    EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"fsync = off where on is needed"_s));
+    EXPECT_EQ(keptHere(), 1);
+    whenSyncing(u"on"_s);
+}
+
+TEST_F(PostgresTest, ServerItselfEndsWhatTakesTooLong)
+{
+    const auto store = queueengine::openStore();
+    const auto shown = [&store](const QString &setting) {
+        QSqlQuery row = store->database().run(u"SHOW "_s + setting);
+        return row.next() ? row.value(0).toString() : QString();
+    };
+    EXPECT_EQ(shown(u"statement_timeout"_s), u"2s"_s);
+    EXPECT_EQ(shown(u"idle_in_transaction_session_timeout"_s), u"10s"_s);
+}
+
 TEST_F(PostgresTest, DatabaseThatCannotHoldEveryLanguageIsRefused)
 {
     ask(u"DROP DATABASE IF EXISTS latin"_s);
