@@ -102,12 +102,11 @@ void ConnectionWatch::watch(const std::stop_token &stop, Clock::time_point deadl
 
 void ConnectionWatch::cut()
 {
-    m_hasCut = true;
     for (const int number : openDescriptors()) {
         if (m_before.contains(number))
             continue;
         const Descriptor socket(number);
-        if (peerOf(socket.number()) == m_peer)
-            ::shutdown(socket.number(), SHUT_RDWR);
+        if (peerOf(socket.number()) == m_peer && ::shutdown(socket.number(), SHUT_RDWR) == 0)
+            m_hasCut = true;
     }
 }

@@ -25,7 +25,7 @@ public:
     ConnectionWatch(const ConnectionWatch &) = delete;
     ConnectionWatch &operator=(const ConnectionWatch &) = delete;
 
-    /// Whether the time was over while this object lived.
+    /// Whether a connection was cut.
     [[nodiscard]] bool hasCut() const { return m_hasCut; }
 
 private:

@@ -230,6 +230,33 @@ TEST_F(PostgresTest, LaneThatAnotherOneIsTakingIsPassedOver)
     EXPECT_EQ(taken->id, u"b"_s);
 }
 
+// Between the look at what is in hand and the choice another deliverer takes a message of the lane.
+TEST_F(PostgresTest, LaneThatWasTakenSinceTheLookIsPassedOver)
+{
+    const auto store = queueengine::openStore();
+    for (const auto &[id, lane] : {std::pair{u"a"_s, u"1"_s}, {u"b"_s, u"1"_s}, {u"x"_s, u"2"_s}})
+        store->append(messageOfLane(id, lane));
+    ask(u"UPDATE messages SET state = 'sending', lease_owner = 'ended' WHERE id = 'x'"_s);
+    QueueDatabase person(ServerAddress::read(queueengine::setting()));
+    QueueTransaction changing(person);
+    person.run(u"UPDATE messages SET remark = 'looked at' WHERE id = 'x'"_s);
+    QString taken;
+    {
+        const std::jthread taking([&taken] {
+            const auto own = queueengine::openStore();
+            if (const auto message = own->checkOut({noon}).message)
+                taken = message->id;
+        });
+        // It has looked, and waits to take back what is in no hand any more.
+        while (ask(u"SELECT count(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'"_s)
+            != QVariantList{1}) { }
+        ask(u"UPDATE messages SET state = 'sending', lease_owner = 'another', "
+            u"lease_until = '2999-01-01T00:00:00.000Z' WHERE id = 'a'"_s);
+        changing.commit();
+    }
+    EXPECT_EQ(taken, u"x"_s);
+}
+
 // A plan for whatever values goes through all that waits to the few that are due.
 TEST_F(PostgresTest, ChoiceOfAMessageIsPlannedEachTime)
 {

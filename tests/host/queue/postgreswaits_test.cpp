@@ -117,6 +117,26 @@ TEST_F(PostgresWaitsTest, SaleThatCannotBeWrittenInTimeIsKeptHere)
     EXPECT_THAT(log.lines().value(0).toStdString(), testing::HasSubstr(inTime.toStdString()));
 }
 
+// The driver's own look-up of a name has no limit.
+TEST_F(PostgresWaitsTest, NameIsLookedUpWithinOurOwnTime)
+{
+    const auto store = queueengine::openStore();
+    QStringList addresses;
+    for (const QString &name : QSqlDatabase::connectionNames()) {
+        const auto database = QSqlDatabase::database(name, false);
+        if (database.driverName() != u"QPSQL"_s)
+            continue;
+        const QVariant handle = database.driver()->handle();
+        PQconninfoOption *const options
+            = PQconninfo(*static_cast<PGconn *const *>(handle.constData()));
+        for (const PQconninfoOption *option = options; option->keyword; ++option)
+            if (qstrcmp(option->keyword, "hostaddr") == 0)
+                addresses.append(QString::fromUtf8(option->val));
+        PQconninfoFree(options);
+    }
+    EXPECT_EQ(addresses, QStringList{u"127.0.0.1"_s});
+}
+
 // A router between a till and the server forgets a connection over which nothing goes.
 TEST_F(PostgresWaitsTest, IdleConnectionIsKeptAlive)
 {
