@@ -69,6 +69,20 @@ QString FileOutbox::folder() const
     return QFileInfo(m_fileName).absolutePath();
 }
 
+QList<QueueMessage> FileOutbox::spilled()
+{
+    try {
+        const QList<QueueMessage> messages = m_spill.messages();
+        // Who was killed behind taking them in has left them here too.
+        return m_store && !messages.isEmpty() ? m_store->missing(messages) : messages;
+    } catch (const QueueUnusable &) {
+        throw;
+    } catch (const StorageError &error) {
+        logger()->error(QString::fromUtf8(error.what()));
+        return {};
+    }
+}
+
 void FileOutbox::close(const QueueUnusable &error)
 {
     // A server's failure while messages move is no damage of the file that they are in.

@@ -70,6 +70,15 @@ int MessageStore::takeIn(const QList<QueueMessage> &messages)
     return added;
 }
 
+QList<QueueMessage> MessageStore::missing(const QList<QueueMessage> &messages)
+{
+    QList<QueueMessage> missing;
+    for (const QueueMessage &message : messages)
+        if (!database().run(u"SELECT 1 FROM messages WHERE id = ?"_s, {message.id}).next())
+            missing.append(message);
+    return missing;
+}
+
 int MessageStore::waiting()
 {
     QSqlQuery count = database().run(u"SELECT sum(messages) FROM counts WHERE "_s + isWaiting);

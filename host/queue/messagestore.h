@@ -59,6 +59,8 @@ public:
     /// Adds messages behind the others in one step, but for those whose ids are there already.
     /// @return how many were added.
     int takeIn(const QList<QueueMessage> &messages);
+    /// Those of the messages whose ids are not in the queue, in their order.
+    [[nodiscard]] QList<QueueMessage> missing(const QList<QueueMessage> &messages);
     /// How many messages are pending or being sent.
     [[nodiscard]] int waiting();
     /// Everything but delivered messages, in order, without headers and bodies.

@@ -30,6 +30,10 @@ public:
     [[nodiscard]] virtual QString folder() const = 0;
     /// Whether other machines may change the queue.
     [[nodiscard]] virtual bool isShared() const { return false; }
+    /// What this machine keeps beside the queue's file, since that could not take it yet, in order:
+    /// what `store` and `toLookAt` have left there.
+    /// @throws StorageError when the file cannot be read.
+    [[nodiscard]] virtual QList<QueueMessage> spilled() = 0;
     /// Why the queue could not be reached the last time; empty: it could, or needs no reaching.
     [[nodiscard]] virtual QString unreached() const { return {}; }
     /// Closes what cannot be used any more; the next operation opens it again, and sets a damaged

@@ -1,7 +1,10 @@
 #pragma once
 
-#include "host/queue/verdict.h"
+#include "host/queue/backoff.h"
+#include "host/queue/dbqueuebroker.h"
+#include "till/queue/deliverytext.h"
 #include "till/queue/queueoptions.h"
+#include "till/queue/stoprequest.h"
 
 #include <QDateTime>
 
@@ -27,6 +30,42 @@ inline constexpr std::chrono::milliseconds shortest = std::chrono::milliseconds(
 /// Between two looks at a queue that other machines change too.
 inline constexpr std::chrono::milliseconds shared = std::chrono::seconds(1);
 } // namespace watchpause
+
+class FolderWatch;
+
+/// The delivery service from its start to its end. Belongs to the thread of the queue.
+class Watch
+{
+public:
+    /// @param queue, stop               not owned; must outlive this.
+    /// @param longestPauseBehindFailure behind passes that could not read or write the queue.
+    Watch(DBQueueBroker &queue, const StopRequest &stop, bool json,
+        std::chrono::milliseconds longestPauseBehindFailure = backoff::longestWait);
+
+    /// Sends what is due, once, and tells of it when that was anything.
+    /// @throws StorageError when the queue cannot be read or written.
+    DeliveryReport pass() const;
+    /// What is left in the queue.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] DeliveryRest rest() const;
+    /// Pass behind pass until the stop is asked for. The first pass that fails is told
+    /// of, and so is the first that does not behind it.
+    /// @throws StorageError when the queue's folder cannot be watched.
+    void run();
+
+private:
+    [[nodiscard]] std::chrono::milliseconds passAndPause() const;
+    [[nodiscard]] std::chrono::milliseconds pauseBehindFailure() const;
+    void waitBehindPass(const FolderWatch &folder, std::chrono::milliseconds pause) const;
+    void noteUnusable(const QString &reason);
+    void noteUsable();
+
+    DBQueueBroker &m_queue;
+    const StopRequest &m_stop;
+    bool m_json;
+    std::chrono::milliseconds m_longestPauseBehindFailure;
+    int m_failures = 0; ///< passes in a row that could not use the queue
+};
 
 namespace queuecommands {
 

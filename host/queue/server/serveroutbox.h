@@ -33,6 +33,7 @@ public:
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
     [[nodiscard]] QString folder() const override { return m_local->folder(); }
     [[nodiscard]] bool isShared() const override { return true; }
+    [[nodiscard]] QList<QueueMessage> spilled() override { return m_local->spilled(); }
     [[nodiscard]] QString unreached() const override { return m_lastFailure; }
     void close(const QueueUnusable &error) override;
 
