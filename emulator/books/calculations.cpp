@@ -22,6 +22,9 @@ LastCalculation readCalculation(const QSqlQuery &row)
     calculation.sumDiscounted = amountIn(row, column++);
     calculation.wish = amountIn(row, column++);
     calculation.code = row.value(column++).toString();
+    calculation.codeIssued
+        = QDateTime::fromMSecsSinceEpoch(row.value(column++).toLongLong(), Qt::UTC);
+    calculation.wrongCodes = row.value(column++).toInt();
     calculation.isOver = row.value(column++).toBool();
     return calculation;
 }
@@ -32,19 +35,27 @@ void Calculations::remember(const ChequeKey &cheque, const LastCalculation &calc
 {
     m_database.change(
         u"INSERT OR REPLACE INTO calculations (number, pos, business_unit, organization, card,"
-        " sum, discount, sum_discounted, wish, code) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+        " sum, discount, sum_discounted, wish, code, code_at)"
+        " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
         valuesOf(cheque)
             + QVariantList{calculation.sum.hundredths(), calculation.discount.hundredths(),
                 calculation.sumDiscounted.hundredths(), calculation.wish.hundredths(),
-                calculation.code});
+                calculation.code, calculation.codeIssued.toMSecsSinceEpoch()});
 }
 
 std::optional<LastCalculation> Calculations::recall(const ChequeKey &cheque) const
 {
     return m_database.first(
-        u"SELECT sum, discount, sum_discounted, wish, code, is_over FROM calculations WHERE %1"_s
+        u"SELECT sum, discount, sum_discounted, wish, code, code_at, wrong_codes, is_over FROM calculations WHERE %1"_s
             .arg(whereCheque()),
         valuesOf(cheque), readCalculation);
+}
+
+void Calculations::countWrongCode(const ChequeKey &cheque)
+{
+    m_database.change(
+        u"UPDATE calculations SET wrong_codes = wrong_codes + 1 WHERE %1"_s.arg(whereCheque()),
+        valuesOf(cheque));
 }
 
 void Calculations::forget(const ChequeKey &cheque)

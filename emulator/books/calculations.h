@@ -26,6 +26,7 @@ public:
 
     void remember(const ChequeKey &cheque, const LastCalculation &calculation);
     std::optional<LastCalculation> recall(const ChequeKey &cheque) const;
+    void countWrongCode(const ChequeKey &cheque);
     void forget(const ChequeKey &cheque);
     /// The till's calculations for the card are those of cheques that are over.
     void endAll(const Till &till, const QString &card);

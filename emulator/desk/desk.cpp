@@ -1,5 +1,6 @@
 #include "emulator/desk/desk.h"
 
+#include "emulator/books/audit.h"
 #include "emulator/books/tables.h"
 #include "emulator/desk/carddesk.h"
 #include "emulator/desk/returncodes.h"
@@ -12,6 +13,19 @@ using namespace Qt::Literals::StringLiterals;
 namespace emulator {
 
 namespace {
+
+#ifdef NDEBUG
+constexpr bool checksBooks = false;
+#else
+constexpr bool checksBooks = true;
+#endif
+
+void requireOrder(const Books &books, const QString &card)
+{
+    const AuditReport report = auditCard(books, card);
+    if (!report.problems.isEmpty())
+        throw BooksError(u"the books are not in order: %1"_s.arg(report.problems.first()));
+}
 
 /// Sends each request to its operation.
 struct Dispatch
@@ -49,7 +63,10 @@ Answer Desk::answer(const Request &request)
     if (const auto forced = forcedOutcome(request))
         return refuse(request, *forced);
     const DeskContext current = context();
-    return std::visit(Dispatch{current}, request);
+    const Answer answer = std::visit(Dispatch{current}, request);
+    if (checksBooks)
+        requireOrder(m_books, cardOf(request));
+    return answer;
 }
 
 Answer Desk::refuse(const Request &request, const Outcome &outcome)
