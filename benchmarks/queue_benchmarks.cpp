@@ -149,13 +149,26 @@ void enqueueTenThousand(benchmark::State &state)
 }
 BENCHMARK(enqueueTenThousand)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
 
+/// How long so many appends take, each with its fdatasync.
+Clock::duration timeOfAppends(const Queue &queue, int count)
+{
+    const Appender appender(queue.filePath(u"appended"_s));
+    const auto begin = Clock::now();
+    for (int append = 0; append < count; ++append)
+        appender.append();
+    return Clock::now() - begin;
+}
+
+// The appends tell what disk the deliveries had.
 void deliver(benchmark::State &state)
 {
     constexpr int messages = 2000;
+    constexpr int appends = 500;
     ScriptedServer service;
     service.answer("<ChequeResponse><ReturnCode>0</ReturnCode></ChequeResponse>");
     double delivered = 0;
     Clock::duration time{};
+    Clock::duration appending{};
     for (auto _ : state) {
         const Queue queue;
         for (int message = 0; message < messages; ++message)
@@ -163,8 +176,11 @@ void deliver(benchmark::State &state)
         const auto begin = Clock::now();
         delivered += Queue::broker()->deliver().delivered;
         time += Clock::now() - begin;
+        appending += timeOfAppends(queue, appends);
     }
     state.counters["a_second"] = delivered / seconds(time);
+    state.counters["appends_a_second"]
+        = appends * static_cast<double>(state.iterations()) / seconds(appending);
 }
 BENCHMARK(deliver)->Iterations(1)->Repetitions(3)->Unit(benchmark::kMillisecond);
 

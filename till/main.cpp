@@ -2,6 +2,7 @@
 
 #include "till/queue/commandline.h"
 #include "till/run/run.h"
+#include "till/usage.h"
 
 #include <QCoreApplication>
 
@@ -21,8 +22,8 @@ public:
     {
         m_app.require_subcommand(1);
         m_app.set_version_flag("--version", "korvel-till " KORVEL_VERSION);
-        m_app.failure_message([](const CLI::App *, const CLI::Error &error) {
-            return std::string("korvel-till: ") + error.what() + "; see korvel-till --help\n";
+        m_app.failure_message([](const CLI::App *app, const CLI::Error &error) {
+            return till::usageError(*app, error);
         });
         m_run->add_option("--config", m_config, "settings; without it till.ini, if there is one")
             ->option_text("FILE");

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QSet>
 
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {

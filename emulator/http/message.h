@@ -23,6 +23,7 @@ struct HttpRequest
     QByteArray authorization;
     QByteArray body;
     bool fromLoopback = false;
+    bool overTls = false;
     /// All of the head's, in order of arrival, byte for byte.
     std::vector<std::pair<QByteArray, QByteArray>> headers = {};
 };

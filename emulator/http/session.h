@@ -152,14 +152,15 @@ private:
         Error ignored;
         const auto peer = socketStream().socket().remote_endpoint(ignored);
         const bool fromLoopback = !ignored && peer.address().is_loopback();
+        HttpRequest request = requestFrom(m_parser.get(), fromLoopback);
+        request.overTls = isTls;
         m_isAsked = true;
         m_host.onAsked();
-        m_host.callbacks.answer(requestFrom(m_parser.get(), fromLoopback),
-            [self = this->shared_from_this()](const HttpReply &reply) {
-                // At once on the server's own thread, in its turn from any other.
-                boost::asio::dispatch(
-                    self->m_stream.get_executor(), [self, reply] { self->deliver(reply); });
-            });
+        m_host.callbacks.answer(request, [self = this->shared_from_this()](const HttpReply &reply) {
+            // At once on the server's own thread, in its turn from any other.
+            boost::asio::dispatch(
+                self->m_stream.get_executor(), [self, reply] { self->deliver(reply); });
+        });
     }
 
     void deliver(HttpReply reply)

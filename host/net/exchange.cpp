@@ -77,9 +77,9 @@ int errorOf(CURLcode result)
     }
 }
 
-ExchangeOutcome failure(int error, const QString &detail)
+ExchangeOutcome failure(int error, const QString &detail, const QByteArray &body = {})
 {
-    return {error, {}, detail};
+    return {error, body, detail};
 }
 
 ExchangeOutcome answered(int status, const AnswerCollector &answer)
@@ -90,7 +90,7 @@ ExchangeOutcome answered(int status, const AnswerCollector &answer)
             RestClient::AnswerCut, u"the connection was closed inside the answer's head"_s);
     const QString detail = u"status %1, %2 bytes"_s.arg(status).arg(answer.body().size());
     if (status >= firstFailure)
-        return failure(status, detail);
+        return failure(status, detail, answer.body());
     return {RestClient::None, answer.body(), detail};
 }
 
@@ -98,7 +98,8 @@ ExchangeOutcome outcome(const CurlHandle &handle, CURLcode result, const AnswerC
 {
     if (answer.isTooLarge())
         return failure(RestClient::AnswerTooLarge,
-            u"the answer was dropped after %1 bytes of its body"_s.arg(answer.body().size()));
+            u"the answer was dropped after %1 bytes of its body"_s.arg(answer.body().size()),
+            answer.body());
     if (result == CURLE_OK)
         return answered(static_cast<int>(handle.number(CURLINFO_RESPONSE_CODE)), answer);
     const QString detail = QString::fromUtf8(handle.errorText(result));

@@ -22,7 +22,7 @@ struct ExchangeRequest
 struct ExchangeOutcome
 {
     int error = 0; ///< as `RestClient::errorCode`
-    QByteArray body; ///< of a 2xx answer, otherwise empty
+    QByteArray body; ///< of an answer, whatever its status; of one too large what had come of it
     QString detail; ///< in English, for the log
 };
 

@@ -88,7 +88,8 @@ void RestClient::post(
     const ExchangeOutcome outcome = guardedExchange({url, body, headers, limit});
     m_errorCode = outcome.error;
     m_errorMessage = restClientMessage(outcome.error, url, limit);
-    m_responseBody = outcome.body;
+    m_responseBody = m_errorCode == None ? outcome.body : QByteArray();
+    m_failedBody = m_errorCode == None ? QByteArray() : outcome.body;
     log(url, body.size(), outcome.detail, timer.elapsed());
 }
 
@@ -118,4 +119,9 @@ tr::Tr RestClient::errorMessage() const
 QByteArray RestClient::responseBody() const
 {
     return m_responseBody;
+}
+
+QByteArray RestClient::failedBody() const
+{
+    return m_failedBody;
 }

@@ -58,6 +58,10 @@ public:
     [[nodiscard]] virtual tr::Tr errorMessage() const;
     /// Body of a 2xx answer; empty when the exchange failed.
     [[nodiscard]] virtual QByteArray responseBody() const;
+    /// Body of an answer that was no success: its status was 300 or above, or it was too large and
+    /// is cut. At most "RestClient:maxAnswerBytes" bytes; empty when there was no such answer. For
+    /// people who look for the reason; nothing in it counts as the service's word.
+    [[nodiscard]] virtual QByteArray failedBody() const;
 
 protected:
     int m_timeoutSeconds = 0;
@@ -65,6 +69,7 @@ protected:
     int m_errorCode = None;
     tr::Tr m_errorMessage;
     QByteArray m_responseBody;
+    QByteArray m_failedBody;
 
 private:
     void log(const QUrl &url, qsizetype sent, const QString &detail, qint64 milliseconds) const;

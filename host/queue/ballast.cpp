@@ -20,8 +20,8 @@ bool keep(const QString &fileName, qint64 bytes)
         return true;
     try {
         posix::File file(fileName, O_WRONLY | O_CREAT);
+        // Not synced: where a power cut takes it away the next start makes it anew.
         file.reserve(bytes);
-        file.sync();
         return true;
     } catch (const StorageError &) {
         // What little room there is belongs to the messages.

@@ -6,6 +6,7 @@
 #include "host/framework/session.h"
 #include "host/queue/delivery.h"
 #include "host/queue/fileoutbox.h"
+#include "host/queue/messagerow.h"
 #include "host/queue/server/serveraddress.h"
 #include "host/queue/server/serveroutbox.h"
 #include "host/storage/statefolder.h"
@@ -91,7 +92,8 @@ Outbox &DBQueueBroker::outbox()
 QueueOffice DBQueueBroker::openOffice()
 {
     const QList<MessageStore *> stores = outbox().toLookAt();
-    return QueueOffice(*stores.first(), {outbox().unreached(), stores.value(1)});
+    return QueueOffice(
+        *stores.first(), {outbox().unreached(), stores.value(1), outbox().spilled()});
 }
 
 void DBQueueBroker::closeQueue(const QueueUnusable &error)
@@ -107,11 +109,12 @@ QList<tr::Tr> DBQueueBroker::open()
     return notices;
 }
 
-void DBQueueBroker::lookAtEach(const std::function<void(MessageStore &)> &look)
+QList<QueueMessage> DBQueueBroker::lookAtEach(const std::function<void(MessageStore &)> &look)
 {
     try {
         for (MessageStore *store : outbox().toLookAt())
             look(*store);
+        return outbox().spilled();
     } catch (const QueueUnusable &error) {
         closeQueue(error);
         throw;
@@ -161,16 +164,34 @@ QDateTime DBQueueBroker::nextDue()
     });
 }
 
+QString DBQueueBroker::folder()
+{
+    return outbox().folder();
+}
+
+bool DBQueueBroker::isShared()
+{
+    return outbox().isShared();
+}
+
 int DBQueueBroker::waiting()
 {
     int waiting = 0;
-    lookAtEach([&waiting](MessageStore &store) { waiting += store.waiting(); });
-    return waiting;
+    const auto spilled
+        = lookAtEach([&waiting](MessageStore &store) { waiting += store.waiting(); });
+    return waiting + static_cast<int>(spilled.size());
+}
+
+int DBQueueBroker::spilled()
+{
+    return static_cast<int>(lookAtEach([](MessageStore &) {}).size());
 }
 
 QList<QueueMessage> DBQueueBroker::list()
 {
     QList<QueueMessage> messages;
-    lookAtEach([&messages](MessageStore &store) { messages += store.undelivered(); });
+    for (const QueueMessage &spilled :
+        lookAtEach([&messages](MessageStore &store) { messages += store.undelivered(); }))
+        messages.append(messagerow::shortened(spilled));
     return messages;
 }

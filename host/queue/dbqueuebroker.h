@@ -69,10 +69,20 @@ public:
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] QDateTime nextDue();
 
-    /// How many messages wait, those in a deliverer's hands included. Of a shared queue that cannot
-    /// be reached only those that wait for it on this machine; the same goes for `list`.
+    /// The folder whose files change when this machine's queue does.
+    [[nodiscard]] QString folder();
+    /// Whether other machines may change the queue, which shows in no file of this one.
+    [[nodiscard]] bool isShared();
+
+    /// How many messages wait, those in a deliverer's hands and in the spill file included. Of a
+    /// shared queue that cannot be reached only those that wait for it on this machine; the same
+    /// goes for `list`.
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] int waiting();
+    /// How many of them are in the spill file still, since the queue's file cannot take them. They
+    /// are not sent before it can.
+    /// @throws StorageError when the queue cannot be read.
+    [[nodiscard]] int spilled();
     /// What is not delivered, refused and parked messages included, in the order of enqueueing;
     /// without their headers and bodies.
     /// @throws StorageError when the queue cannot be read.
@@ -96,7 +106,8 @@ private:
     Outbox &outbox();
     [[nodiscard]] QueueOffice openOffice();
     void closeQueue(const QueueUnusable &error);
-    void lookAtEach(const std::function<void(MessageStore &)> &look);
+    /// What is in the spill file still.
+    QList<QueueMessage> lookAtEach(const std::function<void(MessageStore &)> &look);
 
     std::unique_ptr<Outbox> m_outbox;
     QHash<QString, VerdictFunction> m_verdicts;

@@ -74,6 +74,12 @@ int days(const QString &setting, int usual)
     return qMax(0, Singleton<Config>::instance()->getInt(setting, usual));
 }
 
+// What a person needs who looks for the reason, whether the service's own or a proxy's.
+QByteArray answerOf(const RestClient &client)
+{
+    return client.errorCode() == RestClient::None ? client.responseBody() : client.failedBody();
+}
+
 QSharedPointer<RestClient> exchange(const QueueMessage &message)
 {
     auto client = MockFactory<RestClient>::create();
@@ -135,7 +141,7 @@ private:
         const QDateTime now = currentTime();
         message.lastError = verdict.text.isEmpty() ? client.errorMessage().ru() : verdict.text;
         message.lastCode = verdict.code != 0 ? verdict.code : client.errorCode();
-        message.answer = client.responseBody().left(answerBytesKept);
+        message.answer = answerOf(client).left(answerBytesKept);
         message.nextAttempt = now;
         switch (verdict.outcome) {
         case Verdict::Outcome::Delivered:
@@ -208,8 +214,7 @@ private:
     // In small bites, so that an enqueueing till never waits for them.
     void deleteOldOnes()
     {
-        constexpr int usualDays = 30;
-        m_store.deleteDelivered(currentTime().addDays(-days(u"Queue:keepDays"_s, usualDays)));
+        m_store.deleteDelivered(keptSince());
         m_store.sumCounts();
     }
 
@@ -224,6 +229,12 @@ private:
 };
 
 } // namespace
+
+QDateTime keptSince()
+{
+    constexpr int usualDays = 30;
+    return currentTime().addDays(-days(u"Queue:keepDays"_s, usualDays));
+}
 
 DeliveryReport deliver(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts,
     Extent extent, const DeliveryObserver &observer)

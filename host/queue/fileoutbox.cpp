@@ -64,6 +64,25 @@ QList<MessageStore *> FileOutbox::toLookAt()
     return {&store()};
 }
 
+QString FileOutbox::folder() const
+{
+    return QFileInfo(m_fileName).absolutePath();
+}
+
+QList<QueueMessage> FileOutbox::spilled()
+{
+    try {
+        const QList<QueueMessage> messages = m_spill.messages();
+        // Who was killed behind taking them in has left them here too.
+        return m_store && !messages.isEmpty() ? m_store->missing(messages) : messages;
+    } catch (const QueueUnusable &) {
+        throw;
+    } catch (const StorageError &error) {
+        logger()->error(QString::fromUtf8(error.what()));
+        return {};
+    }
+}
+
 void FileOutbox::close(const QueueUnusable &error)
 {
     // A server's failure while messages move is no damage of the file that they are in.
@@ -101,7 +120,7 @@ void FileOutbox::takeInSpilled()
 
 void FileOutbox::spill(const QueueMessage &message)
 {
-    atomicfile::makePrivateFolder(QFileInfo(m_fileName).absolutePath());
+    atomicfile::makePrivateFolder(folder());
     try {
         m_spill.append(message);
     } catch (const StorageError &) {

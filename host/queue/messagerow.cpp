@@ -28,6 +28,13 @@ const QStringList &shortColumns()
     return some;
 }
 
+QueueMessage shortened(QueueMessage message)
+{
+    message.headers.clear();
+    message.body.clear();
+    return message;
+}
+
 QVariantList values(const QueueMessage &message)
 {
     return {message.id, present(message.queue), present(message.remark), present(message.url),

@@ -22,6 +22,9 @@ namespace messagerow {
 /// @param value of a column by its name; an invalid one where the row has no such column.
 [[nodiscard]] QueueMessage read(const std::function<QVariant(const QString &)> &value);
 
+/// The message without what is long and secret, as `shortColumns` give it.
+[[nodiscard]] QueueMessage shortened(QueueMessage message);
+
 /// A time as it stands in the table; empty for an invalid one.
 [[nodiscard]] QString written(const QDateTime &time);
 [[nodiscard]] QDateTime readTime(const QVariant &text);

@@ -20,6 +20,7 @@ constexpr int enoughToBeAmbiguous = 2;
 
 // Above those of any queue.
 constexpr qint64 localNumbers = qint64{1} << 62;
+constexpr qint64 spilledNumbers = localNumbers + (qint64{1} << 61);
 
 const QList<MessageState> undelivered{
     MessageState::Pending, MessageState::Sending, MessageState::Refused, MessageState::Parked};
@@ -44,10 +45,10 @@ QStringList changeEach(QueueDatabase &database, const QString &statement,
 
 } // namespace
 
-QueueOffice::QueueOffice(MessageStore &store, const Shared &shared)
+QueueOffice::QueueOffice(MessageStore &store, const Beside &beside)
     : m_store(store)
     , m_database(store.database())
-    , m_shared(shared)
+    , m_beside(beside)
 { }
 
 QString QueueOffice::fileName() const
@@ -63,19 +64,32 @@ QueueOffice::Status QueueOffice::status()
         status.counts[stateNamed(row.value(0).toString())] = row.value(1).toLongLong();
     QSqlQuery moved = m_database.run(u"SELECT count(*) FROM messages WHERE moved_to <> ''"_s);
     status.moved = moved.next() ? moved.value(0).toLongLong() : 0;
-    const QDateTime pending = enqueuedFirst(u"pending"_s);
-    const QDateTime sending = enqueuedFirst(u"sending"_s);
-    status.oldestWaiting
-        = pending.isValid() && (!sending.isValid() || pending < sending) ? pending : sending;
+    status.oldestWaiting = oldestWaiting();
     status.lastError = m_database.fact(queuefacts::lastError);
     status.lastErrorTime = messagerow::readTime(m_database.fact(queuefacts::lastErrorTime));
     status.lastSuccess = messagerow::readTime(m_database.fact(queuefacts::lastSuccess));
-    status.unreached = m_shared.unreached;
-    if (m_shared.local)
-        status.waitingHere = m_shared.local->waiting();
-    else if (!status.unreached.isEmpty())
-        status.waitingHere = m_store.waiting();
+    addWhatIsBeside(status);
     return status;
+}
+
+void QueueOffice::addWhatIsBeside(Status &status)
+{
+    status.unreached = m_beside.unreached;
+    status.spilled = m_beside.spilled.size();
+    status.counts[MessageState::Pending] += status.spilled;
+    if (m_beside.local)
+        status.waitingHere = m_beside.local->waiting() + status.spilled;
+    else if (!status.unreached.isEmpty())
+        status.waitingHere = m_store.waiting() + status.spilled;
+}
+
+QDateTime QueueOffice::oldestWaiting()
+{
+    QList<QDateTime> times{enqueuedFirst(u"pending"_s), enqueuedFirst(u"sending"_s)};
+    if (!m_beside.spilled.isEmpty())
+        times.append(m_beside.spilled.constFirst().enqueued);
+    times.removeAll(QDateTime());
+    return times.isEmpty() ? QDateTime() : *std::min_element(times.cbegin(), times.cend());
 }
 
 QDateTime QueueOffice::enqueuedFirst(const QString &state)
@@ -91,16 +105,32 @@ QList<QueueMessage> QueueOffice::list(const Page &page)
     QList<QueueMessage> messages;
     if (page.behind < localNumbers)
         messages = listOwn(page);
-    if (m_shared.local && messages.size() < page.size)
+    if (m_beside.local && messages.size() < page.size)
         appendLocal(messages, page);
+    if (page.states.isEmpty() || page.states.contains(MessageState::Pending))
+        appendSpilled(messages, page);
     return messages;
+}
+
+void QueueOffice::appendSpilled(QList<QueueMessage> &messages, const Page &page) const
+{
+    qint64 number = spilledNumbers;
+    for (const QueueMessage &spilled : m_beside.spilled) {
+        ++number;
+        if (messages.size() >= page.size)
+            return;
+        if (number <= page.behind)
+            continue;
+        messages.append(messagerow::shortened(spilled));
+        messages.last().number = number;
+    }
 }
 
 void QueueOffice::appendLocal(QList<QueueMessage> &messages, const Page &page)
 {
     const Page rest{page.states, qMax<qint64>(0, page.behind - localNumbers),
         page.size - static_cast<int>(messages.size())};
-    for (QueueMessage &message : QueueOffice(*m_shared.local).list(rest)) {
+    for (QueueMessage &message : QueueOffice(*m_beside.local).list(rest)) {
         message.number += localNumbers;
         messages.append(message);
     }
@@ -150,12 +180,15 @@ QList<QueueMessage> QueueOffice::find(const QString &idBeginning)
         {idBeginning, behind, enoughToBeAmbiguous});
     while (row.next())
         found.append(messagetable::messageFrom(row));
-    if (m_shared.local)
-        found += QueueOffice(*m_shared.local).find(idBeginning);
+    if (m_beside.local)
+        found += QueueOffice(*m_beside.local).find(idBeginning);
+    for (const QueueMessage &spilled : m_beside.spilled)
+        if (spilled.id.startsWith(idBeginning))
+            found.append(spilled);
     // One whose id is just that is meant, whatever others begin so.
-    if (!found.isEmpty() && found.first().id == idBeginning)
-        found.resize(1);
-    return found;
+    const auto meant = std::find_if(found.cbegin(), found.cend(),
+        [&idBeginning](const QueueMessage &message) { return message.id == idBeginning; });
+    return meant == found.cend() ? found : QList<QueueMessage>{*meant};
 }
 
 QList<QueueMessage> QueueOffice::ofDocument(const QString &correlationId)
@@ -169,6 +202,11 @@ QList<QueueMessage> QueueOffice::ofDocument(const QString &correlationId)
         {correlationId});
     while (row.next())
         messages.append(messagetable::messageFrom(row));
+    if (m_beside.local)
+        messages += QueueOffice(*m_beside.local).ofDocument(correlationId);
+    for (const QueueMessage &spilled : m_beside.spilled)
+        if (spilled.correlationId == correlationId)
+            messages.append(messagerow::shortened(spilled));
     return messages;
 }
 
@@ -191,6 +229,18 @@ QStringList QueueOffice::setAside(const QStringList &ids)
         {}, ids);
 }
 
+bool QueueOffice::giveCredentials(qint64 number, const QString &authorization)
+{
+    QSqlQuery row = m_database.run(u"SELECT headers FROM messages WHERE number = ?"_s, {number});
+    auto headers = row.next() ? messagerow::readHeaders(row.value(0)) : QHash<QString, QString>();
+    row.finish();
+    if (!authorization::replace(headers, authorization))
+        return false;
+    m_database.run(u"UPDATE messages SET headers = ?, next_attempt = ? WHERE number = ?"_s,
+        {messagerow::written(headers), now(), number});
+    return true;
+}
+
 int QueueOffice::reauthorise(const QString &queue, const QString &authorization)
 {
     int changed = 0;
@@ -202,18 +252,8 @@ int QueueOffice::reauthorise(const QString &queue, const QString &authorization)
         behind = page.last().number;
         QueueTransaction transaction(m_database);
         for (const QueueMessage &message : page) {
-            if (message.queue != queue)
-                continue;
-            QSqlQuery row = m_database.run(
-                u"SELECT headers FROM messages WHERE number = ?"_s, {message.number});
-            auto headers
-                = row.next() ? messagerow::readHeaders(row.value(0)) : QHash<QString, QString>();
-            row.finish();
-            if (!authorization::replace(headers, authorization))
-                continue;
-            m_database.run(u"UPDATE messages SET headers = ?, next_attempt = ? WHERE number = ?"_s,
-                {messagerow::written(headers), now(), message.number});
-            ++changed;
+            if (message.queue == queue && giveCredentials(message.number, authorization))
+                ++changed;
         }
         transaction.commit();
     }

@@ -18,23 +18,26 @@ class QueueDatabase;
 class POSHOST_EXPORT QueueOffice
 {
 public:
-    /// What there is to say beside a queue that many machines share.
-    struct Shared
+    /// What there is beside the store.
+    struct Beside
     {
-        QString unreached; ///< why it cannot be reached: the store is then this machine's own
-        /// This machine's own store with what waits to move there; null: none beside. Must outlive
-        /// the office too.
+        /// Why a shared queue cannot be reached: the store is then this machine's own.
+        QString unreached;
+        /// This machine's own store with what waits to move to a shared queue; null: none beside.
+        /// Must outlive the office too.
         MessageStore *local = nullptr;
+        QList<QueueMessage> spilled; ///< what this machine's own store could not take yet
     };
 
-    explicit QueueOffice(MessageStore &store, const Shared &shared = {{}, nullptr});
+    explicit QueueOffice(MessageStore &store, const Beside &beside = {{}, nullptr, {}});
 
     /// The file that the messages are in.
     [[nodiscard]] QString fileName() const;
 
     struct Status
     {
-        QMap<MessageState, qint64> counts; ///< of every state
+        QMap<MessageState, qint64> counts; ///< of every state; pending ones with those spilled
+        qint64 spilled = 0; ///< pending ones that the queue's file could not take yet
         qint64 moved = 0; ///< parked ones that were moved to another queue
         QDateTime oldestWaiting; ///< when the first that waits was enqueued; invalid: none waits
         QString lastError; ///< of the last attempt that failed; empty: none
@@ -42,7 +45,8 @@ public:
         QDateTime lastSuccess; ///< when a message was delivered; invalid: never
         /// Why a shared queue cannot be reached; the counts are then those of this machine.
         QString unreached;
-        qint64 waitingHere = 0; ///< messages of this machine that have to move to a shared queue
+        /// Messages of this machine that have to move to a shared queue, with those spilled.
+        qint64 waitingHere = 0;
     };
     [[nodiscard]] Status status();
 
@@ -53,7 +57,8 @@ public:
         int size = 100; ///< messages at most
     };
     /// Messages in the order of enqueueing, without headers and bodies. What waits on this machine
-    /// to move to a shared queue comes behind all others, with numbers of its own above theirs.
+    /// to move to a shared queue, and behind that what is in the spill file, comes behind all
+    /// others, with numbers of its own above theirs.
     [[nodiscard]] QList<QueueMessage> list(const Page &page);
     /// The messages whose ids begin so, whole: none, the one that is meant, or two when there are
     /// more. An empty beginning means none.
@@ -93,8 +98,12 @@ private:
     [[nodiscard]] QDateTime enqueuedFirst(const QString &state);
     [[nodiscard]] QList<QueueMessage> listOwn(const Page &page);
     void appendLocal(QList<QueueMessage> &messages, const Page &page);
+    void appendSpilled(QList<QueueMessage> &messages, const Page &page) const;
+    [[nodiscard]] QDateTime oldestWaiting();
+    bool giveCredentials(qint64 number, const QString &authorization);
+    void addWhatIsBeside(Status &status);
 
     MessageStore &m_store;
     QueueDatabase &m_database;
-    Shared m_shared;
+    Beside m_beside;
 };

@@ -36,6 +36,26 @@ void syncFolderOf(const QString &fileName)
     posix::syncFolder(QFileInfo(fileName).absolutePath());
 }
 
+struct Contents
+{
+    QList<QueueMessage> messages;
+    QByteArrayList unreadable; ///< lines that are no whole message
+};
+
+Contents readAll(const QString &fileName)
+{
+    Contents contents;
+    for (const QByteArray &line : contentsOf(fileName).split('\n')) {
+        if (line.isEmpty())
+            continue;
+        if (const auto message = messagejson::read(line))
+            contents.messages.append(*message);
+        else
+            contents.unreadable.append(line + '\n');
+    }
+    return contents;
+}
+
 void keepUnreadable(const QString &fileName, const QByteArray &lines)
 {
     const QString aside = fileName + u".unreadable";
@@ -75,26 +95,22 @@ void SpillFile::append(const QueueMessage &message)
         syncFolderOf(m_fileName);
 }
 
+QList<QueueMessage> SpillFile::messages() const
+{
+    return isEmpty() ? QList<QueueMessage>() : readAll(m_fileName).messages;
+}
+
 int SpillFile::takeOver(const std::function<void(const QList<QueueMessage> &)> &take)
 {
     if (isEmpty())
         return 0;
     posix::File file(m_fileName, O_RDWR);
     lock(file, m_fileName);
-    QList<QueueMessage> messages;
-    QByteArrayList unreadable;
-    for (const QByteArray &line : contentsOf(m_fileName).split('\n')) {
-        if (line.isEmpty())
-            continue;
-        if (const auto message = messagejson::read(line))
-            messages.append(*message);
-        else
-            unreadable.append(line + '\n');
-    }
-    take(messages);
-    if (!unreadable.isEmpty())
-        keepUnreadable(m_fileName, unreadable.join());
+    const Contents contents = readAll(m_fileName);
+    take(contents.messages);
+    if (!contents.unreadable.isEmpty())
+        keepUnreadable(m_fileName, contents.unreadable.join());
     file.truncate(0);
     file.sync();
-    return static_cast<int>(unreadable.size());
+    return static_cast<int>(contents.unreadable.size());
 }

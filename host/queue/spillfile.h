@@ -22,6 +22,10 @@ public:
     /// Adds a message; it is on disk, synced, when this returns.
     /// @throws StorageError when it could not be; the file is then as it was.
     void append(const QueueMessage &message);
+    /// The messages in their order, which stay. Waits for nobody: of who works the file just now it
+    /// sees what is written so far.
+    /// @throws StorageError when it cannot be read.
+    [[nodiscard]] QList<QueueMessage> messages() const;
     /// Hands all messages over in their order, then empties the file. Lines that are no whole
     /// message, as a killed process leaves the last one, go to "<file>.unreadable".
     /// @param take puts them where they belong; throws when it cannot, and the file stays as it is.

@@ -81,10 +81,15 @@ void makePrivateFolder(const QString &folder)
 
 void remove(const QString &fileName)
 {
+    removeUnsynced(fileName);
+    posix::syncFolder(folderOf(fileName));
+}
+
+void removeUnsynced(const QString &fileName)
+{
     if (::unlink(QFile::encodeName(fileName).constData()) != 0 && errno != ENOENT)
         throw StorageError(u"%1: cannot be removed: %2; see that the folder is writable"_s.arg(
             fileName, posix::lastError()));
-    posix::syncFolder(folderOf(fileName));
 }
 
 } // namespace atomicfile

@@ -30,4 +30,8 @@ POSHOST_EXPORT void makePrivateFolder(const QString &folder);
 /// @throws StorageError when it cannot be removed.
 POSHOST_EXPORT void remove(const QString &fileName);
 
+/// The same without a sync: a power cut soon after may bring the file back. For one whose return
+/// does no harm.
+POSHOST_EXPORT void removeUnsynced(const QString &fileName);
+
 } // namespace atomicfile

@@ -8,7 +8,8 @@
 /// One document, one file.
 namespace documentfile {
 
-/// Replaces the file in one step.
+/// Replaces the file in one step, synced. Where this process has just written the same, nothing is
+/// left to do. On the host's thread.
 /// @throws StorageError when it cannot be written; the old file is then untouched.
 void save(AbstractDocument &document, const QString &fileName);
 

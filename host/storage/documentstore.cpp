@@ -33,6 +33,12 @@ bool isFileName(const QString &number)
     return plain.match(number).hasMatch();
 }
 
+// Should a power cut bring the file back, the next start finds again that its document has ended.
+void dropEndedOne()
+{
+    atomicfile::removeUnsynced(folder().openDocument());
+}
+
 QString closedFile(const QString &number)
 {
     return folder().closedDocuments() + u'/' + number + u".json"_s;
@@ -66,7 +72,7 @@ QSharedPointer<AbstractDocument> DocumentStore::loadOpen()
     if (document->getState() == EDocumentState::Closed)
         close(document);
     else if (document->getState() == EDocumentState::Cancelled || isClosedAlready(*document))
-        discard();
+        dropEndedOne();
     else
         return document;
     return {};
@@ -87,7 +93,7 @@ void DocumentStore::close(const QSharedPointer<AbstractDocument> &document)
         throw StorageError(u"%1: holds another document of this number; cancel the open one"_s.arg(
             closedFile(number)));
     documentfile::save(*document, closedFile(number));
-    discard();
+    dropEndedOne();
 }
 
 void DocumentStore::discard()

@@ -32,12 +32,19 @@ std::string documentsWith(const QString &swallows, const QString &manner = {})
 TEST(ControlTest, HonestDiskLosesNothing)
 {
     EXPECT_EQ(documentsWith({}), "");
+    EXPECT_EQ(violationsOf(u"journal"_s, laws::journalIsKept, {}), "");
     EXPECT_EQ(violationsOf(u"queue"_s, laws::messagesAreKept, {}), "");
 }
 
 TEST(ControlTest, DocumentsThatAreWrittenPlainlyTear)
 {
     EXPECT_THAT(documentsWith({}, u"plainly"_s), testing::HasSubstr("the till does not start"));
+}
+
+TEST(ControlTest, JournalThatIsWrittenAnewIsLost)
+{
+    EXPECT_THAT(violationsOf(u"journal"_s, laws::journalIsKept, {}, u"plainly"_s),
+        testing::HasSubstr("was on disk and is lost"));
 }
 
 TEST(ControlTest, ReplacementWithoutTheFoldersSyncIsLost)
@@ -63,16 +70,25 @@ TEST(ControlTest, MessagesInALogThatIsNotSyncedAreLost)
 }
 
 // They are taken in soon, so the cuts are right behind them.
-TEST(ControlTest, SpilledMessagesThatAreNotSyncedAreLost)
+std::string violationsBehindSpilled(const QString &swallows)
 {
     constexpr quint32 chances = 8;
-    const Recording recording = recordSubject(u"queue"_s, seed, u".spill"_s);
+    const Recording recording = recordSubject(u"queue"_s, seed, swallows);
     const auto spilled = cutsBehind(recording, {"enqueued 7", "enqueued 14"}, chances);
-    ASSERT_EQ(spilled.size(), 2 * chances);
-    ASSERT_TRUE(samples::comesWithFullDisk(7) && samples::comesWithFullDisk(14));
+    EXPECT_EQ(spilled.size(), 2 * chances);
+    EXPECT_TRUE(samples::comesWithFullDisk(7) && samples::comesWithFullDisk(14));
+    return violations(recording, spilled, seed, laws::messagesAreKept).join(u'\n').toStdString();
+}
+
+TEST(ControlTest, SpilledMessagesThatAreNotSyncedAreLost)
+{
     EXPECT_THAT(
-        violations(recording, spilled, seed, laws::messagesAreKept).join(u'\n').toStdString(),
-        testing::HasSubstr("was enqueued and is missing"));
+        violationsBehindSpilled(u".spill"_s), testing::HasSubstr("was enqueued and is missing"));
+}
+
+TEST(ControlTest, SpilledMessagesAreKeptWithTheNameOfTheirFile)
+{
+    EXPECT_EQ(violationsBehindSpilled({}), "");
 }
 
 } // namespace

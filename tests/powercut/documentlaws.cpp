@@ -1,13 +1,9 @@
 #include "host/storage/documentstore.h"
-#include "host/storage/journal.h"
 #include "host/storage/statefolder.h"
 #include "tests/powercut/documentbooks.h"
 #include "tests/powercut/laws.h"
 #include "tests/powercut/samples.h"
 #include "tests/support/hostfixture.h"
-
-#include <QFile>
-#include <QJsonDocument>
 
 using namespace Qt::StringLiterals;
 
@@ -44,20 +40,6 @@ QStringList differences(const DocumentBooks &books, const Story &story, Document
         sentences.append(u"%1 was the highest number, %2 is given next"_s.arg(
             QString::number(before.highestNumber), QString::number(next)));
     return sentences;
-}
-
-// What was torn off must not swallow what comes after it.
-QStringList journalGoesOn()
-{
-    const QString kind = u"restart"_s;
-    Journal::append(kind, {});
-    QFile journal(Singleton<StateFolder>::instance()->journal());
-    if (!journal.open(QIODevice::ReadOnly))
-        return {u"the journal cannot be read"_s};
-    const QByteArray last = journal.readAll().trimmed().split('\n').last();
-    if (QJsonDocument::fromJson(last)[u"kind"_s].toString() != kind)
-        return {u"the journal goes on with the line \"%1\""_s.arg(QString::fromUtf8(last))};
-    return {};
 }
 
 } // namespace

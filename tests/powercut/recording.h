@@ -24,8 +24,9 @@ struct Recording
 Recording record(const QString &program, QStringList words, const QString &swallows = {},
     const Tree &before = {});
 
-/// What the subject did to documents or to the queue.
-/// @param work its arguments before the folder and behind the seed: "documents" or "queue".
+/// What the subject did to documents, the journal or the queue.
+/// @param work   "documents", "files", "journal" or "queue".
+/// @param manner "plainly": documents and journal are written as one must not.
 Recording recordSubject(
     const QString &work, quint32 seed, const QString &swallows = {}, const QString &manner = {});
 

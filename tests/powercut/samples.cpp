@@ -14,6 +14,7 @@ constexpr quint32 greatestPositions = 60;
 constexpr quint32 greatestPrice = 1000;
 constexpr int shortBody = 1024;
 constexpr quint32 longestBody = 60 * 1024;
+constexpr quint32 longestJournalText = 4 * 1024;
 constexpr quint32 letters = 26;
 constexpr int messagesToAFullDisk = 7;
 
@@ -55,6 +56,15 @@ QString nameOf(quint32 seed, AbstractDocument &found)
     const auto made = document(seed, found.getNumber(), version, found.getState());
     const bool isAsMade = documentjson::write(*made) == documentjson::write(found);
     return found.getNumber() + u'/' + (isAsMade ? QString::number(version) : u"damaged"_s);
+}
+
+QString journalText(quint32 seed, int line)
+{
+    auto random = randomFor(seed, static_cast<quint32>(line), longestJournalText);
+    QString text;
+    for (auto left = random() % longestJournalText; left > 0; --left)
+        text += QChar(static_cast<ushort>('a' + random() % letters));
+    return text;
 }
 
 QByteArray body(quint32 seed, int message)

@@ -19,6 +19,11 @@ QSharedPointer<AbstractDocument> document(
 /// "17/3": number and version of a document that is as it was made; "17/damaged" for every other.
 QString nameOf(quint32 seed, AbstractDocument &document);
 
+/// The kind of the subject's lines in the journal.
+inline const QString journalKind = QStringLiteral("event");
+/// What the n-th line of the journal tells: up to some 4 KB.
+QString journalText(quint32 seed, int line);
+
 /// The body of the n-th message that the subject enqueues: 1 to 60 KB.
 QByteArray body(quint32 seed, int message);
 /// Which message a body belongs to, as far as its beginning tells.

@@ -35,7 +35,7 @@ TEST_P(SubjectTest, ReplayedInFullFromTheMiddleToo)
     EXPECT_EQ(replayed(resumed), resumed.left);
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, SubjectTest, testing::Values("documents", "queue"));
+INSTANTIATE_TEST_SUITE_P(Each, SubjectTest, testing::Values("documents", "journal", "queue"));
 
 std::set<std::string> wordsIn(const Recording &recording)
 {
@@ -67,6 +67,12 @@ TEST(PremisesTest, DocumentsSeeEverythingThatATillDoes)
 {
     EXPECT_EQ(wordsIn(recordSubject(u"documents"_s, seed)),
         std::set<std::string>({"given", "saved", "closed", "cancelled", "restarted"}));
+}
+
+TEST(PremisesTest, JournalIsWrittenBackNowAndThen)
+{
+    EXPECT_EQ(
+        wordsIn(recordSubject(u"journal"_s, seed)), std::set<std::string>({"noted", "settled"}));
 }
 
 TEST(PremisesTest, QueueIsUsedInEveryWay)

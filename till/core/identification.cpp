@@ -1,5 +1,6 @@
 // A card is presented.
 
+#include "host/storage/opendocumenthold.h"
 #include "till/core/cannotdo.h"
 #include "till/core/till.h"
 
@@ -43,6 +44,8 @@ void Till::attachCard(const QString &number, ECardNumberType type, Outcome &outc
     card->setCardGroup(group);
     auto record = QSharedPointer<DocumentCardRecord>::create(card);
 
+    // What the plug-in saves meanwhile lacks the card; who presents it keeps both together.
+    const OpenDocumentHold hold;
     request(outcome, u"identifyByCard"_s, [&] { return m_system.identifyByCard(record, type); });
     if (!outcome.result.toBool() || !record)
         return;

@@ -3,7 +3,6 @@
 #include "till/core/cannotdo.h"
 #include "till/exitstatus.h"
 #include "till/queue/looking.h"
-#include "till/queue/mending.h"
 #include "till/queue/output.h"
 #include "till/queue/sending.h"
 #include "till/queue/transfer.h"
@@ -91,13 +90,22 @@ void QueueCommandLine::addLooking()
 void QueueCommandLine::addMending()
 {
     CLI::App *retry = add("retry", "lets messages be sent as soon as possible",
-        [this](const QueueOptions &options) { return queuecommands::retry(options, ids()); });
+        [this](const QueueOptions &options) { return queuecommands::retry(options, meant()); });
     CLI::App *setAside = add("set-aside", "parks messages until a person retries them",
-        [this](const QueueOptions &options) { return queuecommands::setAside(options, ids()); });
-    for (CLI::App *command : {retry, setAside})
+        [this](const QueueOptions &options) { return queuecommands::setAside(options, meant()); });
+    for (CLI::App *command : {retry, setAside}) {
         command->add_option("ids", m_ids, "ids of messages, or their beginnings")
-            ->option_text("ID...")
-            ->required();
+            ->option_text("ID...");
+        command->add_flag("--all", m_all, "every message that can be changed so, instead of ids");
+    }
+    retry
+        ->add_option("--state-of", m_states,
+            "every message of these states, instead of ids: pending, refused, parked")
+        ->option_text("NAME...");
+    setAside
+        ->add_option("--state-of", m_states,
+            "every message of these states, instead of ids: pending, refused")
+        ->option_text("NAME...");
 }
 
 void QueueCommandLine::addSending()
@@ -128,9 +136,9 @@ void QueueCommandLine::addTransfer()
     importing->add_option("file", m_file, "was written by export")->option_text("FILE")->required();
 }
 
-QStringList QueueCommandLine::ids() const
+queuecommands::Meant QueueCommandLine::meant() const
 {
-    return texts(m_ids);
+    return {texts(m_ids), texts(m_states), m_all};
 }
 
 int QueueCommandLine::execute() const

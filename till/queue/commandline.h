@@ -1,5 +1,6 @@
 #pragma once
 
+#include "till/queue/mending.h"
 #include "till/queue/queueoptions.h"
 
 #include <CLI/CLI.hpp>
@@ -34,7 +35,7 @@ private:
     void addMending();
     void addSending();
     void addTransfer();
-    [[nodiscard]] QStringList ids() const;
+    [[nodiscard]] queuecommands::Meant meant() const;
 
     CLI::App *m_queue;
     Command m_command; ///< the one that was called for

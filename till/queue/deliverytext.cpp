@@ -4,23 +4,32 @@ using namespace Qt::StringLiterals;
 
 namespace till {
 
-QString deliveryText(const DeliveryReport &report, int waiting)
+namespace {
+
+bool wasCutShort(const DeliveryRest &rest)
+{
+    return rest.wasEnded && rest.waiting > 0;
+}
+
+} // namespace
+
+QString deliveryText(const DeliveryReport &report, const DeliveryRest &rest)
 {
     return u"delivered %1, refused %2, failed %3, parked %4; waiting %5"_s.arg(report.delivered)
         .arg(report.refused)
         .arg(report.failed)
         .arg(report.parked)
-        .arg(waiting);
+        .arg(rest.waiting);
 }
 
-Json deliveryObject(const DeliveryReport &report, int waiting)
+Json deliveryObject(const DeliveryReport &report, const DeliveryRest &rest)
 {
     return {{"delivered", report.delivered}, {"refused", report.refused}, {"failed", report.failed},
-        {"parked", report.parked}, {"waiting", waiting}, {"busy", report.busy},
-        {"stopped", report.stopped}, {"unauthorised", report.unauthorised}};
+        {"parked", report.parked}, {"waiting", rest.waiting}, {"spilled", rest.spilled},
+        {"busy", report.busy}, {"stopped", report.stopped}, {"unauthorised", report.unauthorised}};
 }
 
-QStringList deliveryAdvice(const DeliveryReport &report)
+QStringList deliveryAdvice(const DeliveryReport &report, const DeliveryRest &rest)
 {
     QStringList advice;
     if (report.busy)
@@ -36,6 +45,12 @@ QStringList deliveryAdvice(const DeliveryReport &report)
     if (report.refused + report.parked > 0)
         advice.append(u"refused and parked messages need a person; see korvel-till queue list "
                       u"--state-of refused parked"_s);
+    if (wasCutShort(rest))
+        advice.append(u"the delivery was asked to end, and the rest was not tried; run it again"_s);
+    if (rest.spilled > 0)
+        advice.append(
+            u"the queue's file cannot take %1 messages, which are not sent before it can; "
+            u"see that its disk has room and that it may be written"_s.arg(rest.spilled));
     return advice;
 }
 
@@ -44,9 +59,10 @@ bool didSomething(const DeliveryReport &report)
     return report.delivered + report.refused + report.failed + report.parked > 0;
 }
 
-ExitStatus deliveryStatus(const DeliveryReport &report)
+ExitStatus deliveryStatus(const DeliveryReport &report, const DeliveryRest &rest)
 {
-    const bool allWell = !report.busy && report.refused + report.failed + report.parked == 0;
+    const bool allWell = !report.busy && !wasCutShort(rest) && rest.spilled == 0
+        && report.refused + report.failed + report.parked == 0;
     return allWell ? ExitStatus::Success : ExitStatus::NotAllDone;
 }
 

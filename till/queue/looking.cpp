@@ -1,7 +1,6 @@
 #include "till/queue/looking.h"
 
 #include "host/framework/currenttime.h"
-#include "till/core/cannotdo.h"
 #include "till/exitstatus.h"
 #include "till/queue/backlog.h"
 #include "till/queue/identification.h"
@@ -12,6 +11,7 @@
 #include "till/queue/metrics.h"
 #include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
+#include "till/queue/stateselection.h"
 #include "till/queue/statusreport.h"
 
 #include <cstdio>
@@ -28,13 +28,7 @@ const QList<MessageState> everyState{MessageState::Pending, MessageState::Sendin
 
 QList<MessageState> wantedStates(bool all, const QStringList &names)
 {
-    QList<MessageState> states;
-    for (const QString &name : names) {
-        if (!isStateName(name))
-            throw CannotDo(u"there is no state \"%1\""_s.arg(name),
-                u"use pending, sending, delivered, refused or parked"_s);
-        states.append(stateNamed(name));
-    }
+    const QList<MessageState> states = statesNamed(names);
     return states.isEmpty() && all ? everyState : states;
 }
 

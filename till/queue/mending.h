@@ -8,12 +8,21 @@
 /// return an exit status of the program; what cannot be used is thrown as `openQueue` does.
 namespace till::queuecommands {
 
-/// `retry`: lets messages be sent as soon as possible. 1 when one of them could not be changed.
-/// @param idBeginnings of at least one message.
-/// @throws CannotDo when a message cannot be told; nothing is then changed.
-int retry(const QueueOptions &options, const QStringList &idBeginnings);
+/// Which messages a person means. In one way of the three.
+struct Meant
+{
+    QStringList idBeginnings;
+    QStringList states; ///< names of states: all messages of these
+    bool all = false; ///< whatever the command can change
+};
 
-/// `set-aside`: parks messages; otherwise as `retry`.
-int setAside(const QueueOptions &options, const QStringList &idBeginnings);
+/// `retry`: lets messages that are pending, refused or parked be sent as soon as possible. 1 when
+/// one that was named by its id could not be changed.
+/// @throws CannotDo when a message or a state cannot be told, or none or several ways were taken to
+///         say which are meant; nothing is then changed.
+int retry(const QueueOptions &options, const Meant &meant);
+
+/// `set-aside`: parks messages that are pending or refused; otherwise as `retry`.
+int setAside(const QueueOptions &options, const Meant &meant);
 
 } // namespace till::queuecommands

@@ -50,28 +50,41 @@ QString countsText(const QueueOffice::Status &status)
     return counts.text();
 }
 
-} // namespace
-
-QString metricsText(const QueueOffice::Status &status, const QDateTime &now, BacklogLevel level)
+QString figureText(const QString &name, const QString &help, qint64 value, const QString &unit = {})
 {
-    return countsText(status)
-        + Family(u"moved_messages"_s, u"Parked messages that were moved to another queue."_s)
-              .sample(status.moved)
-              .text()
-        + Family(u"oldest_waiting_age_seconds"_s,
-            u"How long the oldest waiting message has waited; 0 when none waits."_s, seconds)
-              .sample(ageOfOldest(status, now).count())
-              .text()
+    return Family(name, help, unit).sample(value).text();
+}
+
+QString besideText(const QueueOffice::Status &status)
+{
+    return figureText(u"moved_messages"_s, u"Parked messages that were moved to another queue."_s,
+               status.moved)
+        + figureText(u"spilled_messages"_s,
+            u"Pending messages that the queue's file could not take yet."_s, status.spilled)
+        + figureText(u"waiting_here_messages"_s,
+            u"Messages of this machine that have to move to a shared queue."_s, status.waitingHere);
+}
+
+QString timesText(const QueueOffice::Status &status, const QDateTime &now)
+{
+    return figureText(u"oldest_waiting_age_seconds"_s,
+               u"How long the oldest waiting message has waited; 0 when none waits."_s,
+               ageOfOldest(status, now).count(), seconds)
         + Family(
             u"last_success_timestamp_seconds"_s, u"When a message was delivered last."_s, seconds)
               .time(status.lastSuccess)
               .text()
         + Family(u"last_error_timestamp_seconds"_s, u"When an attempt failed last."_s, seconds)
               .time(status.lastErrorTime)
-              .text()
-        + Family(u"level"_s, u"0: good, 1: warning, 2: alarm."_s)
-              .sample(static_cast<int>(level))
-              .text()
+              .text();
+}
+
+} // namespace
+
+QString metricsText(const QueueOffice::Status &status, const QDateTime &now, BacklogLevel level)
+{
+    return countsText(status) + besideText(status) + timesText(status, now)
+        + figureText(u"level"_s, u"0: good, 1: warning, 2: alarm."_s, static_cast<int>(level))
         + u"# EOF\n"_s;
 }
 

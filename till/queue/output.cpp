@@ -1,6 +1,5 @@
 #include "till/queue/output.h"
 
-#include "till/queue/deliverytext.h"
 #include "till/queue/messagetext.h"
 
 #include <cstdio>
@@ -26,13 +25,18 @@ void complain(const QString &line)
     std::fputs(whole.toUtf8().constData(), stderr);
 }
 
-void tellDelivery(const DeliveryReport &report, int waiting, bool json)
+void tellDelivery(const DeliveryReport &report, const DeliveryRest &rest, bool json)
 {
     if (json)
-        print(deliveryObject(report, waiting));
+        print(deliveryObject(report, rest));
     else
-        print(deliveryText(report, waiting) + u'\n');
-    for (const QString &line : deliveryAdvice(report))
+        print(deliveryText(report, rest) + u'\n');
+    adviseOnDelivery(report, rest);
+}
+
+void adviseOnDelivery(const DeliveryReport &report, const DeliveryRest &rest)
+{
+    for (const QString &line : deliveryAdvice(report, rest))
         complain(line);
 }
 

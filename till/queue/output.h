@@ -1,7 +1,6 @@
 #pragma once
 
-#include "host/queue/verdict.h"
-#include "till/transcript/json.h"
+#include "till/queue/deliverytext.h"
 
 #include <QString>
 
@@ -16,6 +15,8 @@ void complain(const QString &line);
 
 /// Tells what a pass of delivery did on standard output, and what is to be done about it on
 /// standard error.
-void tellDelivery(const DeliveryReport &report, int waiting, bool json);
+void tellDelivery(const DeliveryReport &report, const DeliveryRest &rest, bool json);
+/// The latter alone.
+void adviseOnDelivery(const DeliveryReport &report, const DeliveryRest &rest);
 
 } // namespace till

@@ -1,6 +1,5 @@
 #include "till/queue/sending.h"
 
-#include "till/queue/deliverytext.h"
 #include "till/queue/output.h"
 #include "till/queue/progressline.h"
 #include "till/queue/queueaccess.h"
@@ -12,9 +11,8 @@ namespace till::queuecommands {
 
 namespace {
 
-DeliveryReport deliverShowing(DBQueueBroker &queue, bool showsProgress)
+DeliveryReport deliverShowing(DBQueueBroker &queue, const StopRequest &stop, bool showsProgress)
 {
-    const StopRequest stop;
     if (!showsProgress)
         return queue.deliver([&stop](const DeliveryReport &) { return !stop.isMade(); });
     ProgressLine line(stdout, queue.waiting());
@@ -29,9 +27,11 @@ DeliveryReport deliverShowing(DBQueueBroker &queue, bool showsProgress)
 int deliver(const QueueOptions &options)
 {
     DBQueueBroker &queue = openQueue(options, oneTimeLogFolder);
-    const DeliveryReport report = deliverShowing(queue, !options.json);
-    tellDelivery(report, queue.waiting(), options.json);
-    return static_cast<int>(deliveryStatus(report));
+    const StopRequest stop;
+    const DeliveryReport report = deliverShowing(queue, stop, !options.json);
+    const DeliveryRest rest{queue.waiting(), queue.spilled(), stop.isMade()};
+    tellDelivery(report, rest, options.json);
+    return static_cast<int>(deliveryStatus(report, rest));
 }
 
 } // namespace till::queuecommands

@@ -9,8 +9,9 @@ namespace till {
 [[nodiscard]] QString statusText(
     const QueueOffice::Status &status, const QDateTime &now, const Backlog &backlog);
 
-/// The same for programs: "counts" by state, "moved", "oldest" (UTC or null), "oldestSeconds",
-/// "lastError", "lastErrorTime", "lastSuccess", "level", "reason".
+/// The same for programs: "counts" by state, "moved", "spilled", "waitingHere", "unreached",
+/// "oldest" (UTC or null), "oldestSeconds", "lastError", "lastErrorTime", "lastSuccess", "level",
+/// "reason".
 [[nodiscard]] Json statusObject(
     const QueueOffice::Status &status, const QDateTime &now, const Backlog &backlog);
 

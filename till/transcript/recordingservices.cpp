@@ -96,8 +96,9 @@ public:
     void enqueue(const QString &queue, const QMap<QString, QVariant> &message,
         const QString &remark) override
     {
-        m_recorder.enqueued(queue);
+        // First, so that only what was kept is told as kept.
         DBQueueBroker::enqueue(queue, message, remark);
+        m_recorder.enqueued(queue);
     }
 
 private:

@@ -119,6 +119,17 @@ TEST_F(ExchangeTest, StatusesBeyondSuccessAreErrors)
         server.answer("<fault/>", status);
         whenPosted(server.url());
         thenFailedWith(status);
+        EXPECT_EQ(m_client->failedBody(), "<fault/>");
+    }
+}
+
+TEST_F(ExchangeTest, ASuccessIsNoFailedAnswerAndNeitherIsNone)
+{
+    m_server.answer("<answer/>");
+    m_server.answerRaw(okHead + "Content-Length: 5\r\n\r\nhi");
+    for (int exchange = 0; exchange < 2; ++exchange) {
+        whenPosted();
+        EXPECT_TRUE(m_client->failedBody().isEmpty()) << exchange;
     }
 }
 
@@ -159,6 +170,7 @@ TEST_F(ExchangeTest, TakesNoBodyBeyondTheBound)
     thenSucceeded();
     whenPosted();
     thenFailedWith(RestClient::AnswerTooLarge);
+    EXPECT_EQ(m_client->failedBody(), "012345");
 }
 
 TEST_F(ExchangeTest, BoundsTheBodyWithoutASettingToo)

@@ -412,6 +412,15 @@ TEST_F(QueueCheckTest, LargeFileIsReadThroughOnceADay)
     EXPECT_TRUE(isFound());
 }
 
+TEST_F(QueueCheckTest, SmallFileIsReadThroughAtEveryOpening)
+{
+    givenFilledQueue();
+    givenReadAtNoon();
+    EXPECT_TRUE(queuecheck::lookAt(databaseFile()).readThrough);
+    givenDamageInTheMiddle();
+    EXPECT_TRUE(isFound());
+}
+
 TEST_F(QueueCheckTest, ReadingOfAClockThatRanAheadSaysNothing)
 {
     givenLargeQueue();

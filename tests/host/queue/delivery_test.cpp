@@ -1,5 +1,6 @@
 // One pass of delivery: in order, each message once, counted before it goes out, judged by answer.
 
+#include "tests/host/queue/queueengine.h"
 #include "tests/host/queue/queuefixture.h"
 #include "tests/support/logcapture.h"
 
@@ -184,6 +185,36 @@ TEST_F(DeliveryTest, LongAnswerIsKeptInPart)
     EXPECT_EQ(queue()->list().first().answer, QByteArray(65536, 'x'));
 }
 
+TEST_F(DeliveryTest, AnswerThatIsNoSuccessIsKeptInPart)
+{
+    givenMessage(u"one"_s);
+    givenExchanges({Exchange(503, QByteArray(70000, 'x'))});
+    whenDelivered();
+    EXPECT_EQ(queue()->list().first().answer, QByteArray(65536, 'x'));
+}
+
+TEST_F(DeliveryTest, AnswerOfTheAttemptBeforeIsNotThatOfThisOne)
+{
+    givenMessage(u"one"_s);
+    givenExchanges({Exchange(503, "<html>"), Exchange(RestClient::TimedOut)});
+    whenDelivered();
+    whenDelivered();
+    EXPECT_EQ(queue()->list().first().answer, "");
+}
+
+TEST_F(DeliveryTest, VerdictIsNotGivenOnAnAnswerThatIsNoSuccess)
+{
+    givenMessage(u"one"_s);
+    givenExchanges({Exchange(503, "<html>")});
+    QByteArray judgedBody = "unset";
+    queue()->setVerdict(u"loyalty"_s, [&judgedBody](int, const QByteArray &body) {
+        judgedBody = body;
+        return Verdict{Verdict::Outcome::TryAgain, {}};
+    });
+    whenDelivered();
+    EXPECT_EQ(judgedBody, "");
+}
+
 TEST_F(DeliveryTest, MessageOfAKilledDelivererIsTakenUpAgain)
 {
     givenMessage(u"one"_s);
@@ -191,6 +222,17 @@ TEST_F(DeliveryTest, MessageOfAKilledDelivererIsTakenUpAgain)
     EXPECT_EQ(queue()->waiting(), 1);
     thenReportIs(whenDelivered(), 1, 0, 0);
     EXPECT_EQ(ask(u"SELECT state, attempts FROM messages"_s), (QVariantList{u"delivered"_s, 2}));
+}
+
+TEST_F(DeliveryTest, WhatAnotherDelivererHasInHandIsToldAsBusy)
+{
+    givenMessage(u"one"_s);
+    const auto other = queueengine::openStore();
+    ASSERT_TRUE(other->checkOut({QDateTime::currentDateTimeUtc(), 0, false}).message);
+    EXPECT_TRUE(whenDelivered().busy);
+    givenMessage(u"two"_s);
+    ask(u"UPDATE messages SET lane = id WHERE state = 'pending'"_s);
+    EXPECT_FALSE(whenDelivered().busy) << "it had something to do";
 }
 
 TEST_F(DeliveryTest, ParkedMessageIsPassedOver)

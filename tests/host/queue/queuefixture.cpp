@@ -32,7 +32,7 @@ public:
         m_errorCode = exchange.errorCode;
         if (m_errorCode != None)
             m_errorMessage = tr::Tr(u"id"_s, u"Ошибка %1"_s).arg(QString::number(m_errorCode));
-        m_responseBody = exchange.answer;
+        (m_errorCode == None ? m_responseBody : m_failedBody) = exchange.answer;
     }
 
 private:
@@ -73,28 +73,55 @@ QString QueueFixture::databaseFile()
 
 namespace {
 
-// Runs a statement over a connection of its own and hands its result over.
-void run(const QString &statement, const QVariantList &bound,
-    const std::function<void(QSqlQuery &)> &read)
+// Hands a connection of its own over.
+void connected(const std::function<void(QSqlDatabase &)> &work)
 {
     const QString name = QUuid::createUuid().toString();
     {
         auto database = queueengine::connect(name);
         if (!database.open())
             qFatal("%s", qPrintable(database.lastError().text()));
-        QSqlQuery query(database);
-        bool done = bound.isEmpty() || query.prepare(statement);
-        for (const QVariant &value : bound)
-            query.addBindValue(value);
-        done = done && (bound.isEmpty() ? query.exec(statement) : query.exec());
-        if (!done)
-            qFatal("%s", qPrintable(query.lastError().text()));
-        read(query);
+        work(database);
     }
     QSqlDatabase::removeDatabase(name);
 }
 
+void execute(QSqlQuery &query, const QString &statement, const QVariantList &bound)
+{
+    bool done = bound.isEmpty() || query.prepare(statement);
+    for (const QVariant &value : bound)
+        query.addBindValue(value);
+    done = done && (bound.isEmpty() ? query.exec(statement) : query.exec());
+    if (!done)
+        qFatal("%s", qPrintable(query.lastError().text()));
+}
+
+// Runs a statement and hands its result over.
+void run(const QString &statement, const QVariantList &bound,
+    const std::function<void(QSqlQuery &)> &read)
+{
+    connected([&](QSqlDatabase &database) {
+        QSqlQuery query(database);
+        execute(query, statement, bound);
+        read(query);
+    });
+}
+
 } // namespace
+
+void QueueFixture::runForEach(const QString &statement, const QList<QVariantList> &rows)
+{
+    connected([&](QSqlDatabase &database) {
+        if (!database.transaction())
+            qFatal("%s", qPrintable(database.lastError().text()));
+        for (const QVariantList &row : rows) {
+            QSqlQuery query(database);
+            execute(query, statement, row);
+        }
+        if (!database.commit())
+            qFatal("%s", qPrintable(database.lastError().text()));
+    });
+}
 
 QVariantList QueueFixture::ask(const QString &statement, const QVariantList &bound)
 {

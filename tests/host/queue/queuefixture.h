@@ -51,6 +51,9 @@ public:
     /// another process would.
     /// @param values in the order of the statement's question marks.
     static QVariantList ask(const QString &statement, const QVariantList &values = {});
+    /// Runs a statement once for the values of each row, all in one transaction of a connection of
+    /// its own.
+    static void runForEach(const QString &statement, const QList<QVariantList> &rows);
     /// The texts of the first column of all rows that a statement gives, asked likewise.
     static QStringList askAll(const QString &statement);
 

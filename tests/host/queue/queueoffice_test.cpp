@@ -128,6 +128,34 @@ TEST_F(QueueOfficeTest, ListGoesOnPageByPage)
     EXPECT_EQ(listed(page), QStringList{u"e-parked"_s});
 }
 
+TEST_F(QueueOfficeTest, APageIsInOrderWhateverTheStates)
+{
+    given(u"first"_s, MessageState::Parked);
+    given(u"second"_s);
+    EXPECT_EQ(listed({{}, 0, 1}), QStringList{u"first"_s});
+}
+
+TEST_F(QueueOfficeTest, AnEmptyIdMeansNoMessage)
+{
+    given(u"a"_s);
+    EXPECT_TRUE(office.find(u""_s).isEmpty());
+}
+
+TEST_F(QueueOfficeTest, RetryBeginsTheWeekOfOtherAnswersAgain)
+{
+    given(u"a"_s, MessageState::Parked);
+    office.retry({u"a"_s});
+    EXPECT_FALSE(office.find(u"a"_s).value(0).answeredOtherwiseSince.isValid());
+}
+
+TEST_F(QueueOfficeTest, NewCredentialsEndAHold)
+{
+    store.hold(3, QDateTime::currentDateTimeUtc().addSecs(600));
+    office.reauthorise(u"loyalty"_s, u"Basic bmV3"_s);
+    EXPECT_FALSE(store.heldUntil().isValid());
+    EXPECT_EQ(store.stopsInRow(), 0);
+}
+
 TEST_F(QueueOfficeTest, ListGivesNoCredentialsAway)
 {
     given(u"a"_s);

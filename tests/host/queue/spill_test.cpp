@@ -1,170 +1,26 @@
 // What the queue's file cannot take goes to the spill file and comes back once, in order.
 
 #include "host/framework/basicexception.h"
-#include "host/queue/ballast.h"
-#include "host/queue/messagejson.h"
+#include "host/queue/queueoffice.h"
 #include "host/queue/spillfile.h"
 #include "host/storage/storageerror.h"
 #include "tests/host/queue/queuefixture.h"
+#include "tests/host/queue/spillmessage.h"
 #include "tests/host/storage/files.h"
 #include "tests/support/logcapture.h"
 
 #include <QFileInfo>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <csignal>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QueueMessage makeMessage(const QString &id)
-{
-    QueueMessage message;
-    message.id = id;
-    message.queue = u"loyalty"_s;
-    message.headers = {{u"Authorization"_s, u"Basic c2VjcmV0"_s}};
-    message.body = QByteArray("Ёж\0\xff\n\"", 9);
-    message.enqueued = QDateTime(QDate(2024, 11, 21), QTime(12, 30, 1, 5), Qt::UTC);
-    message.attempts = 3;
-    return message;
-}
-
-TEST(MessageJsonTest, MessageComesBackAsItWas)
-{
-    const auto read = messagejson::read(messagejson::line(makeMessage(u"a"_s)));
-    ASSERT_TRUE(read);
-    EXPECT_EQ(read->id, u"a"_s);
-    EXPECT_EQ(read->headers, makeMessage({}).headers);
-    EXPECT_EQ(read->body, makeMessage({}).body);
-    EXPECT_EQ(read->enqueued, makeMessage({}).enqueued);
-    EXPECT_EQ(read->attempts, 3);
-    EXPECT_EQ(read->state, MessageState::Pending);
-}
-
-TEST(MessageJsonTest, EveryLineThatIsCutIsNoMessage)
-{
-    const QByteArray line = messagejson::line(makeMessage(u"a"_s)).trimmed();
-    for (qsizetype size = 0; size < line.size(); ++size)
-        EXPECT_FALSE(messagejson::read(line.left(size))) << size;
-}
-
-TEST(MessageJsonTest, ChangedMessageIsNone)
-{
-    QByteArray line = messagejson::line(makeMessage(u"a"_s));
-    EXPECT_FALSE(messagejson::read(line.replace("loyalty", "Loyalty")));
-}
-
-class SpillFileTest : public testing::Test
-{
-protected:
-    QStringList takenOver()
-    {
-        QStringList ids;
-        unreadable = spill.takeOver([&ids](const QList<QueueMessage> &messages) {
-            for (const QueueMessage &message : messages)
-                ids.append(message.id);
-        });
-        return ids;
-    }
-
-    QTemporaryDir folder;
-    QString name = folder.filePath(u"spill"_s);
-    SpillFile spill{name};
-    int unreadable = 0;
-};
-
-TEST_F(SpillFileTest, GivesBackInOrderAndOnce)
-{
-    spill.append(makeMessage(u"a"_s));
-    spill.append(makeMessage(u"b"_s));
-    EXPECT_FALSE(spill.isEmpty());
-    EXPECT_EQ(takenOver(), (QStringList{u"a"_s, u"b"_s}));
-    EXPECT_TRUE(spill.isEmpty());
-    EXPECT_EQ(takenOver(), QStringList());
-    EXPECT_EQ(unreadable, 0);
-}
-
-TEST_F(SpillFileTest, IsPrivate)
-{
-    spill.append(makeMessage(u"a"_s));
-    EXPECT_TRUE(files::isPrivate(name));
-}
-
-TEST_F(SpillFileTest, StaysWhenItCouldNotBeTakenOver)
-{
-    spill.append(makeMessage(u"a"_s));
-    const QByteArray before = files::contents(name);
-    EXPECT_THROW(spill.takeOver([](const QList<QueueMessage> &) { throw StorageError(u"full"_s); }),
-        StorageError);
-    EXPECT_EQ(files::contents(name), before);
-}
-
-TEST_F(SpillFileTest, TornLastLineIsKeptAside)
-{
-    spill.append(makeMessage(u"a"_s));
-    const QByteArray torn = messagejson::line(makeMessage(u"b"_s)).left(100);
-    files::put(name, files::contents(name) + torn);
-    EXPECT_EQ(takenOver(), QStringList{u"a"_s});
-    EXPECT_EQ(unreadable, 1);
-    EXPECT_EQ(files::contents(name + u".unreadable"_s), torn + '\n');
-    EXPECT_TRUE(files::isPrivate(name + u".unreadable"_s));
-}
-
-TEST_F(SpillFileTest, TornLineSwallowsNoneBehindIt)
-{
-    files::put(name, messagejson::line(makeMessage(u"a"_s)).left(100));
-    spill.append(makeMessage(u"b"_s));
-    EXPECT_EQ(takenOver(), QStringList{u"b"_s});
-    EXPECT_EQ(unreadable, 1);
-}
-
-TEST_F(SpillFileTest, LineThatFoundNoRoomIsTakenBack)
-{
-    spill.append(makeMessage(u"a"_s));
-    const QByteArray before = files::contents(name);
-    ::signal(SIGXFSZ, SIG_IGN);
-    rlimit old{};
-    ::getrlimit(RLIMIT_FSIZE, &old);
-    const rlimit tight{static_cast<rlim_t>(before.size() + 50), old.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &tight);
-    EXPECT_THROW(spill.append(makeMessage(u"b"_s)), StorageError);
-    ::setrlimit(RLIMIT_FSIZE, &old);
-    EXPECT_EQ(files::contents(name), before);
-}
-
-TEST(BallastTest, TakesRealRoomAndGivesItBack)
-{
-    QTemporaryDir folder;
-    const QString name = folder.filePath(u"ballast"_s);
-    EXPECT_TRUE(ballast::keep(name, 65536));
-    struct stat status
-    { };
-    ASSERT_EQ(::stat(QFile::encodeName(name).constData(), &status), 0);
-    EXPECT_EQ(status.st_size, 65536);
-    EXPECT_GE(status.st_blocks * 512, 65536);
-    EXPECT_TRUE(files::isPrivate(name));
-    EXPECT_TRUE(ballast::release(name));
-    EXPECT_FALSE(QFile::exists(name));
-    EXPECT_FALSE(ballast::release(name));
-}
-
-TEST(BallastTest, NoneIsKeptWhereNoneIsWanted)
-{
-    QTemporaryDir folder;
-    const QString name = folder.filePath(u"ballast"_s);
-    ballast::keep(name, 65536);
-    EXPECT_TRUE(ballast::keep(name, 0));
-    EXPECT_FALSE(QFile::exists(name));
-}
 
 class SpillingTest : public testing::Test, public QueueFixture
 {
@@ -228,6 +84,117 @@ TEST_F(SpillingTest, MessageThatWasTakenInBeforeAKillIsThereOnce)
     EXPECT_FALSE(hasSpilled());
 }
 
+/// The queue's file takes nothing in, as on a disk that has no room for the ballast.
+class HeldSpillTest : public SpillingTest
+{
+protected:
+    static void givenNoRoom() { ASSERT_TRUE(QDir().mkpath(ballastFile())); }
+    static void givenRoom() { ASSERT_TRUE(QDir().rmdir(ballastFile())); }
+    static QueueOffice::Status status()
+    {
+        return queue()->inOffice([](QueueOffice &office) { return office.status(); });
+    }
+    static QStringList bodiless(const QList<QueueMessage> &messages)
+    {
+        QStringList ids;
+        for (const QueueMessage &message : messages) {
+            ids.append(message.id);
+            EXPECT_TRUE(message.headers.isEmpty());
+            EXPECT_TRUE(message.body.isEmpty());
+        }
+        return ids;
+    }
+    /// One message in the queue, two in the spill file.
+    void SetUp() override
+    {
+        givenMessage(u"one"_s);
+        Singleton<DBQueueBroker>::reset();
+        ASSERT_TRUE(QFile::remove(ballastFile()));
+        givenNoRoom();
+        for (const QString &id : {u"aa-1"_s, u"aa-2"_s}) {
+            QueueMessage message = makeMessage(id);
+            message.correlationId = u"doc-"_s + id;
+            SpillFile(spillFile()).append(message);
+        }
+    }
+};
+
+TEST_F(HeldSpillTest, SpilledMessagesWaitToo)
+{
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_EQ(queue()->spilled(), 2);
+    EXPECT_EQ(bodiless(queue()->list()).mid(1), (QStringList{u"aa-1"_s, u"aa-2"_s}));
+    EXPECT_EQ(status().counts[MessageState::Pending], 3);
+    EXPECT_EQ(status().spilled, 2);
+    EXPECT_EQ(status().oldestWaiting, makeMessage({}).enqueued);
+    EXPECT_EQ(status().waitingHere, 0);
+    EXPECT_TRUE(hasSpilled());
+}
+
+TEST_F(HeldSpillTest, TheOldestMayBeInTheQueue)
+{
+    ask(u"UPDATE messages SET enqueued = '2024-11-21T12:30:01.004Z'"_s);
+    EXPECT_EQ(status().oldestWaiting, makeMessage({}).enqueued.addMSecs(-1));
+    ask(u"UPDATE messages SET state = 'sending'"_s);
+    EXPECT_EQ(status().oldestWaiting, makeMessage({}).enqueued.addMSecs(-1));
+}
+
+TEST_F(HeldSpillTest, TheyStandBehindTheOthersPageByPage)
+{
+    queue()->inOffice([](QueueOffice &office) {
+        QStringList ids;
+        for (QueueOffice::Page page{{}, 0, 1};;) {
+            const QList<QueueMessage> messages = office.list(page);
+            if (messages.isEmpty())
+                break;
+            EXPECT_EQ(messages.size(), 1);
+            page.behind = messages.last().number;
+            ids += bodiless(messages);
+        }
+        EXPECT_EQ(ids.mid(1), (QStringList{u"aa-1"_s, u"aa-2"_s}));
+        EXPECT_EQ(office.list({{MessageState::Pending}, 0, 9}).size(), 3);
+        EXPECT_TRUE(office.list({{MessageState::Parked}, 0, 9}).isEmpty());
+    });
+}
+
+TEST_F(HeldSpillTest, TheyAreFoundByIdAndByDocument)
+{
+    queue()->inOffice([](QueueOffice &office) {
+        EXPECT_EQ(office.find(u"aa"_s).size(), 2);
+        EXPECT_EQ(office.find(u"aa-2"_s).value(0).body, makeMessage({}).body);
+        EXPECT_EQ(bodiless(office.ofDocument(u"doc-aa-1"_s)), QStringList{u"aa-1"_s});
+        EXPECT_TRUE(office.ofDocument(u"doc"_s).isEmpty());
+    });
+    SpillFile(spillFile()).append(makeMessage(u"of no document"_s));
+    queue()->inOffice([](QueueOffice &office) { EXPECT_TRUE(office.ofDocument(u""_s).isEmpty()); });
+}
+
+TEST_F(HeldSpillTest, OneThatWasTakenInAlreadyIsCountedOnce)
+{
+    SpillFile(spillFile()).append(queue()->list().first());
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_EQ(queue()->spilled(), 2);
+}
+
+TEST_F(HeldSpillTest, WithRoomTheyAreTakenInAndSent)
+{
+    EXPECT_EQ(whenDelivered().delivered, 1);
+    givenRoom();
+    EXPECT_EQ(queue()->spilled(), 0);
+    EXPECT_EQ(queue()->waiting(), 2);
+    EXPECT_EQ(whenDelivered().delivered, 2);
+}
+
+TEST_F(HeldSpillTest, ASpillFileThatCannotBeReadStopsNoDelivery)
+{
+    const LogCapture log(u"poshost.queue"_s);
+    ASSERT_TRUE(QFile::remove(spillFile()));
+    ASSERT_TRUE(QDir().mkpath(spillFile()));
+    EXPECT_EQ(whenDelivered().delivered, 1);
+    EXPECT_EQ(queue()->waiting(), 0);
+    EXPECT_FALSE(log.lines().filter(u"cannot be read"_s).isEmpty());
+}
+
 TEST_F(SpillingTest, LockedQueueSpillsAfterTwoSeconds)
 {
     givenMessage(u"one"_s);
@@ -241,6 +208,58 @@ TEST_F(SpillingTest, LockedQueueSpillsAfterTwoSeconds)
     EXPECT_EQ(queue()->waiting(), 2);
     other = QSqlDatabase();
     QSqlDatabase::removeDatabase(u"other"_s);
+}
+
+/// The file may not be written although its disk may. What the administrator may do, no mode
+/// forbids; so for that one the file lies on a mount of its own.
+class ReadOnlyFileTest : public SpillingTest
+{
+protected:
+    void givenReadOnlyFile()
+    {
+        Singleton<DBQueueBroker>::reset();
+        const QByteArray name = QFile::encodeName(databaseFile());
+        if (::geteuid() != 0) {
+            ASSERT_EQ(::chmod(name.constData(), S_IRUSR), 0);
+            return;
+        }
+        m_isMounted = ::mount(name.constData(), name.constData(), nullptr, MS_BIND, nullptr) == 0;
+        if (!m_isMounted)
+            GTEST_SKIP() << "this administrator may not mount";
+        ASSERT_EQ(
+            ::mount(nullptr, name.constData(), nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY, nullptr),
+            0);
+    }
+    void givenWritableFile()
+    {
+        const QByteArray name = QFile::encodeName(databaseFile());
+        if (m_isMounted)
+            ASSERT_EQ(::umount2(name.constData(), MNT_DETACH), 0);
+        else
+            ASSERT_EQ(::chmod(name.constData(), S_IRUSR | S_IWUSR), 0);
+        m_isMounted = false;
+    }
+    void TearDown() override { givenWritableFile(); }
+
+private:
+    bool m_isMounted = false;
+};
+
+TEST_F(ReadOnlyFileTest, MessagesSpillAndComeInWhenItMayBeWrittenAgain)
+{
+    givenMessage(u"one"_s);
+    givenReadOnlyFile();
+    if (IsSkipped())
+        return;
+    givenMessage(u"two"_s);
+    givenMessage(u"three"_s);
+    EXPECT_TRUE(hasSpilled());
+    EXPECT_THROW(static_cast<void>(queue()->waiting()), StorageError);
+    givenWritableFile();
+    EXPECT_EQ(queue()->waiting(), 3);
+    EXPECT_FALSE(hasSpilled());
+    whenDelivered();
+    EXPECT_EQ(sentBodies(), (QStringList{u"one"_s, u"two"_s, u"three"_s}));
 }
 
 TEST_F(SpillingTest, FileOfANewerVersionSpillsAndIsLeftAlone)

@@ -153,6 +153,15 @@ TEST_F(HoldingTest, DeliveringNowMindsNoHoldAndEndsIt)
     EXPECT_EQ(whenDueDelivered().delivered, 1);
 }
 
+TEST_F(HoldingTest, AFailureDoesNotEndIt)
+{
+    givenHold();
+    const QDateTime before = held();
+    givenExchanges({unreached()});
+    queue()->deliver([](const DeliveryReport &) { return false; });
+    EXPECT_EQ(held(), before);
+}
+
 TEST_F(HoldingTest, ClockThatIsSetBackEndsAHold)
 {
     givenHold();
@@ -207,6 +216,17 @@ TEST_F(ParkingTest, ClockThatIsSetBackBeginsTheWeekAgain)
     whenAnswered(failing(), noon.addDays(-30));
     EXPECT_EQ(whenAnswered(failing(), noon.addDays(-30 + 6)).parked, 0);
     EXPECT_EQ(whenAnswered(failing(), noon.addDays(-30 + 7)).parked, 1);
+}
+
+TEST_F(ParkingTest, WhatIsSettledForgetsOtherAnswers)
+{
+    whenAnswered(failing(), noon);
+    EXPECT_TRUE(first().answeredOtherwiseSince.isValid());
+    queue()->setVerdict(u"loyalty"_s, [](int, const QByteArray &) {
+        return Verdict{Verdict::Outcome::Refused, {}, 80241};
+    });
+    whenAnswered(Exchange(), noon);
+    EXPECT_FALSE(first().answeredOtherwiseSince.isValid());
 }
 
 class UnauthorisedTest : public WaitingTest, public testing::WithParamInterface<int>

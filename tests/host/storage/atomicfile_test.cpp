@@ -150,6 +150,15 @@ TEST_F(AtomicFileTest, RemovesAFileAndMissesNoneThatIsNotThere)
     EXPECT_NO_THROW(atomicfile::remove(fileName()));
 }
 
+TEST_F(AtomicFileTest, RemovesWithoutASyncTheSameWay)
+{
+    files::put(fileName(), "old");
+    atomicfile::removeUnsynced(fileName());
+    EXPECT_FALSE(QFile::exists(fileName()));
+    EXPECT_NO_THROW(atomicfile::removeUnsynced(fileName()));
+    EXPECT_THROW(atomicfile::removeUnsynced(folder.path()), StorageError);
+}
+
 TEST_F(AtomicFileTest, WhatCannotBeRemovedIsAnError)
 {
     EXPECT_THROW(atomicfile::remove(folder.path()), StorageError);

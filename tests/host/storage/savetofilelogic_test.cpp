@@ -10,6 +10,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -43,6 +44,88 @@ TEST_F(SaveToFileLogicTest, EmptyNameIsTheOpenDocument)
     whenSaved();
     EXPECT_EQ(files::contents(openFile()), documentjson::write(*document()));
     EXPECT_TRUE(files::isPrivate(openFile()));
+}
+
+class SavedAgainTest : public SaveToFileLogicTest
+{
+protected:
+    SavedAgainTest()
+    {
+        whenSaved();
+        m_written = fileNumber();
+        // Held open, so that its number is not given again.
+        m_held.open(QIODevice::ReadOnly);
+    }
+
+    /// Whether the last save has put a new file in the old one's place.
+    [[nodiscard]] bool thenWritten() const { return fileNumber() != m_written; }
+
+private:
+    [[nodiscard]] static ino_t fileNumber()
+    {
+        struct stat status
+        { };
+        return ::stat(QFile::encodeName(openFile()).constData(), &status) == 0 ? status.st_ino : 0;
+    }
+
+    ino_t m_written = 0;
+    QFile m_held{openFile()};
+};
+
+TEST_F(SavedAgainTest, UnchangedDocumentIsNotWritten)
+{
+    whenSaved();
+    EXPECT_FALSE(thenWritten());
+}
+
+TEST_F(SavedAgainTest, ChangedDocumentIsWritten)
+{
+    document()->setChequeText(u"changed"_s);
+    whenSaved();
+    EXPECT_TRUE(thenWritten());
+}
+
+TEST_F(SavedAgainTest, DocumentWhoseFileIsGoneIsWritten)
+{
+    QFile::remove(openFile());
+    whenSaved();
+    EXPECT_EQ(files::contents(openFile()), documentjson::write(*document()));
+}
+
+TEST_F(SavedAgainTest, DocumentWhoseFileIsAnotherOneByNowIsWritten)
+{
+    files::put(openFile(), "something else");
+    whenSaved();
+    EXPECT_EQ(files::contents(openFile()), documentjson::write(*document()));
+}
+
+// That it is there says nothing of whether it was synced.
+TEST_F(SavedAgainTest, DocumentThatSomebodyElseHasWrittenIsWritten)
+{
+    whenSaved(u"other.json"_s);
+    whenSaved();
+    EXPECT_TRUE(thenWritten());
+}
+
+TEST_F(SavedAgainTest, ContentsThatSomebodyElseHasPutThereAreWritten)
+{
+    document()->setChequeText(u"changed"_s);
+    files::put(openFile(), documentjson::write(*document()));
+    whenSaved();
+    EXPECT_TRUE(thenWritten());
+}
+
+TEST_F(SavedAgainTest, DocumentWhoseWritingFailedIsWritten)
+{
+    const QString temporary = openFile() + u".new"_s;
+    ASSERT_TRUE(QDir().mkdir(temporary));
+    const QString before = document()->getChequeText();
+    document()->setChequeText(u"changed"_s);
+    EXPECT_THROW(whenSaved(), BasicException);
+    ASSERT_TRUE(QDir().rmdir(temporary));
+    document()->setChequeText(before);
+    whenSaved();
+    EXPECT_TRUE(thenWritten());
 }
 
 TEST_F(SaveToFileLogicTest, NameIsAFileOfTheStateFolder)

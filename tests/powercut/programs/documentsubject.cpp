@@ -19,6 +19,7 @@ namespace {
 
 constexpr int documents = 25;
 constexpr quint32 greatestVersions = 6;
+constexpr quint32 greatestRepetitions = 2;
 constexpr quint32 documentsToACancelledOne = 4;
 constexpr quint32 documentsToARestart = 5;
 
@@ -59,11 +60,18 @@ private:
         mark(u"given "_s + number);
         int version = 0;
         for (auto left = 1 + m_random() % greatestVersions; left > 0; --left)
-            save(number, ++version);
+            saveOften(number, ++version);
         if (m_random() % documentsToACancelledOne == 0)
             cancel(number);
         else
             close(number, version + 1);
+    }
+
+    // A till keeps its document where a command has changed nothing, too.
+    void saveOften(const QString &number, int version)
+    {
+        for (auto left = 1 + m_random() % greatestRepetitions; left > 0; --left)
+            save(number, version);
     }
 
     void save(const QString &number, int version)

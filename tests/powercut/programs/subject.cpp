@@ -1,5 +1,6 @@
-// What is recorded: a till's state folder in full use. "subject documents|queue|resume FOLDER
-// SEED"; with "plainly" behind it documents are written straight to their file.
+// What is recorded: a till's state folder in full use. "subject
+// documents|files|journal|queue|resume FOLDER SEED"; with "plainly" behind it documents are written
+// straight to their file, and the journal always anew.
 
 #include "host/storage/statefolder.h"
 #include "tests/powercut/programs/subjects.h"
@@ -24,8 +25,13 @@ int run(const QStringList &words)
     Singleton<StateFolder>::instance()->setPath(
         words.at(Folder) + u'/' + powercut::samples::stateFolder);
     const quint32 seed = words.at(Seed).toUInt();
+    const bool plainly = words.value(Manner) == u"plainly";
     if (words.at(Work) == u"documents")
-        powercut::keepDocuments(seed, words.value(Manner) == u"plainly");
+        powercut::keepDocuments(seed, plainly);
+    else if (words.at(Work) == u"journal")
+        powercut::keepJournal(seed, plainly);
+    else if (words.at(Work) == u"files")
+        powercut::replaceFiles();
     else if (words.at(Work) == u"queue")
         powercut::keepMessages(seed);
     else

@@ -2,12 +2,14 @@
 
 #include "host/queue/dbqueuebroker.h"
 #include "host/queue/messagestore.h"
+#include "host/queue/spillfile.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
 #include "tests/support/printers.h"
 #include "tests/till/support/tillfixture.h"
 #include "till/core/shift.h"
 
+#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -138,6 +140,22 @@ TEST_F(RegistrationTest, ASaleThatWaitsIsARow)
     EXPECT_EQ(whenRowsAreTold(),
         QStringList{u"Не подтверждена продажа 17 от %1: сумма 45.90, баллы: начислено 0.00, "
                     u"списано 0.00, сообщение: ждёт отправки, ошибка: нет"_s.arg(time)});
+}
+
+TEST_F(RegistrationTest, ASaleThatTheQueuesFileCouldNotTakeWaits)
+{
+    const QString file = Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
+    // In the way of the ballast, without which nothing is taken in.
+    ASSERT_TRUE(QDir().mkpath(file + u".ballast"_s));
+    QueueMessage before;
+    before.id = u"aa"_s;
+    SpillFile(file + u".spill"_s).append(before);
+    givenClosed(card, {}, true);
+    QStringList texts;
+    for (const tr::Tr &notice : till->closeShift().notices)
+        texts.append(notice.ru());
+    EXPECT_TRUE(texts.contains(u"Ждут отправки: 2"_s)) << qPrintable(texts.join(u'\n'));
+    EXPECT_TRUE(texts.last().contains(u"сообщение: ждёт отправки"_s)) << qPrintable(texts.last());
 }
 
 TEST_F(RegistrationTest, ARowTellsTheStateOfTheMessageAndItsError)

@@ -35,6 +35,25 @@ TEST_F(CommandLineTest, WrongUsageIsAnError)
     }
 }
 
+TEST_F(CommandLineTest, CommandsAreNamedWhereOneIsMissingOrUnknown)
+{
+    const QByteArray commands = "; it is one of queue, run; see korvel-till --help\n";
+    whenStarted({});
+    EXPECT_EQ(errors, "korvel-till: a command is missing" + commands);
+    whenStarted({u"sell"_s});
+    EXPECT_EQ(errors, "korvel-till: \"sell\" is no command" + commands);
+    whenStarted({u"queue"_s});
+    EXPECT_TRUE(errors.startsWith("korvel-till: a command is missing; it is one of list, status"));
+    whenStarted({u"queue"_s, u"lst"_s});
+    EXPECT_TRUE(errors.startsWith("korvel-till: \"lst\" is no command; it is one of list, "));
+}
+
+TEST_F(CommandLineTest, AnOptionThatIsMissingIsNamed)
+{
+    whenStarted({u"queue"_s, u"show"_s});
+    EXPECT_TRUE(errors.contains("id is required"));
+}
+
 TEST_F(CommandLineTest, AScriptThatCannotBeReadIsAnError)
 {
     whenStarted(usualOptions() << path(u"missing.till"_s));

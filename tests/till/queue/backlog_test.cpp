@@ -49,6 +49,17 @@ TEST(BacklogTest, LevelsByAgeAndByWhatWaitsForAPerson)
     }
 }
 
+TEST(BacklogTest, SharedQueueThatIsNotSeenIsAWarningAtLeast)
+{
+    auto status = statusOf({-1, 0, 0, 0, BacklogLevel::Good});
+    status.unreached = u"postgresql://till@shop:5432/queue: away"_s;
+    const Backlog backlog = judgeBacklog(status, now, {});
+    EXPECT_EQ(backlog.level, BacklogLevel::Warning);
+    EXPECT_TRUE(backlog.reason.contains(status.unreached));
+    status.counts[MessageState::Refused] = 1;
+    EXPECT_EQ(judgeBacklog(status, now, {}).level, BacklogLevel::Alarm);
+}
+
 TEST(BacklogTest, AClockThatWasSetBackMakesNothingOld)
 {
     QueueOffice::Status status;
@@ -73,13 +84,24 @@ TEST(StatusReportTest, PeopleReadEveryFigure)
 {
     QueueOffice::Status status = statusOf({61, 0, 2, 2, BacklogLevel::Good});
     status.counts[MessageState::Pending] = 12;
+    status.spilled = 3;
+    status.unreached = u"postgresql://shop: no answer"_s;
+    status.waitingHere = 4;
     status.lastError = u"HTTP 503\nbusy"_s;
     status.lastErrorTime = now;
     const QString text = statusText(status, now, judgeBacklog(status, now, {}));
-    for (const QString &line :
-        {u"pending      12"_s, u"parked       2"_s, u"moved        2 of the parked ones"_s,
-            u"(1 min ago)"_s, u"(HTTP 503 busy)"_s, u"last success none"_s})
+    for (const QString &line : {u"pending      12"_s, u"parked       2"_s,
+             u"moved        2 of the parked ones"_s, u"spilled      3 of the pending ones: "_s,
+             u"unreached    postgresql://shop: no answer"_s, u"here         4 on this machine"_s,
+             u"(1 min ago)"_s, u"(HTTP 503 busy)"_s, u"last success none"_s})
         EXPECT_TRUE(text.contains(line)) << qPrintable(text);
+}
+
+TEST(StatusReportTest, WhatIsAsUsualHasNoLine)
+{
+    const QString text = statusText({}, now, {});
+    for (const QString &name : {u"moved"_s, u"spilled"_s, u"unreached"_s, u"here"_s})
+        EXPECT_FALSE(text.contains(u'\n' + name)) << qPrintable(text);
 }
 
 TEST(StatusReportTest, ProgramsReadEveryFigure)
@@ -88,6 +110,9 @@ TEST(StatusReportTest, ProgramsReadEveryFigure)
     status.lastError = u"busy"_s;
     status.lastErrorTime = now;
     status.lastSuccess = now.addSecs(-1);
+    status.spilled = 3;
+    status.unreached = u"no answer"_s;
+    status.waitingHere = 4;
     const Json object = statusObject(status, now, judgeBacklog(status, now, {}));
     EXPECT_EQ(object["oldest"], "2024-03-05T16:58:59Z");
     EXPECT_EQ(object["oldestSeconds"], 61);
@@ -95,6 +120,9 @@ TEST(StatusReportTest, ProgramsReadEveryFigure)
     EXPECT_EQ(object["lastErrorTime"], "2024-03-05T17:00:00Z");
     EXPECT_EQ(object["lastSuccess"], "2024-03-05T16:59:59Z");
     EXPECT_EQ(object["counts"]["refused"], 1);
+    EXPECT_EQ(object["spilled"], 3);
+    EXPECT_EQ(object["unreached"], "no answer");
+    EXPECT_EQ(object["waitingHere"], 4);
     EXPECT_EQ(object["level"], "alarm");
 }
 

@@ -26,9 +26,11 @@ DeliveryReport reportOf(int delivered, int refused, int failed, int parked)
 TEST(DeliveryTextTest, EveryFigureIsTold)
 {
     const DeliveryReport report = reportOf(1, 2, 3, 4);
-    EXPECT_EQ(deliveryText(report, 5), u"delivered 1, refused 2, failed 3, parked 4; waiting 5"_s);
-    EXPECT_EQ(deliveryObject(report, 5), Json::parse(R"({"delivered": 1, "refused": 2,
-        "failed": 3, "parked": 4, "waiting": 5, "busy": false, "stopped": false,
+    const DeliveryRest rest{5, 2, false};
+    EXPECT_EQ(
+        deliveryText(report, rest), u"delivered 1, refused 2, failed 3, parked 4; waiting 5"_s);
+    EXPECT_EQ(deliveryObject(report, rest), Json::parse(R"({"delivered": 1, "refused": 2,
+        "failed": 3, "parked": 4, "waiting": 5, "spilled": 2, "busy": false, "stopped": false,
         "unauthorised": false})"));
 }
 
@@ -36,27 +38,41 @@ TEST(DeliveryTextTest, StatusIsGoodOnlyWhenAllWasDelivered)
 {
     DeliveryReport busy;
     busy.busy = true;
-    EXPECT_EQ(deliveryStatus({}), ExitStatus::Success);
-    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0)), ExitStatus::Success);
+    EXPECT_EQ(deliveryStatus({}, {}), ExitStatus::Success);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 0, false}), ExitStatus::Success);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 1, false}), ExitStatus::NotAllDone);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {3, 0, true}), ExitStatus::NotAllDone);
+    EXPECT_EQ(deliveryStatus(reportOf(5, 0, 0, 0), {0, 0, true}), ExitStatus::Success);
     for (const DeliveryReport &report :
         {reportOf(5, 1, 0, 0), reportOf(5, 0, 1, 0), reportOf(5, 0, 0, 1), busy})
-        EXPECT_EQ(deliveryStatus(report), ExitStatus::NotAllDone);
+        EXPECT_EQ(deliveryStatus(report, {}), ExitStatus::NotAllDone);
 }
 
 TEST(DeliveryTextTest, EachTroubleHasItsAdvice)
 {
-    EXPECT_TRUE(deliveryAdvice(reportOf(5, 0, 1, 0)).isEmpty());
-    EXPECT_TRUE(deliveryAdvice(reportOf(0, 1, 0, 0)).value(0).contains(u"queue list"_s));
-    EXPECT_TRUE(deliveryAdvice(reportOf(0, 0, 0, 1)).value(0).contains(u"queue list"_s));
+    EXPECT_TRUE(deliveryAdvice(reportOf(5, 0, 1, 0), {3, 0, false}).isEmpty());
+    const auto advice
+        = [](const DeliveryReport &report) { return deliveryAdvice(report, {}).join(u'\n'); };
+    EXPECT_TRUE(deliveryAdvice({}, {3, 2, false}).value(0).contains(u"cannot take 2 messages"_s));
+    EXPECT_TRUE(advice(reportOf(0, 1, 0, 0)).contains(u"queue list"_s));
+    EXPECT_TRUE(advice(reportOf(0, 0, 0, 1)).contains(u"queue list"_s));
     DeliveryReport report;
     report.unauthorised = true;
-    EXPECT_TRUE(deliveryAdvice(report).value(0).contains(u"korvel-till queue reauthorise"_s));
+    EXPECT_TRUE(advice(report).contains(u"korvel-till queue reauthorise"_s));
     report = {};
     report.stopped = true;
-    EXPECT_TRUE(deliveryAdvice(report).value(0).contains(u"not reached"_s));
+    EXPECT_TRUE(advice(report).contains(u"not reached"_s));
     report = {};
     report.busy = true;
-    EXPECT_TRUE(deliveryAdvice(report).value(0).contains(u"another program"_s));
+    EXPECT_TRUE(advice(report).contains(u"another program"_s));
+}
+
+TEST(DeliveryTextTest, EachOutcomeIsSomethingDone)
+{
+    EXPECT_FALSE(didSomething({}));
+    for (const DeliveryReport &report :
+        {reportOf(1, 0, 0, 0), reportOf(0, 1, 0, 0), reportOf(0, 0, 1, 0), reportOf(0, 0, 0, 1)})
+        EXPECT_TRUE(didSomething(report));
 }
 
 TEST(ProgressLineTest, TheBarFillsUp)

@@ -43,6 +43,8 @@ TEST_F(LookingTest, ListHasWhatIsNotDelivered)
         idsOf({u"list"_s, u"--all"_s}), testing::ElementsAre("aa-1", "bb-2", "cc-3", "cc-4"));
     EXPECT_THAT(idsOf({u"list"_s, u"--state-of"_s, u"parked"_s, u"delivered"_s}),
         testing::ElementsAre("bb-2", "cc-4"));
+    EXPECT_THAT(
+        idsOf({u"list"_s, u"--all"_s, u"--state-of"_s, u"parked"_s}), testing::ElementsAre("cc-4"));
 }
 
 TEST_F(LookingTest, EntriesOfTheListHaveTheseMembersAndNoOthers)
@@ -152,6 +154,41 @@ TEST_F(LookingTest, ShowTellsEverythingWhenAskedPlainly)
     EXPECT_TRUE(outputText().contains(u"header Authorization: "_s + credentials));
 }
 
+TEST_F(LookingTest, WhatTheFileCannotTakeIsSeen)
+{
+    givenMessage(u"aa-1"_s);
+    givenSpilled(makeMessage(u"bb-2"_s));
+    EXPECT_THAT(idsOf({u"list"_s}), testing::ElementsAre("aa-1", "bb-2"));
+    const auto object = whenAskedForJson({u"status"_s});
+    EXPECT_EQ(object["counts"]["pending"], 2);
+    EXPECT_EQ(object["spilled"], 1);
+    whenAsked({u"status"_s});
+    EXPECT_TRUE(output.contains("spilled      1 of the pending ones: ")) << output.toStdString();
+    whenAsked({u"metrics"_s});
+    EXPECT_TRUE(output.contains("korvel_queue_messages{state=\"pending\"} 2\n"));
+    EXPECT_TRUE(output.contains("korvel_queue_spilled_messages 1\n"));
+    EXPECT_EQ(whenAskedForJson({u"show"_s, u"bb"_s})["state"], "pending");
+}
+
+TEST_F(LookingTest, WhatTheOpeningFoundIsTold)
+{
+    givenFile(u"state/queue/queue.sqlite"_s, "no database");
+    whenAsked({u"status"_s});
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(errors.contains("queue.sqlite.damaged-")) << errors.toStdString();
+}
+
+TEST_F(LookingTest, OnlyWhatIsToBeSentHasANextAttempt)
+{
+    givenOneOfEach();
+    givenMessage(u"dd-5"_s, MessageState::Sending);
+    std::vector<std::string> ids;
+    for (const auto &message : whenAskedForJson({u"list"_s, u"--all"_s}))
+        if (!message["nextAttempt"].is_null())
+            ids.push_back(message["id"]);
+    EXPECT_THAT(ids, testing::ElementsAre("aa-1", "dd-5"));
+}
+
 TEST_F(LookingTest, AnIdMustMeanOneMessage)
 {
     givenOneOfEach();
@@ -224,6 +261,11 @@ TEST_F(LookingTest, HelpNamesCommandsAndOptions)
     whenStarted({u"queue"_s, u"list"_s, u"--help"_s});
     for (const char *option : {"--config", "--state", "--json", "--all", "--state-of"})
         EXPECT_TRUE(output.contains(option)) << option;
+    for (const QString &command : {u"retry"_s, u"set-aside"_s}) {
+        whenStarted({u"queue"_s, command, u"--help"_s});
+        for (const char *option : {"ID...", "--all", "--state-of NAME..."})
+            EXPECT_TRUE(output.contains(option)) << option;
+    }
 }
 
 } // namespace

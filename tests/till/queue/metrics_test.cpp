@@ -73,6 +73,8 @@ TEST(MetricsTest, EveryFigureIsASample)
     QueueOffice::Status status;
     status.counts = {{MessageState::Pending, 12}, {MessageState::Refused, 1}};
     status.moved = 3;
+    status.spilled = 4;
+    status.waitingHere = 5;
     status.oldestWaiting = now.addSecs(-61);
     status.lastSuccess = QDateTime::fromSecsSinceEpoch(1000);
     status.lastErrorTime = QDateTime::fromSecsSinceEpoch(2000);
@@ -81,6 +83,7 @@ TEST(MetricsTest, EveryFigureIsASample)
         {u"korvel_queue_messages{state=\"delivered\"}"_s, 0},
         {u"korvel_queue_messages{state=\"refused\"}"_s, 1},
         {u"korvel_queue_messages{state=\"parked\"}"_s, 0}, {u"korvel_queue_moved_messages"_s, 3},
+        {u"korvel_queue_spilled_messages"_s, 4}, {u"korvel_queue_waiting_here_messages"_s, 5},
         {u"korvel_queue_oldest_waiting_age_seconds"_s, 61},
         {u"korvel_queue_last_success_timestamp_seconds"_s, 1000},
         {u"korvel_queue_last_error_timestamp_seconds"_s, 2000}, {u"korvel_queue_level"_s, 2}};

@@ -1,6 +1,7 @@
 #include "tests/till/queue/queueprogramfixture.h"
 
 #include "host/queue/queueoffice.h"
+#include "host/queue/spillfile.h"
 
 #include <QDir>
 
@@ -43,6 +44,17 @@ void QueueProgramFixture::givenMessage(const QString &id, MessageState state)
     QueueMessage message = makeMessage(id);
     message.state = state;
     givenMessage(message);
+}
+
+void QueueProgramFixture::givenSpilled(const QueueMessage &message)
+{
+    EXPECT_TRUE(QDir().mkpath(databaseFile() + u".ballast"_s));
+    SpillFile(databaseFile() + u".spill"_s).append(message);
+}
+
+void QueueProgramFixture::givenRoom()
+{
+    EXPECT_TRUE(QDir().rmdir(databaseFile() + u".ballast"_s));
 }
 
 void QueueProgramFixture::whenAsked(const QStringList &words)

@@ -13,6 +13,10 @@ public:
     [[nodiscard]] static QueueMessage makeMessage(const QString &id);
     void givenMessage(const QueueMessage &message);
     void givenMessage(const QString &id, MessageState state = MessageState::Pending);
+    /// A message in the spill file, and no room to take it in: something is in the ballast's way.
+    void givenSpilled(const QueueMessage &message);
+    /// From now on there is room.
+    void givenRoom();
     /// Runs `korvel-till queue` with these words and the state folder.
     void whenAsked(const QStringList &words);
     /// The same with `--json`; what it printed.

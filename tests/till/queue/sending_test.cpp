@@ -1,5 +1,6 @@
 // deliver and watch, against a service.
 
+#include "host/queue/spillfile.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/queue/holdingserver.h"
 #include "tests/till/queue/queueprogramfixture.h"
@@ -27,22 +28,31 @@ public:
             }
     }
 
-    void givenMessageFor(const QString &id, const QDateTime &nextAttempt = {})
+    [[nodiscard]] QueueMessage messageFor(const QString &id) const
     {
         QueueMessage message = makeMessage(id);
         message.url = service.url().toString();
         message.body = "<message>" + id.toUtf8() + "</message>";
         message.lane = u"1-1"_s;
+        return message;
+    }
+    void givenMessageFor(const QString &id, const QDateTime &nextAttempt = {})
+    {
+        QueueMessage message = messageFor(id);
         if (nextAttempt.isValid())
             message.nextAttempt = nextAttempt;
         givenMessage(message);
     }
     QProcess &givenWatch(const QStringList &words = {})
     {
+        return givenRunning(QStringList{u"watch"_s} + words);
+    }
+    QProcess &givenRunning(const QStringList &words)
+    {
         m_processes.push_back(std::make_unique<QProcess>());
         QProcess &process = *m_processes.back();
         process.start(QStringLiteral(TILL_PROGRAM),
-            QStringList{u"queue"_s, u"watch"_s, u"--state"_s, stateFolder()} + words);
+            QStringList{u"queue"_s} + words + QStringList{u"--state"_s, stateFolder()});
         EXPECT_TRUE(process.waitForStarted());
         return process;
     }
@@ -108,6 +118,15 @@ TEST_F(SendingTest, DeliverJudgesAnswersAsTheTillDoes)
     EXPECT_TRUE(errors.contains("refused and parked messages need a person"));
 }
 
+TEST_F(SendingTest, ThePageOfAProxyStandsWithTheMessage)
+{
+    service.answer("<html>No way out</html>", 502);
+    givenMessageFor(u"aa"_s);
+    whenAsked({u"deliver"_s});
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(whenAskedForJson({u"show"_s, u"aa"_s})["answer"], "<html>No way out</html>");
+}
+
 TEST_F(SendingTest, DeliverSaysWhatToDoAboutCredentials)
 {
     service.answer("", 401);
@@ -119,6 +138,42 @@ TEST_F(SendingTest, DeliverSaysWhatToDoAboutCredentials)
     EXPECT_EQ(sent().size(), 1);
 }
 
+class CredentialsTest : public SendingTest, public testing::WithParamInterface<int>
+{ };
+
+TEST_P(CredentialsTest, WatchOnceStopsThePassAndSaysWhatToDo)
+{
+    service.answer("", GetParam());
+    givenMessageFor(u"aa"_s);
+    givenMessageFor(u"bb"_s);
+    whenAsked({u"watch"_s, u"--once"_s});
+    thenFails(1, u"korvel-till: the service does not accept the credentials"_s);
+    EXPECT_TRUE(errors.contains("korvel-till queue reauthorise"));
+    EXPECT_EQ(output, "delivered 0, refused 0, failed 1, parked 0; waiting 2\n");
+    EXPECT_EQ(sent().size(), 1);
+    EXPECT_EQ(message(u"aa"_s).lastCode, GetParam());
+}
+
+TEST_P(CredentialsTest, WatchSaysItAndGoesOn)
+{
+    service.answer("", GetParam());
+    service.answer(accepted);
+    givenMessageFor(u"aa"_s);
+    givenMessageFor(u"bb"_s);
+    QProcess &watch = givenWatch({u"--json"_s});
+    EXPECT_EQ(nlohmann::json::parse(nextLine(watch).toStdString())["unauthorised"], true);
+    const QByteArray settings = "[KorvelLoyaltyOnline]\nuser = till\npassword = new\n";
+    whenAsked({u"reauthorise"_s, u"--config"_s, givenFile(u"new.ini"_s, settings)});
+    EXPECT_EQ(status, 0) << errors.toStdString();
+    // By chance the service may have been asked for one of them again before.
+    for (int delivered = 0; delivered < 2 && !HasFailure();)
+        delivered += nlohmann::json::parse(nextLine(watch).toStdString())["delivered"].get<int>();
+    EXPECT_EQ(whenSignalled(watch, SIGTERM), 0);
+    EXPECT_TRUE(watch.readAllStandardError().contains("korvel-till queue reauthorise"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Statuses, CredentialsTest, testing::Values(401, 403));
+
 TEST_F(SendingTest, WatchDeliversWhatWasThereAndWhatComes)
 {
     service.answer(accepted);
@@ -129,6 +184,35 @@ TEST_F(SendingTest, WatchDeliversWhatWasThereAndWhatComes)
     EXPECT_EQ(nextLine(watch), "delivered 1, refused 0, failed 0, parked 0; waiting 0\n");
     EXPECT_EQ(sent(), (QList<QByteArray>{"<message>aa</message>", "<message>bb</message>"}));
     EXPECT_EQ(whenSignalled(watch, SIGTERM), 0);
+}
+
+TEST_F(SendingTest, WatchTakesInAndDeliversWhatWasSpilled)
+{
+    service.answer(accepted);
+    givenMessageFor(u"aa"_s);
+    QProcess &watch = givenWatch();
+    EXPECT_EQ(nextLine(watch), "delivered 1, refused 0, failed 0, parked 0; waiting 0\n");
+    SpillFile(databaseFile() + u".spill"_s).append(messageFor(u"bb"_s));
+    EXPECT_EQ(nextLine(watch), "delivered 1, refused 0, failed 0, parked 0; waiting 0\n");
+    EXPECT_EQ(sent().value(1), "<message>bb</message>");
+    EXPECT_EQ(whenSignalled(watch, SIGTERM), 0);
+    EXPECT_EQ(stateOf(u"bb"_s), u"delivered"_s);
+}
+
+TEST_F(SendingTest, WhatCannotBeTakenInIsNotAllDelivered)
+{
+    service.answer(accepted);
+    givenMessageFor(u"aa"_s);
+    givenSpilled(messageFor(u"bb"_s));
+    for (const QStringList &words : {QStringList{u"deliver"_s}, {u"watch"_s, u"--once"_s}}) {
+        whenAsked(words);
+        thenFails(1, u"korvel-till: the queue's file cannot take 1 messages, "_s);
+    }
+    EXPECT_EQ(sent().size(), 1);
+    givenRoom();
+    whenAsked({u"deliver"_s});
+    EXPECT_EQ(status, 0) << errors.toStdString();
+    EXPECT_EQ(sent().size(), 2);
 }
 
 TEST_F(SendingTest, WatchLeavesAloneWhatIsNotDue)
@@ -168,6 +252,35 @@ TEST_P(EndingTest, TheMessageInHandIsFinishedAndTheNextOneLeftAlone)
     EXPECT_EQ(stateOf(u"bb"_s), u"pending"_s);
     EXPECT_TRUE(sent().isEmpty());
 }
+
+class EndingOnceTest : public SendingTest, public testing::WithParamInterface<QStringList>
+{
+public:
+    HoldingServer holding;
+};
+
+TEST_P(EndingOnceTest, ADeliveryThatIsEndedIsNotAllDone)
+{
+    QueueMessage first = makeMessage(u"aa"_s);
+    first.url = holding.url();
+    givenMessage(first);
+    givenMessageFor(u"bb"_s);
+    QProcess &delivery = givenRunning(GetParam());
+    holding.takeRequest();
+    ASSERT_EQ(::kill(static_cast<pid_t>(delivery.processId()), SIGTERM), 0);
+    holding.answer(accepted);
+    ASSERT_TRUE(delivery.waitForFinished());
+    EXPECT_EQ(delivery.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(delivery.exitCode(), 1);
+    EXPECT_TRUE(delivery.readAllStandardError().contains("was asked to end"));
+    EXPECT_EQ(stateOf(u"aa"_s), u"delivered"_s);
+    EXPECT_EQ(stateOf(u"bb"_s), u"pending"_s);
+    EXPECT_TRUE(sent().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, EndingOnceTest,
+    testing::Values(QStringList{u"deliver"_s}, QStringList{u"deliver"_s, u"--json"_s},
+        QStringList{u"watch"_s, u"--once"_s}));
 
 INSTANTIATE_TEST_SUITE_P(Signals, EndingTest, testing::Values(SIGTERM, SIGINT));
 

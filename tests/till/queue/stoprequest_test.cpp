@@ -31,6 +31,17 @@ TEST_P(StopRequestTest, ASignalIsNotedAndEndsNothing)
     EXPECT_TRUE(stop.isMade());
 }
 
+TEST_P(StopRequestTest, BehindItASignalEndsTheProgramAgain)
+{
+    {
+        const StopRequest stop;
+    }
+    struct sigaction now
+    { };
+    ASSERT_EQ(::sigaction(GetParam(), nullptr, &now), 0);
+    EXPECT_EQ(now.sa_handler, SIG_DFL);
+}
+
 INSTANTIATE_TEST_SUITE_P(Signals, StopRequestTest, testing::Values(SIGTERM, SIGINT, SIGHUP));
 
 class FolderWatchTest : public testing::Test
