@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 
@@ -62,12 +63,14 @@ QStringList namesWithoutJson(const QStringList &files)
 {
     static const QRegularExpression piece(
         u"^(\\d{6,}-[a-z]+)(-request\\.xml|-answer\\.xml|\\.json\\.part)"_s);
+    const QSet<QString> known(files.begin(), files.end());
     QStringList names;
     for (const QString &file : files) {
         const QString name = piece.match(file).captured(1);
-        if (!name.isEmpty() && !names.contains(name) && !files.contains(name + u".json"_s))
+        if (!name.isEmpty() && !known.contains(name + u".json"_s))
             names.append(name);
     }
+    names.removeDuplicates();
     return names;
 }
 
