@@ -111,6 +111,9 @@ TEST_F(SchemaTest, EverySampleAnswerPassesAndIsRead)
     const QDir samples(QStringLiteral(KORVEL_PROTOCOL_DIR "/samples"));
     const QStringList names = samples.entryList({u"*-answer.xml"_s});
     ASSERT_FALSE(names.isEmpty());
+    const QMap<QString, Outcome> refusals{{u"refusal-answer.xml"_s, Outcome::Refusal},
+        // 81400 is the answer to a calculation only, where it is looked at before this.
+        {u"points-refused-answer.xml"_s, Outcome::InternalError}};
     for (const QString &name : names) {
         SCOPED_TRACE(name.toStdString());
         QFile file(samples.filePath(name));
@@ -118,6 +121,7 @@ TEST_F(SchemaTest, EverySampleAnswerPassesAndIsRead)
         givenBytes(file.readAll());
         QDomDocument answer;
         EXPECT_EQ(outcomeOf([&] { answer = client().sendRequest({}, 1); }), Outcome::Returns);
-        EXPECT_EQ(outcomeOf([&] { client().checkResponse(answer); }), Outcome::Returns);
+        EXPECT_EQ(outcomeOf([&] { client().checkResponse(answer); }),
+            refusals.value(name, Outcome::Returns));
     }
 }
