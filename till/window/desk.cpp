@@ -56,8 +56,6 @@ bool Desk::perform(Function function, const QString &typed, std::optional<int> p
     switch (function) {
     case Function::Quantity:
         return changeQuantity(typed, posnum);
-    case Function::Remove:
-        return removePosition(posnum);
     case Function::Card:
         return presentCard(typed);
     case Function::Coupon:
@@ -69,12 +67,12 @@ bool Desk::perform(Function function, const QString &typed, std::optional<int> p
     case Function::MessagesRead:
         return dropMessages();
     default:
-        return performOnEmptyLine(function, typed);
+        return performOnEmptyLine(function, typed, posnum);
     }
 }
 
 // A code that was typed and not entered would be missing on the cheque that is closed over it.
-bool Desk::performOnEmptyLine(Function function, const QString &typed)
+bool Desk::performOnEmptyLine(Function function, const QString &typed, std::optional<int> posnum)
 {
     if (!typed.isEmpty()) {
         tell(texts::lineNotEmpty.arg(typed).ui());
@@ -83,6 +81,8 @@ bool Desk::performOnEmptyLine(Function function, const QString &typed)
     switch (function) {
     case Function::Sale:
         return carryOut([this] { return m_till.openSale(); });
+    case Function::Remove:
+        return removePosition(posnum);
     case Function::Total:
         return carryOut([this] { return m_till.calculate(); });
     case Function::Close:

@@ -64,7 +64,7 @@ private:
     bool cancel();
     bool endShift();
     bool dropMessages();
-    bool performOnEmptyLine(Function function, const QString &typed);
+    bool performOnEmptyLine(Function function, const QString &typed, std::optional<int> posnum);
 
     void tell(const QString &message);
     void take(const Outcome &outcome);

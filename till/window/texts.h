@@ -97,4 +97,41 @@ inline const tr::Tr functionEndShift(
 inline const tr::Tr functionMessagesRead(
     QStringLiteral("windowFunctionMessagesRead"), QStringLiteral("Прочитано"));
 
+// The window's own words.
+inline const tr::Tr windowTitle(QStringLiteral("windowTitle"), QStringLiteral("Касса"));
+inline const tr::Tr columnNumber(QStringLiteral("windowColumnNumber"), QStringLiteral("№"));
+inline const tr::Tr columnCode(QStringLiteral("windowColumnCode"), QStringLiteral("Артикул"));
+inline const tr::Tr columnName(QStringLiteral("windowColumnName"), QStringLiteral("Наименование"));
+inline const tr::Tr columnQuantity(
+    QStringLiteral("windowColumnQuantity"), QStringLiteral("Кол-во"));
+inline const tr::Tr columnPrice(QStringLiteral("windowColumnPrice"), QStringLiteral("Цена"));
+inline const tr::Tr columnDiscount(
+    QStringLiteral("windowColumnDiscount"), QStringLiteral("Скидка"));
+inline const tr::Tr columnSum(QStringLiteral("windowColumnSum"), QStringLiteral("Сумма"));
+inline const tr::Tr columnPoints(QStringLiteral("windowColumnPoints"), QStringLiteral("Баллы"));
+inline const tr::Tr customer(QStringLiteral("windowCustomer"), QStringLiteral("Покупатель"));
+inline const tr::Tr customerCard(QStringLiteral("windowCustomerCard"), QStringLiteral("Карта"));
+inline const tr::Tr customerType(QStringLiteral("windowCustomerType"), QStringLiteral("Тип карты"));
+inline const tr::Tr customerBalance(
+    QStringLiteral("windowCustomerBalance"), QStringLiteral("Баланс"));
+inline const tr::Tr customerAvailable(
+    QStringLiteral("windowCustomerAvailable"), QStringLiteral("Доступно"));
+inline const tr::Tr customerChosen(
+    QStringLiteral("windowCustomerChosen"), QStringLiteral("Списывается"));
+inline const tr::Tr customerEarned(
+    QStringLiteral("windowCustomerEarned"), QStringLiteral("Начисляется"));
+inline const tr::Tr customerStatus(
+    QStringLiteral("windowCustomerStatus"), QStringLiteral("Состояние"));
+inline const tr::Tr coupons(QStringLiteral("windowCoupons"), QStringLiteral("Купоны"));
+inline const tr::Tr paper(QStringLiteral("windowPaper"), QStringLiteral("Напечатано"));
+inline const tr::Tr total(QStringLiteral("windowTotal"), QStringLiteral("ИТОГО"));
+inline const tr::Tr inputHint(
+    QStringLiteral("windowInputHint"), QStringLiteral("Товар, карта, купон"));
+inline const tr::Tr offlineSign(QStringLiteral("windowOfflineSign"),
+    QStringLiteral("НЕТ СВЯЗИ С СИСТЕМОЙ ЛОЯЛЬНОСТИ. Продавать можно: чеки ждут отправки. "
+                   "Скидки, оплата баллами и купоны могут быть недоступны"));
+inline const tr::Tr busy(
+    QStringLiteral("windowBusy"), QStringLiteral("Обращение к системе лояльности"));
+inline const tr::Tr busySeconds(QStringLiteral("windowBusySeconds"), QStringLiteral("%1 с"));
+
 } // namespace till::texts

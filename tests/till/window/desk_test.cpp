@@ -77,7 +77,7 @@ TEST_F(DeskTest, WhatIsNoQuantityIsTold)
 TEST_F(DeskTest, APositionMustBeChosen)
 {
     for (const Function function : {Function::Quantity, Function::Remove})
-        EXPECT_FALSE(desk.perform(function, u"2"_s, std::nullopt));
+        EXPECT_FALSE(desk.perform(function, {}, std::nullopt));
     EXPECT_EQ(desk.messages(), QStringList{u"Выберите позицию чека"_s});
 }
 
@@ -133,8 +133,8 @@ TEST_F(DeskTest, ASaleIsOpenedCalculatedAndClosed)
 TEST_F(DeskTest, NothingIsDoneOverAnUnfinishedLine)
 {
     givenSale({u"1001"_s});
-    for (const Function function :
-        {Function::Sale, Function::Total, Function::Close, Function::Cancel, Function::EndShift})
+    for (const Function function : {Function::Sale, Function::Remove, Function::Total,
+             Function::Close, Function::Cancel, Function::EndShift})
         EXPECT_FALSE(whenPressed(function, u"1002"_s));
     EXPECT_EQ(desk.messages(), QStringList{u"Сначала введите или сотрите набранное: 1002"_s});
     EXPECT_TRUE(till->document());
