@@ -27,6 +27,11 @@ if(KORVEL_SANITIZERS)
   target_link_options(korvel_build_rules INTERFACE ${sanitizer_flags})
 endif()
 
+# Without this a fuzzer sees only its own file and mutates blindly.
+if(KORVEL_BUILD_FUZZERS)
+  target_compile_options(korvel_build_rules INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # A static library that ends up in one of the products: position independent, hidden symbols.
 function(korvel_library name)
   add_library(${name} STATIC ${ARGN})

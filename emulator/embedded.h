@@ -13,5 +13,6 @@ QByteArray consolePage(); ///< emulator/console/console.html
 QByteArray consoleStyle(); ///< emulator/console/console.css
 QByteArray consoleScript(); ///< emulator/console/console.js
 QByteArray envelopeSchema(); ///< protocol/soap-envelope.xsd
+QByteArray serviceDescription(); ///< protocol/loyalty.wsdl
 
 } // namespace emulator::embedded

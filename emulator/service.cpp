@@ -1,6 +1,7 @@
 #include "emulator/service.h"
 
 #include "emulator/http/status.h"
+#include "emulator/soap/description.h"
 
 #include <QUrl>
 
@@ -61,6 +62,8 @@ HttpReply Service::answer(const HttpRequest &request)
 HttpReply Service::route(const HttpRequest &request)
 {
     const QUrl target = QUrl::fromEncoded(request.target.toUtf8());
+    if (const auto description = describeService(request))
+        return m_authorisation.admits(request) ? *description : unauthorisedReply();
     if (target.path() == u"/")
         return answerSoap(request);
     if (target.path().startsWith(u"/api/"))

@@ -16,9 +16,9 @@ struct ServiceSettings
     std::vector<FaultCommand> faults; ///< ordered from the start
 };
 
-/// The whole service behind its HTTP server: SOAP on "/", the API under "/api/", a page for people
-/// at "/console". Never throws
-/// once it is made; making it throws BooksError. One thread.
+/// The whole service behind its HTTP server: SOAP on "/" and what describes it to toolkits, the API
+/// under "/api/", a page for people at "/console". Never throws once it is made; making it throws
+/// BooksError. One thread.
 class Service
 {
 public:

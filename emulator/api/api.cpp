@@ -104,7 +104,7 @@ HttpReply Api::get(const QString &path, const QUrlQuery &query) const
     if (path == u"events")
         return events();
     if (path == u"codes")
-        return jsonReply(codesJson(m_desk.books()));
+        return jsonReply(codesJson(m_desk));
     if (path == u"faults")
         return jsonReply(faultsJson(m_faults));
     if (path == u"audit")
@@ -138,7 +138,7 @@ HttpReply Api::card(const QString &number) const
     const auto known = m_desk.books().cards.find(number);
     if (!known)
         return textReply(httpstatus::notFound, u"there is no card %1"_s.arg(number));
-    return jsonReply(cardWithLedgerJson(*known, m_desk.books()));
+    return jsonReply(cardWithLedgerJson(*known, m_desk));
 }
 
 HttpReply Api::transactions() const

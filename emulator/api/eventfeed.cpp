@@ -37,7 +37,7 @@ QByteArray EventFeed::next()
         return {};
     Json news = {{"reset", m_isFirst || isReset}, {"faults", faults}};
     if (m_isFirst || isReset || hasExchanges) {
-        news["codes"] = codesJson(m_desk.books());
+        news["codes"] = codesJson(m_desk);
         news["exchanges"] = exchangesAfter(m_log, std::max(m_told, m_log.lastId() - toldAtOnce));
     }
     m_isFirst = false;

@@ -44,14 +44,6 @@ Json positionJson(const BookedPosition &position)
         {"spent", position.spent.toDouble()}, {"stickers", position.stickers.toDouble()}};
 }
 
-Json codesJson(const QString &card, const Books &books)
-{
-    Json codes = Json::array();
-    for (const WaitingCode &waiting : books.calculations.waitingCodes(card))
-        codes.push_back({{"cheque", text(waiting.cheque)}, {"code", text(waiting.code)}});
-    return codes;
-}
-
 Json booksJson(const BooksChange &change)
 {
     Json entries = Json::array();
@@ -81,10 +73,13 @@ Json cardJson(const Card &card, const Books &books)
         {"stickers", books.ledger.balance(card.number, Account::Stickers).toDouble()}};
 }
 
-Json cardWithLedgerJson(const Card &card, const Books &books)
+Json cardWithLedgerJson(const Card &card, const Desk &desk)
 {
+    const Books &books = desk.books();
     Json object = cardJson(card, books);
-    object["codes"] = codesJson(card.number, books);
+    object["codes"] = Json::array();
+    for (const WaitingCode &waiting : desk.waitingCodes(card.number))
+        object["codes"].push_back({{"cheque", text(waiting.cheque)}, {"code", text(waiting.code)}});
     object["ledger"] = Json::array();
     for (const LedgerEntry &entry : books.ledger.entries(card.number))
         object["ledger"].push_back(entryJson(entry));
@@ -123,10 +118,10 @@ Json exchangeJson(const Exchange &exchange, bool withTexts)
     return object;
 }
 
-Json codesJson(const Books &books)
+Json codesJson(const Desk &desk)
 {
     Json codes = Json::array();
-    for (const WaitingCode &waiting : books.calculations.waitingCodes())
+    for (const WaitingCode &waiting : desk.waitingCodes())
         codes.push_back({{"card", text(waiting.card)}, {"pos", text(waiting.pos)},
             {"cheque", text(waiting.cheque)}, {"code", text(waiting.code)}});
     return codes;

@@ -13,6 +13,8 @@ struct WaitingCode
     QString pos;
     QString cheque;
     QString code;
+    QDateTime issued; ///< UTC
+    int wrongCodes = 0; ///< that were tried
 };
 
 /// What was answered to the last calculation of each open cheque. Not part of the books proper:
@@ -24,16 +26,25 @@ public:
         : m_database(database)
     { }
 
+    /// Cheques of one till whose last calculations are kept: more than anybody sells side by side.
+    static constexpr int keptForATill = 100;
+
+    /// Forgets the till's oldest ones beyond `keptForATill`, of cheques that nobody registered and
+    /// that have no code.
     void remember(const ChequeKey &cheque, const LastCalculation &calculation);
     std::optional<LastCalculation> recall(const ChequeKey &cheque) const;
+    void countWrongCode(const ChequeKey &cheque);
     void forget(const ChequeKey &cheque);
     /// The till's calculations for the card are those of cheques that are over.
     void endAll(const Till &till, const QString &card);
 
-    /// The card's codes that wait to be typed; of all cards when it is empty.
-    std::vector<WaitingCode> waitingCodes(const QString &card = {}) const;
+    /// Codes for the card that were issued and not used; for all cards when it is empty. Whether
+    /// they still hold is the desk's to tell.
+    std::vector<WaitingCode> waitingCodes(const QString &card) const;
 
 private:
+    void forgetOldest(const Till &till);
+
     Database &m_database;
 };
 

@@ -11,7 +11,7 @@ namespace emulator {
 namespace {
 
 /// Counts up when the tables change.
-constexpr int layoutVersion = 3;
+constexpr int layoutVersion = 4;
 
 // Amounts are hundredths, stickers among them, quantities thousandths, "at" is UTC milliseconds.
 const QStringList &definitions()
@@ -38,6 +38,7 @@ const QStringList &definitions()
         u"CREATE INDEX transactions_by_cheque ON transactions"
         " (number, pos, business_unit, organization, card)"_s,
         u"CREATE INDEX transactions_by_sale ON transactions (sale)"_s,
+        u"CREATE INDEX transactions_by_card ON transactions (card)"_s,
 
         // Of a sale: what the position earned and spent, and the stickers that it took. Of a
         // return: what was due to be taken back of that and given back, for the sale's position
@@ -59,8 +60,10 @@ const QStringList &definitions()
         u"CREATE TABLE calculations (organization TEXT NOT NULL, business_unit TEXT NOT NULL,"
         " pos TEXT NOT NULL, number TEXT NOT NULL, card TEXT NOT NULL, sum INTEGER NOT NULL,"
         " discount INTEGER NOT NULL, sum_discounted INTEGER NOT NULL, wish INTEGER NOT NULL,"
-        " code TEXT NOT NULL, is_over INTEGER NOT NULL DEFAULT 0,"
+        " code TEXT NOT NULL, code_at INTEGER NOT NULL, wrong_codes INTEGER NOT NULL DEFAULT 0,"
+        " is_over INTEGER NOT NULL DEFAULT 0,"
         " PRIMARY KEY (card, number, pos, business_unit, organization))"_s,
+        u"CREATE INDEX calculations_by_till ON calculations (pos, business_unit, organization)"_s,
     };
     return statements;
 }

@@ -2,6 +2,8 @@
 
 #include "emulator/books/rowvalues.h"
 
+#include <QHash>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -84,17 +86,15 @@ SoldPosition asSold(const BookedPosition &position)
     return sold;
 }
 
-void addReturned(std::vector<SoldPosition> &sold, const BookedPosition &returned)
+void addReturned(SoldPosition &sold, const BookedPosition &returned)
 {
-    for (SoldPosition &position : sold) {
-        if (position.number != returned.salePosition)
-            continue;
-        position.returned += returned.quantity;
-        position.earnedReturned += returned.earned;
-        position.statusReturned += returned.earnedStatus;
-        position.spentReturned += returned.spent;
-        position.stickersReturned += returned.stickers;
-    }
+    sold.returned += returned.quantity;
+    sold.sumReturned += returned.sum;
+    sold.sumDiscountedReturned += returned.sumDiscounted;
+    sold.earnedReturned += returned.earned;
+    sold.statusReturned += returned.earnedStatus;
+    sold.spentReturned += returned.spent;
+    sold.stickersReturned += returned.stickers;
 }
 
 } // namespace
@@ -200,16 +200,26 @@ std::vector<BookedPosition> Transactions::positions(qint64 transaction) const
 std::vector<SoldPosition> Transactions::soldPositions(qint64 sale) const
 {
     std::vector<SoldPosition> sold;
-    for (const BookedPosition &position : positions(sale))
+    QHash<int, std::size_t> places;
+    for (const BookedPosition &position : positions(sale)) {
+        places.insert(position.number, sold.size());
         sold.push_back(asSold(position));
+    }
     const auto returns
         = m_database.all(u"SELECT id FROM transactions WHERE sale = ? AND rolled_back = 0"_s,
             {sale}, [](const QSqlQuery &row) { return row.value(0).toLongLong(); });
     for (const qint64 id : returns) {
         for (const BookedPosition &returned : positions(id))
-            addReturned(sold, returned);
+            addReturned(sold.at(places.value(returned.salePosition)), returned);
     }
     return sold;
+}
+
+std::vector<Transaction> Transactions::ofCard(const QString &card) const
+{
+    return m_database.all(
+        u"SELECT %1 FROM transactions WHERE card = ? ORDER BY id"_s.arg(columns()), {card},
+        readTransaction);
 }
 
 std::vector<Transaction> Transactions::latest(int count) const

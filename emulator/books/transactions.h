@@ -91,6 +91,9 @@ public:
     /// The sale's positions with what its returns have already taken.
     std::vector<SoldPosition> soldPositions(qint64 sale) const;
 
+    /// All of the card, oldest first.
+    std::vector<Transaction> ofCard(const QString &card) const;
+
     /// The latest ones, newest first.
     std::vector<Transaction> latest(int count) const;
 

@@ -32,6 +32,12 @@ int optionalInteger(const JsonValue &value, const char *name, int absent)
     return found ? found->integer() : absent;
 }
 
+std::optional<int> optionalIntegerOfAtLeast(const JsonValue &value, const char *name, int least)
+{
+    const auto found = value.find(name);
+    return found ? std::optional(found->integerOfAtLeast(least)) : std::nullopt;
+}
+
 Amount optionalAmount(const JsonValue &value, const char *name)
 {
     const auto found = value.find(name);
@@ -101,6 +107,16 @@ ArticleDiscount readArticleDiscount(const JsonValue &value)
     return {value.member("article").textWithContent(), readReduction(value)};
 }
 
+/// A group's discount is one of each of its articles.
+void readGroupDiscountInto(ServiceData &data, const JsonValue &value)
+{
+    value.allowOnly({"articles", "percent", "amount"});
+    const Reduction reduction = readReduction(value);
+    value.member("articles").forEachItem([&](const JsonValue &article) {
+        data.articleDiscounts.push_back({article.textWithContent(), reduction});
+    });
+}
+
 ChequeDiscount readChequeDiscount(const JsonValue &value)
 {
     value.allowOnly({"from", "percent", "amount"});
@@ -164,11 +180,13 @@ TechnicalCards readTechnicalCards(const JsonValue &value)
 
 void readDiscountsInto(ServiceData &data, const JsonValue &value)
 {
-    value.allowOnly({"articles", "cheque"});
+    value.allowOnly({"articles", "groups", "cheque"});
     if (const auto articles = value.find("articles"))
         articles->forEachItem([&](const JsonValue &discount) {
             data.articleDiscounts.push_back(readArticleDiscount(discount));
         });
+    if (const auto groups = value.find("groups"))
+        groups->forEachItem([&](const JsonValue &group) { readGroupDiscountInto(data, group); });
     if (const auto cheque = value.find("cheque"))
         cheque->forEachItem([&](const JsonValue &discount) {
             data.chequeDiscounts.push_back(readChequeDiscount(discount));
@@ -194,7 +212,7 @@ Earning readEarning(const JsonValue &value)
 Spending readSpending(const JsonValue &value)
 {
     static const QRegularExpression lettersAndDigits(u"^[A-Za-z0-9]+$"_s);
-    value.allowOnly({"sharePercent", "confirmAbove", "code"});
+    value.allowOnly({"sharePercent", "confirmAbove", "code", "codeMinutes", "codeAttempts"});
     Spending spending;
     spending.share = optionalPercent(value, "sharePercent");
     if (const auto limit = value.find("confirmAbove"))
@@ -204,6 +222,8 @@ Spending readSpending(const JsonValue &value)
         if (!lettersAndDigits.match(spending.code).hasMatch())
             code->expected("Latin letters and digits, as a cashier can type them");
     }
+    spending.codeMinutes = optionalIntegerOfAtLeast(value, "codeMinutes", 1);
+    spending.codeAttempts = optionalIntegerOfAtLeast(value, "codeAttempts", 1);
     return spending;
 }
 
@@ -214,8 +234,7 @@ StickerOffer readStickerOffer(const JsonValue &value)
     offer.article = value.member("article").textWithContent();
     offer.stickers = value.member("stickers").integerOfAtLeast(1);
     offer.discount = value.member("discount").amountAboveZero();
-    if (const auto limit = value.find("limit"))
-        offer.limit = limit->integerOfAtLeast(1);
+    offer.limit = optionalIntegerOfAtLeast(value, "limit", 1);
     return offer;
 }
 

@@ -83,6 +83,8 @@ struct Spending
     Percent share; ///< of the cheque's sum after discounts that may be paid with points
     std::optional<Amount> confirmAbove; ///< more points than this need the holder's code
     QString code; ///< always this code instead of a random one; empty: random
+    std::optional<int> codeMinutes; ///< how long a code holds; nothing: for ever
+    std::optional<int> codeAttempts; ///< wrong codes that make the right one void; nothing: none do
 };
 
 /// What stickers buy: a discount on units of an article.

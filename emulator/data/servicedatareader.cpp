@@ -33,6 +33,15 @@ std::string syntaxMessage(const std::string &message)
     return found == std::string::npos ? message : message.substr(found);
 }
 
+/// The number that the library could not hold stands between quotation marks in its message, and is
+/// the only thing that the message says about the place.
+std::size_t byteOfNumber(const QByteArray &json, const QByteArray &message)
+{
+    const qsizetype start = message.indexOf('\'') + 1;
+    const QByteArray number = message.mid(start, message.lastIndexOf('\'') - start);
+    return static_cast<std::size_t>(json.indexOf(number) + 1);
+}
+
 nlohmann::json parseJson(const QByteArray &json)
 {
     constexpr bool allowExceptions = true;
@@ -42,6 +51,9 @@ nlohmann::json parseJson(const QByteArray &json)
             json.begin(), json.end(), nullptr, allowExceptions, ignoreComments);
     } catch (const nlohmann::json::parse_error &error) {
         throw DataError(placeOf(json, error.byte) + ": " + syntaxMessage(error.what()));
+    } catch (const nlohmann::json::out_of_range &error) {
+        throw DataError(
+            placeOf(json, byteOfNumber(json, error.what())) + ": the number is too large");
     }
 }
 

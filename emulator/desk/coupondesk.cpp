@@ -1,5 +1,7 @@
 #include "emulator/desk/coupondesk.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace emulator {
@@ -40,7 +42,7 @@ bool holdsOnce(const CouponData *configured)
 std::vector<AnsweredCoupon> assessCoupons(const DeskContext &context, const QStringList &numbers)
 {
     std::vector<AnsweredCoupon> coupons;
-    QStringList assessed;
+    QSet<QString> assessed;
     for (const QString &number : numbers) {
         const CouponData *configured = findConfigured(context.data, number);
         // The same coupon presented twice counts once.
@@ -48,7 +50,7 @@ std::vector<AnsweredCoupon> assessCoupons(const DeskContext &context, const QStr
             ? Applicability::AlreadyUsed
             : applicabilityOf(context, number, configured);
         coupons.push_back({number, configured ? configured->emission : QString(), applicability});
-        assessed.append(number);
+        assessed.insert(number);
     }
     return coupons;
 }

@@ -1,7 +1,9 @@
 #include "emulator/desk/desk.h"
 
+#include "emulator/books/audit.h"
 #include "emulator/books/tables.h"
 #include "emulator/desk/carddesk.h"
+#include "emulator/desk/confirmation.h"
 #include "emulator/desk/returncodes.h"
 #include "emulator/desk/returndesk.h"
 #include "emulator/desk/rollbackdesk.h"
@@ -12,6 +14,19 @@ using namespace Qt::Literals::StringLiterals;
 namespace emulator {
 
 namespace {
+
+#ifdef NDEBUG
+constexpr bool checksBooks = false;
+#else
+constexpr bool checksBooks = true;
+#endif
+
+void requireOrder(const Books &books, const QString &card)
+{
+    const AuditReport report = auditCard(books, card);
+    if (!report.problems.isEmpty())
+        throw BooksError(u"the books are not in order: %1"_s.arg(report.problems.first()));
+}
 
 /// Sends each request to its operation.
 struct Dispatch
@@ -49,7 +64,10 @@ Answer Desk::answer(const Request &request)
     if (const auto forced = forcedOutcome(request))
         return refuse(request, *forced);
     const DeskContext current = context();
-    return std::visit(Dispatch{current}, request);
+    const Answer answer = std::visit(Dispatch{current}, request);
+    if (checksBooks)
+        requireOrder(m_books, cardOf(request));
+    return answer;
 }
 
 Answer Desk::refuse(const Request &request, const Outcome &outcome)
@@ -60,6 +78,15 @@ Answer Desk::refuse(const Request &request, const Outcome &outcome)
     if (sale && outcome.code == returncodes::notEnoughPoints)
         return refuseSpending(context(), *sale, outcome);
     return ChequeAnswer{outcome, {}};
+}
+
+std::vector<WaitingCode> Desk::waitingCodes(const QString &card) const
+{
+    std::vector<WaitingCode> codes = m_books.calculations.waitingCodes(card);
+    std::erase_if(codes, [this](const WaitingCode &waiting) {
+        return isCodeVoid(waiting.issued, waiting.wrongCodes, m_data.spending, m_clock());
+    });
+    return codes;
 }
 
 void Desk::reset()

@@ -11,7 +11,8 @@ namespace emulator {
 /// A calculation ("Soft") leaves the books as they are. A registration, a return and a rollback
 /// change them in one database transaction, together with the answer that is kept for a repeat.
 /// All operations throw BooksError when the books cannot be read or written; nothing has
-/// happened then. One thread.
+/// happened then. A debug build adds the books of the card up after each request and throws
+/// BooksError when they are not in order, which is a mistake of this program. One thread.
 class Desk
 {
 public:
@@ -28,6 +29,9 @@ public:
     void reset();
 
     const Books &books() const { return m_books; }
+
+    /// Codes for the card that wait to be typed and still hold; for all cards when it is empty.
+    std::vector<WaitingCode> waitingCodes(const QString &card = {}) const;
 
 private:
     DeskContext context();

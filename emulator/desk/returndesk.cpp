@@ -4,8 +4,6 @@
 #include "emulator/desk/repeats.h"
 #include "emulator/desk/returncodes.h"
 
-#include <algorithm>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -38,22 +36,13 @@ Amount total(const Parts &parts, Amount ReturnedPart::*figure)
     return sum;
 }
 
-const RequestPosition &positionOf(const ReturnRequest &request, int number)
+void addPositions(const DeskContext &context, const Parts &parts, qint64 transaction)
 {
-    return *std::find_if(request.positions.begin(), request.positions.end(),
-        [&](const RequestPosition &position) { return position.number == number; });
-}
-
-void addPositions(const DeskContext &context, const ReturnRequest &request, const Parts &parts,
-    qint64 transaction)
-{
-    for (const ReturnedPart &part : parts) {
-        const RequestPosition &position = positionOf(request, part.number);
+    for (const ReturnedPart &part : parts)
         context.books.transactions.addPosition(transaction,
-            {part.number, position.article, position.price, part.quantity, part.sum,
-                part.sumDiscounted, part.takeBack, part.takeBackStatus, part.giveBack,
-                part.giveBackStickers, part.salePosition});
-    }
+            {part.number, part.article, part.price, part.quantity, part.sum, part.sumDiscounted,
+                part.takeBack, part.takeBackStatus, part.giveBack, part.giveBackStickers,
+                part.salePosition});
 }
 
 /// What comes back first, so that points spent on the goods can pay for those they earned. Returns
@@ -77,16 +66,15 @@ Amount moveBack(
 std::vector<AnsweredPosition> answeredPositions(const ReturnRequest &request, const Parts &parts)
 {
     std::vector<AnsweredPosition> answered;
+    auto part = parts.begin();
     for (const RequestPosition &position : request.positions) {
         AnsweredPosition sum;
         sum.number = position.number;
-        for (const ReturnedPart &part : parts) {
-            if (part.number != position.number)
-                continue;
-            sum.sum += part.sum;
-            sum.sumDiscounted += part.sumDiscounted;
-            sum.earned += part.giveBack;
-            sum.spent += part.takeBack;
+        for (; part != parts.end() && part->number == position.number; ++part) {
+            sum.sum += part->sum;
+            sum.sumDiscounted += part->sumDiscounted;
+            sum.earned += part->giveBack;
+            sum.spent += part->takeBack;
         }
         answered.push_back(sum);
     }
@@ -102,7 +90,7 @@ ChequeFigures bookReturn(
     const qint64 transaction
         = context.books.transactions.add({TransactionKind::Return, keyOf(request),
             fingerprintOf(request), context.now, figures.sum, figures.sumDiscounted, sale});
-    addPositions(context, request, parts, transaction);
+    addPositions(context, parts, transaction);
     figures.spent = moveBack(context, request.card, parts, transaction);
     figures.earned = total(parts, &ReturnedPart::giveBack);
     figures.transaction = transactionText(transaction);

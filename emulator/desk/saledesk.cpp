@@ -37,7 +37,7 @@ void remember(const DeskContext &context, const SaleRequest &request, const Cheq
 {
     context.books.calculations.remember(keyOf(request),
         {figures.sum, figures.sum - figures.sumDiscounted, figures.sumDiscounted, figures.spent,
-            figures.verificationCode, false});
+            figures.verificationCode, context.now});
 }
 
 ChequeAnswer tooManyPoints(const DeskContext &context, const Quote &quote, const Outcome &outcome)
@@ -51,8 +51,17 @@ std::optional<Outcome> refusalOfSale(
     if (!quote.stickers.sufficed)
         return Outcome{returncodes::notEnoughStickers, u"Недостаточно фишек"_s};
     const auto last = context.books.calculations.recall(keyOf(request));
-    if (isConfirmed(request, quote.wish, context.data.spending, last))
+    switch (verdictOn(request, quote.wish, context.data.spending, last, context.now)) {
+    case Verdict::Confirmed:
         return {};
+    case Verdict::CodeIsVoid:
+        return Outcome{returncodes::wrongConfirmation, u"Код подтверждения больше не действует"_s};
+    case Verdict::WrongCode:
+        context.books.calculations.countWrongCode(keyOf(request));
+        break;
+    case Verdict::NoCode:
+        break;
+    }
     return Outcome{returncodes::wrongConfirmation, u"Списание не подтверждено кодом"_s};
 }
 

@@ -22,6 +22,7 @@ struct HttpRequest
     QByteArray authorization;
     QByteArray body;
     bool fromLoopback = false;
+    bool overTls = false;
 };
 
 /// How an answer goes on the wire.

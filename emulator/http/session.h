@@ -149,7 +149,9 @@ private:
         Error ignored;
         const auto peer = socketStream().socket().remote_endpoint(ignored);
         const bool fromLoopback = !ignored && peer.address().is_loopback();
-        deliver(m_host.callbacks.answer(requestFrom(m_parser.get(), fromLoopback)));
+        HttpRequest request = requestFrom(m_parser.get(), fromLoopback);
+        request.overTls = isTls;
+        deliver(m_host.callbacks.answer(request));
     }
 
     void deliver(HttpReply reply)

@@ -36,12 +36,9 @@ void applyArticleDiscounts(Positions &positions, const std::vector<ArticleDiscou
 void takeOffAll(Positions &positions, Amount amount)
 {
     std::vector<Amount> rooms;
-    Amount allRoom;
-    for (const CalculatedPosition &position : positions) {
+    for (const CalculatedPosition &position : positions)
         rooms.push_back(position.room());
-        allRoom += position.room();
-    }
-    const std::vector<Amount> shares = apportion(std::min(amount, allRoom), rooms);
+    const std::vector<Amount> shares = apportion(amount, rooms);
     for (std::size_t index = 0; index < positions.size(); ++index)
         takeOff(positions[index], shares[index]);
 }

@@ -21,6 +21,8 @@ struct SoldPosition
     Amount stickers; ///< whole ones
 
     Quantity returned;
+    Amount sumReturned;
+    Amount sumDiscountedReturned;
     Amount earnedReturned;
     Amount statusReturned;
     Amount spentReturned;
@@ -32,6 +34,8 @@ struct ReturnedPart
 {
     int number = 0; ///< of the returning cheque's position
     int salePosition = 0;
+    QString article;
+    Amount price; ///< the returning cheque's
     Quantity quantity;
     Amount sum;
     Amount sumDiscounted;
@@ -42,9 +46,10 @@ struct ReturnedPart
 };
 
 /// Finds for each returned position the sold one: that of the same number and article first,
-/// then others of the article. Points are in proportion to the quantity and rounded so that all
-/// parts together come to exactly what was given; stickers are rounded down to whole ones until the
-/// last part. Nothing when more comes back than was sold.
+/// then others of the article. Sums and points are in proportion to the quantity and rounded so
+/// that all parts together come to exactly the sale's; stickers are rounded down to whole ones
+/// until the last part. The parts stand in the order of the returned positions. Nothing when more
+/// comes back than was sold.
 std::optional<std::vector<ReturnedPart>> planReturn(
     std::vector<SoldPosition> sold, const std::vector<RequestPosition> &returned);
 

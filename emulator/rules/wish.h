@@ -2,6 +2,8 @@
 
 #include "emulator/soap/request.h"
 
+#include <QDateTime>
+
 #include <optional>
 
 namespace emulator {
@@ -14,6 +16,8 @@ struct LastCalculation
     Amount sumDiscounted;
     Amount wish; ///< points that it was asked to spend and did
     QString code; ///< the verification code that was issued; empty: none
+    QDateTime codeIssued; ///< UTC; invalid without a code
+    int wrongCodes = 0; ///< registrations that came with another code
     bool isOver = false; ///< the cheque is no longer calculated; it may still be registered
 };
 

@@ -86,12 +86,16 @@ std::vector<RequestPosition> readPositions(const XmlElement &payload)
 {
     std::vector<RequestPosition> positions;
     QSet<int> numbers;
+    Amount sum;
     for (const XmlElement &item : payload.children("Item")) {
         positions.push_back(readPosition(item));
         const int number = positions.back().number;
         if (numbers.contains(number))
             refuse(item, u"PositionNumber %1 is given twice"_s.arg(number));
         numbers.insert(number);
+        sum += positions.back().sum;
+        if (sum >= greatestAmount)
+            refuse(item, u"the positions come to too much"_s);
     }
     return positions;
 }
@@ -131,9 +135,9 @@ SaleRequest readSale(const XmlElement &payload)
 
 ChequeReference readChequeReference(const XmlElement &element)
 {
-    constexpr int dateLength = 10; // "2024-03-05", also where a time follows
+    // A time behind the day is passed over.
     return {readTill(element), childText(element, "Number"),
-        QDate::fromString(childText(element, "DateTime").left(dateLength), Qt::ISODate)};
+        QDate::fromString(childText(element, "DateTime"), Qt::ISODate)};
 }
 
 ReturnRequest readReturn(const XmlElement &payload)
@@ -183,7 +187,11 @@ Request readCheque(const XmlElement &payload)
 
 Request readRequest(const QByteArray &bytes, const MessageSchema &schema)
 {
-    const XmlDocument document = XmlDocument::parse(bytes);
+    return readRequest(XmlDocument::parse(bytes), schema);
+}
+
+Request readRequest(const XmlDocument &document, const MessageSchema &schema)
+{
     if (const QString complaint = schema.complaintAbout(document); !complaint.isEmpty())
         throw RequestError(complaint);
     const XmlElement call = document.root().child("Body").firstChild();

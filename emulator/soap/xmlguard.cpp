@@ -10,12 +10,16 @@ namespace {
 
 constexpr int greatestDepth = 256;
 constexpr int greatestAttributes = 256;
+constexpr int greatestNamespaces = 64;
+constexpr int greatestMarkup = 1'000'000;
+constexpr std::string_view namespaceMark = "xmlns";
 
 /// What stands between "<" and ">".
 struct Tag
 {
     std::size_t end = 0; ///< behind ">"
     int attributes = 0;
+    int namespaces = 0;
     bool isClosed = false; ///< "<a/>"
 };
 
@@ -39,6 +43,8 @@ Tag readTag(std::string_view text, std::size_t from)
             quote = c;
         else if (c == '=')
             ++tag.attributes;
+        else if (c == namespaceMark.front() && text.substr(place).starts_with(namespaceMark))
+            ++tag.namespaces;
         else if (c == '>')
             break;
     }
@@ -70,6 +76,7 @@ private:
 
     void step()
     {
+        count(1);
         if (at("<!--"))
             m_place = behind(m_text, m_place, "-->");
         else if (at("<![CDATA["))
@@ -93,8 +100,12 @@ private:
     void startTag()
     {
         const Tag tag = readTag(m_text, m_place + 1);
+        count(tag.attributes);
+        m_namespaces += tag.namespaces;
         if (tag.attributes > greatestAttributes)
             m_problem = u"an element has more than %1 attributes"_s.arg(greatestAttributes);
+        else if (m_namespaces > greatestNamespaces)
+            m_problem = u"more than %1 namespaces are declared"_s.arg(greatestNamespaces);
         else if (m_depth == greatestDepth)
             m_problem = u"the elements are nested deeper than %1"_s.arg(greatestDepth);
         if (!tag.isClosed)
@@ -102,8 +113,18 @@ private:
         m_place = tag.end;
     }
 
+    void count(int markup)
+    {
+        m_markup += markup;
+        if (m_markup > greatestMarkup)
+            m_problem
+                = u"there are more than %1 tags, comments and attributes"_s.arg(greatestMarkup);
+    }
+
     std::string_view m_text;
     std::size_t m_place = 0;
+    int m_markup = 0;
+    int m_namespaces = 0;
     int m_depth = 0;
     QString m_problem;
 };

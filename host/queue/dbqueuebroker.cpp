@@ -164,6 +164,16 @@ QDateTime DBQueueBroker::nextDue()
     });
 }
 
+QString DBQueueBroker::folder()
+{
+    return outbox().folder();
+}
+
+bool DBQueueBroker::isShared()
+{
+    return outbox().isShared();
+}
+
 int DBQueueBroker::waiting()
 {
     int waiting = 0;

@@ -69,6 +69,11 @@ public:
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] QDateTime nextDue();
 
+    /// The folder whose files change when this machine's queue does.
+    [[nodiscard]] QString folder();
+    /// Whether other machines may change the queue, which shows in no file of this one.
+    [[nodiscard]] bool isShared();
+
     /// How many messages wait, those in a deliverer's hands and in the spill file included. Of a
     /// shared queue that cannot be reached only those that wait for it on this machine; the same
     /// goes for `list`.

@@ -214,8 +214,7 @@ private:
     // In small bites, so that an enqueueing till never waits for them.
     void deleteOldOnes()
     {
-        constexpr int usualDays = 30;
-        m_store.deleteDelivered(currentTime().addDays(-days(u"Queue:keepDays"_s, usualDays)));
+        m_store.deleteDelivered(keptSince());
         m_store.sumCounts();
     }
 
@@ -230,6 +229,12 @@ private:
 };
 
 } // namespace
+
+QDateTime keptSince()
+{
+    constexpr int usualDays = 30;
+    return currentTime().addDays(-days(u"Queue:keepDays"_s, usualDays));
+}
 
 DeliveryReport deliver(MessageStore &store, const QHash<QString, VerdictFunction> &verdicts,
     Extent extent, const DeliveryObserver &observer)

@@ -14,6 +14,9 @@ inline constexpr int failuresToStop = 3;
 /// Bytes of an answer that are kept with its message.
 inline constexpr int answerBytesKept = 65536;
 
+/// Messages that were delivered before that time are kept no longer, see "Queue:keepDays".
+[[nodiscard]] QDateTime keptSince();
+
 /// What a pass sends.
 enum class Extent : int
 {

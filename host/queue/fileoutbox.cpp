@@ -64,6 +64,11 @@ QList<MessageStore *> FileOutbox::toLookAt()
     return {&store()};
 }
 
+QString FileOutbox::folder() const
+{
+    return QFileInfo(m_fileName).absolutePath();
+}
+
 QList<QueueMessage> FileOutbox::spilled()
 {
     try {
@@ -115,7 +120,7 @@ void FileOutbox::takeInSpilled()
 
 void FileOutbox::spill(const QueueMessage &message)
 {
-    atomicfile::makePrivateFolder(QFileInfo(m_fileName).absolutePath());
+    atomicfile::makePrivateFolder(folder());
     try {
         m_spill.append(message);
     } catch (const StorageError &) {

@@ -20,6 +20,7 @@ public:
     void put(const QueueMessage &message) override;
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
+    [[nodiscard]] QString folder() const override;
     /// A file that cannot be read is logged, and has none then: it fails no delivery.
     [[nodiscard]] QList<QueueMessage> spilled() override;
     void close(const QueueUnusable &error) override;

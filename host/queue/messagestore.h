@@ -38,6 +38,9 @@ public:
     /// Delivered messages that are deleted in one step, so that nobody waits long for the file.
     static constexpr int deletedInOneStep = 200;
 
+    /// Messages that are settled one behind the other until their counts are summed.
+    static constexpr int settledBetweenSums = 500;
+
     /// Opens the queue's file, see `QueueFile`.
     explicit MessageStore(const QString &fileName, const QString &knownDamage = {});
     /// @param owner name of this deliverer, different from that of any other.
@@ -123,5 +126,6 @@ private:
 
     std::unique_ptr<QueueHome> m_home;
     QString m_owner;
+    int m_settled = 0;
     std::chrono::steady_clock::time_point m_successNotedUntil{};
 };

@@ -26,6 +26,10 @@ public:
     /// to get there. Of a queue that cannot be reached only the latter.
     /// @throws StorageError when nothing can be opened.
     [[nodiscard]] virtual QList<MessageStore *> toLookAt() = 0;
+    /// Where this machine's own files of the queue are.
+    [[nodiscard]] virtual QString folder() const = 0;
+    /// Whether other machines may change the queue.
+    [[nodiscard]] virtual bool isShared() const { return false; }
     /// What this machine keeps beside the queue's file, since that could not take it yet, in order:
     /// what `store` and `toLookAt` have left there.
     /// @throws StorageError when the file cannot be read.

@@ -46,13 +46,15 @@ QueueDatabase::QueueDatabase(const QString &fileName, Use use)
         configure();
 }
 
-QueueDatabase::QueueDatabase(const ServerAddress &address)
+QueueDatabase::QueueDatabase(
+    const ServerAddress &address, std::chrono::steady_clock::time_point deadline)
     : m_fileName(address.shown())
     , m_dialect(sqldialect::postgresql())
     , m_connection(m_dialect.driver)
 {
-    serverconnection::open(m_connection.database(), address);
+    serverconnection::open(m_connection.database(), address, deadline);
     m_watch = std::make_unique<StatementWatch>(serverconnection::socket(m_connection.database()));
+    const QueueDeadline bounded(*this, deadline);
     serverconnection::configure(*this);
 }
 
@@ -61,7 +63,9 @@ QueueDatabase::~QueueDatabase() = default;
 void QueueDatabase::fail(const QString &what, const QSqlError &error) const
 {
     if (m_dialect.isShared())
-        throw QueueUnreached(what + u": " + serverconnection::shown(error));
+        throw QueueUnreached(what + u": "
+            + (wasCut() ? serverconnection::notAnsweredInTime : serverconnection::shown(error))
+            + u"; look at the server and the network");
     const QString text = what + u": " + error.text();
     const int code = error.nativeErrorCode().toInt() & PrimaryCode;
     if (code == Corrupt || code == NoDatabase)
@@ -114,19 +118,18 @@ void QueueDatabase::noteFact(const QString &name, const QString &value)
     run(m_dialect.noteFact, {value, name});
 }
 
-void QueueDatabase::setDeadline(std::chrono::steady_clock::time_point deadline)
+std::chrono::steady_clock::time_point QueueDatabase::soon()
 {
-    if (m_watch)
-        m_watch->setDeadline(deadline);
+    return std::chrono::steady_clock::now() + StatementWatch::limit;
 }
 
-void QueueDatabase::endDeadline()
+bool QueueDatabase::wasCut() const
 {
-    if (m_watch)
-        m_watch->endDeadline();
+    return m_watch && m_watch->hasCut();
 }
 
-QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &values)
+QSqlQuery QueueDatabase::run(
+    const QString &statement, const QVariantList &values, Planning planning)
 {
     const StatementWatch::Statement watched(m_watch.get());
     QSqlQuery query(m_connection.database());
@@ -134,7 +137,7 @@ QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &value
     query.setForwardOnly(!m_dialect.isShared());
     bool done = true;
     if (m_dialect.isShared()) {
-        done = query.exec(values.isEmpty() ? statement : execution(statement, values));
+        done = query.exec(execution(statement, values, planning));
     } else {
         done = query.prepare(statement);
         for (const QVariant &value : values)
@@ -147,8 +150,13 @@ QSqlQuery QueueDatabase::run(const QString &statement, const QVariantList &value
 }
 
 // Prepared once, and then one way to the server and back each time; the driver would make three.
-QString QueueDatabase::execution(const QString &statement, const QVariantList &values)
+QString QueueDatabase::execution(
+    const QString &statement, const QVariantList &values, Planning planning)
 {
+    if (values.isEmpty())
+        return statement;
+    if (planning == Planning::EachTime)
+        return serverconnection::filled(m_connection.database(), statement, values);
     if (!m_prepared.contains(statement)) {
         const QString name = u"queue_%1"_s.arg(m_prepared.size());
         QSqlQuery query(m_connection.database());
@@ -158,6 +166,20 @@ QString QueueDatabase::execution(const QString &statement, const QVariantList &v
     }
     return serverconnection::execution(
         m_connection.database(), m_prepared.value(statement), values);
+}
+
+QueueDeadline::QueueDeadline(
+    QueueDatabase &database, std::chrono::steady_clock::time_point deadline)
+    : m_watch(database.m_watch.get())
+{
+    if (m_watch)
+        m_watch->setDeadline(deadline);
+}
+
+QueueDeadline::~QueueDeadline()
+{
+    if (m_watch)
+        m_watch->endDeadline();
 }
 
 QueueTransaction::QueueTransaction(QueueDatabase &database)

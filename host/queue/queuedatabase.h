@@ -52,16 +52,24 @@ public:
     /// are not looked at.
     explicit QueueDatabase(const QString &fileName, Use use = Use::Work);
 
-    /// Connects to a server; its tables are not looked at.
-    explicit QueueDatabase(const ServerAddress &address);
+    /// Connects to a server until then; its tables are not looked at.
+    explicit QueueDatabase(
+        const ServerAddress &address, std::chrono::steady_clock::time_point deadline = soon());
     ~QueueDatabase();
     Q_DISABLE_COPY_MOVE(QueueDatabase)
 
     /// The file, or the address of the server without a password.
     [[nodiscard]] QString fileName() const { return m_fileName; }
     [[nodiscard]] const SqlDialect &dialect() const { return m_dialect; }
+    /// When a server chooses how it runs a statement; a file does so each time.
+    enum class Planning : int
+    {
+        Once, ///< for whatever values: the quickest where they make no difference
+        EachTime, ///< for these values: where they decide which index leads to few rows
+    };
     /// Runs one statement with its values in the order of their question marks.
-    QSqlQuery run(const QString &statement, const QVariantList &values = {});
+    QSqlQuery run(const QString &statement, const QVariantList &values = {},
+        Planning planning = Planning::Once);
     /// The value of a PRAGMA of SQLite.
     [[nodiscard]] QString ask(const QString &pragma);
 
@@ -71,14 +79,17 @@ public:
     /// The same for what many note at once: one of two values that come together may get lost.
     void noteFact(const QString &name, const QString &value);
 
-    /// Until when a server's answers are waited for; without it each for two seconds.
-    void setDeadline(std::chrono::steady_clock::time_point deadline);
-    void endDeadline();
+    /// When the wait for a server that keeps silent ends, if it begins now: in two seconds.
+    [[nodiscard]] static std::chrono::steady_clock::time_point soon();
+    /// Whether the connection was cut since a server did not answer in time.
+    [[nodiscard]] bool wasCut() const;
 
 private:
+    friend class QueueDeadline;
+
     void open(Use use);
     void configure();
-    QString execution(const QString &statement, const QVariantList &values);
+    QString execution(const QString &statement, const QVariantList &values, Planning planning);
     [[noreturn]] void fail(const QString &what, const QSqlError &error) const;
 
     QString m_fileName;
@@ -86,6 +97,19 @@ private:
     QueueConnection m_connection;
     QHash<QString, QString> m_prepared; ///< names of statements that a server knows
     std::unique_ptr<StatementWatch> m_watch; ///< over a server's answers; null for a file
+};
+
+/// Until when a server's answers are waited for, as long as it lives; without it each for two
+/// seconds. A file knows none.
+class POSHOST_EXPORT QueueDeadline
+{
+public:
+    QueueDeadline(QueueDatabase &database, std::chrono::steady_clock::time_point deadline);
+    ~QueueDeadline();
+    Q_DISABLE_COPY_MOVE(QueueDeadline)
+
+private:
+    StatementWatch *m_watch;
 };
 
 /// A transaction, taken back unless committed. In a file it owns the database from its first moment

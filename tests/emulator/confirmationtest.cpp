@@ -103,9 +103,11 @@ TEST_F(ConfirmationTest, FromTheQueueNeedsNoCodeWhereOneWasIssuedForThesePoints)
 TEST_F(ConfirmationTest, OfAChequeThatIsOverWaitsForNobody)
 {
     whenCodeIsAsked("150.00");
-    EXPECT_EQ(desk().books().calculations.waitingCodes(sale.card).size(), 1u);
+    EXPECT_EQ(desk().waitingCodes(sale.card).size(), 1u);
+    EXPECT_EQ(desk().waitingCodes().size(), 1u);
+    EXPECT_TRUE(desk().waitingCodes(u"2900000000024"_s).empty());
     desk().answer(BalanceRequest{sale.till, sale.card});
-    EXPECT_TRUE(desk().books().calculations.waitingCodes(sale.card).empty());
+    EXPECT_TRUE(desk().waitingCodes(sale.card).empty());
 }
 
 TEST_F(ConfirmationTest, FromTheQueueNeedsTheCodeForOtherPoints)
@@ -146,6 +148,98 @@ TEST_F(ConfirmationTest, IsGoneWhenTheChequeIsCalculatedAgain)
 {
     const ChequeFigures asked = whenCodeIsAsked("150.00");
     whenAccepted(nextSoft(sale, asked, amount("150.00")));
+    thenRefused(
+        registration(asked, "150.00", asked.verificationCode), returncodes::wrongConfirmation);
+}
+
+TEST_F(ConfirmationTest, HoldsForItsMinutes)
+{
+    data.spending.codeMinutes = 5;
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    now = now.addSecs(5 * 60);
+    thenRefused(
+        registration(asked, "150.00", asked.verificationCode), returncodes::wrongConfirmation);
+    EXPECT_TRUE(desk().waitingCodes().empty());
+    now = now.addSecs(-1);
+    EXPECT_EQ(desk().waitingCodes().size(), 1u);
+    whenAccepted(registration(asked, "150.00", asked.verificationCode));
+}
+
+TEST_F(ConfirmationTest, HoldsForEverUnlessToldOtherwise)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    for (int attempt = 0; attempt < 20; ++attempt)
+        thenRefused(registration(asked, "150.00", u"0"_s), returncodes::wrongConfirmation);
+    now = now.addDays(1000);
+    whenAccepted(registration(asked, "150.00", asked.verificationCode));
+}
+
+TEST_F(ConfirmationTest, IsVoidAfterSoManyWrongOnes)
+{
+    data.spending.codeAttempts = 2;
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    thenRefused(registration(asked, "150.00", u"0"_s), returncodes::wrongConfirmation);
+    // None at all is no attempt.
+    SaleRequest without = registration(asked, "150.00", {});
+    thenRefused(without, returncodes::wrongConfirmation);
+    without.confirmation->confirm = true;
+    thenRefused(without, returncodes::wrongConfirmation);
+    EXPECT_EQ(whenAnswered(without).outcome.message, u"Списание не подтверждено кодом");
+    thenRefused(registration(asked, "150.00", u"1"_s), returncodes::wrongConfirmation);
+    const ChequeAnswer late = whenAnswered(registration(asked, "150.00", asked.verificationCode));
+    EXPECT_EQ(late.outcome.code, returncodes::wrongConfirmation);
+    EXPECT_EQ(late.outcome.message, u"Код подтверждения больше не действует");
+    EXPECT_TRUE(desk().waitingCodes().empty());
+    desk().answer(BalanceRequest{sale.till, sale.card});
+    const ChequeFigures again = whenCodeIsAsked("150.00");
+    whenAccepted(registration(again, "150.00", again.verificationCode));
+}
+
+TEST_F(ConfirmationTest, OfAnotherChequeSuffersNoAttempts)
+{
+    data.spending.codeAttempts = 1;
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    const SaleRequest first = registration(asked, "150.00", asked.verificationCode);
+    sale.number = u"18"_s;
+    thenRefused(
+        registration(whenCodeIsAsked("100.50"), "100.50", u"0"_s), returncodes::wrongConfirmation);
+    whenAccepted(first);
+}
+
+TEST_F(ConfirmationTest, WithTheLastAttemptStillWritesOff)
+{
+    data.spending.codeAttempts = 2;
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    thenRefused(registration(asked, "150.00", u"0"_s), returncodes::wrongConfirmation);
+    whenAccepted(registration(asked, "150.00", asked.verificationCode));
+}
+
+TEST_F(ConfirmationTest, FromTheQueueIsKnownBehindManyOtherCheques)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    const SaleRequest registered = fiscal(sale, asked, amount("150.00"));
+    for (int other = 0; other <= Calculations::keptForATill; ++other) {
+        sale.number = QString::number(1000 + other);
+        whenAccepted(sale);
+    }
+    whenAccepted(registered);
+}
+
+TEST_F(ConfirmationTest, FromTheQueueIsNeverTooLate)
+{
+    data.spending.codeMinutes = 5;
+    data.spending.codeAttempts = 1;
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    thenRefused(registration(asked, "150.00", u"0"_s), returncodes::wrongConfirmation);
+    now = now.addDays(1);
+    whenAccepted(fiscal(sale, asked, amount("150.00")));
+}
+
+TEST_F(ConfirmationTest, IsSpentOnce)
+{
+    const ChequeFigures asked = whenCodeIsAsked("150.00");
+    const ChequeFigures sold = whenAccepted(registration(asked, "150.00", asked.verificationCode));
+    whenAccepted(RollbackRequest{{}, sale.card, sold.transaction});
     thenRefused(
         registration(asked, "150.00", asked.verificationCode), returncodes::wrongConfirmation);
 }

@@ -49,6 +49,12 @@ TEST_F(EarningTest, CountsStatusPointsApart)
     EXPECT_EQ(calculation.earnedStatus(), amount("1.00"));
 }
 
+TEST_F(EarningTest, OfTheChequeFollowsTheFirstOfEqualThresholds)
+{
+    earning.cheque = {{amount("100.00"), amount("7.00")}, {amount("100.00"), amount("20.00")}};
+    EXPECT_EQ(whenEarned(calculated({{"1", "100.00", "1.000"}})).earnedByCheque, amount("7.00"));
+}
+
 TEST_F(EarningTest, OfTheChequeFollowsTheHighestThresholdOfWhatIsPaid)
 {
     earning.cheque = {{amount("100.00"), amount("7.00")}, {amount("200.00"), amount("20.00")}};

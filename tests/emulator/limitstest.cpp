@@ -42,6 +42,27 @@ protected:
         return xml + QByteArray(bytes - xml.size(), ' ');
     }
 
+    QString whenAnsweredCode(const QByteArray &body)
+    {
+        const HttpOutcome outcome = httpPost(service.url(), body);
+        EXPECT_EQ(outcome.status, 200);
+        return firstValue(outcome.body, u"ReturnCode"_s);
+    }
+
+    /// The message with so many positions, numbered from `first`, all of the article 1001.
+    static QByteArray withItems(const QByteArray &xml, int first, int count)
+    {
+        QByteArray items;
+        for (int number = first; number < first + count; ++number)
+            items += "<Item><PositionNumber>" + QByteArray::number(number)
+                + "</PositionNumber><Article>1001</Article><Price>1.00</Price>"
+                  "<Quantity>1.000</Quantity><Summ>1.00</Summ><Discount>0.00</Discount>"
+                  "<SummDiscounted>1.00</SummDiscounted><Mcp>0.00</Mcp></Item>";
+        const QByteArray end = "</Item>";
+        const qsizetype start = xml.indexOf("<Item>");
+        return xml.left(start) + items + xml.mid(xml.lastIndexOf(end) + end.size());
+    }
+
     /// Sends bytes as they are and reads to the end.
     QByteArray whenSentRaw(const QByteArray &bytes)
     {
@@ -110,6 +131,22 @@ TEST_F(LimitsTest, AMillionAttributesAreAFault)
     EXPECT_THAT(whenFaulted(xml + "/>"), HasSubstr("more than 256 attributes"));
 }
 
+TEST_F(LimitsTest, NamespacesThatWouldTakeHoursAreAFault)
+{
+    QByteArray declarations;
+    for (int number = 0; number < 255; ++number)
+        declarations += " xmlns:p" + QByteArray::number(number) + "='u'";
+    QByteArray xml = "<z:r xmlns:z='u'>" + QByteArray("<x" + declarations + '>').repeated(200);
+    xml += QByteArray("<z:b/>").repeated((greatestBody - xml.size()) / 6);
+    EXPECT_THAT(whenFaulted(xml), HasSubstr("more than 64 namespaces"));
+}
+
+TEST_F(LimitsTest, ElementsThatWouldFillTheMemoryAreAFault)
+{
+    EXPECT_THAT(whenFaulted("<a>" + QByteArray("<b/>").repeated(4'000'000) + "</a>"),
+        HasSubstr("more than 1000000 tags"));
+}
+
 TEST_F(LimitsTest, AnUnknownOperationIsAFault)
 {
     QByteArray xml = sample("balance-request.xml");
@@ -117,18 +154,24 @@ TEST_F(LimitsTest, AnUnknownOperationIsAFault)
         HasSubstr("Element 'GiftRequest': This element is not expected"));
 }
 
-TEST_F(LimitsTest, TensOfThousandsOfPositionsAreTaken)
+TEST_F(LimitsTest, TensOfThousandsOfPositionsAreSoldAndComeBack)
 {
-    QByteArray xml = sample("return-request.xml");
-    const qsizetype start = xml.indexOf("<Item>");
-    const qsizetype length = xml.indexOf("</Item>") + 7 - start;
-    QByteArray items;
-    for (int number = 1; number <= 30'000; ++number) {
-        const QByteArray numbered = "<PositionNumber>" + QByteArray::number(number) + '<';
-        items += xml.mid(start, length).replace("<PositionNumber>1<", numbered);
-    }
-    const HttpOutcome outcome = httpPost(service.url(), xml.replace(start, length, items));
-    EXPECT_EQ(outcome.status, 200);
+    constexpr int count = 30'000;
+    const QByteArray sale = sample("sale-fiscal-request.xml").replace(">100.00<", ">742.06<");
+    EXPECT_EQ(whenAnsweredCode(withItems(sale, 1, count)), u"0");
+    // None of the numbers is the sale's, so that each must be found by its article.
+    const QByteArray returning
+        = sample("return-request.xml").replace("<DateTime>2024-03-05</", "<DateTime></");
+    EXPECT_EQ(whenAnsweredCode(withItems(returning, -count, count)), u"0");
+}
+
+TEST_F(LimitsTest, TensOfThousandsOfCouponsAreTaken)
+{
+    QByteArray xml = sample("sale-soft-request.xml");
+    QByteArray coupons;
+    for (int number = 0; number < 100'000; ++number)
+        coupons += "<Coupon><Number>" + QByteArray::number(number) + "</Number></Coupon>";
+    EXPECT_EQ(whenAnsweredCode(xml.replace("</Coupons>", coupons.append("</Coupons>"))), u"0");
 }
 
 TEST_F(LimitsTest, WhatIsNotHttpIsTold)
@@ -136,6 +179,12 @@ TEST_F(LimitsTest, WhatIsNotHttpIsTold)
     EXPECT_THAT(whenSentRaw("HELLO\r\n\r\n").toStdString(), testing::StartsWith("HTTP/1.1 400 "));
     const QByteArray longHead = "GET / HTTP/1.1\r\nX: " + QByteArray(20'000, 'x') + "\r\n\r\n";
     EXPECT_THAT(whenSentRaw(longHead).toStdString(), testing::StartsWith("HTTP/1.1 431 "));
+}
+
+TEST_F(LimitsTest, AClientThatNamesNoHostGetsTheDescriptionAsItIs)
+{
+    EXPECT_THAT(whenSentRaw("GET /?wsdl HTTP/1.0\r\n\r\n").toStdString(),
+        HasSubstr("location=\"http://127.0.0.1:8080/\""));
 }
 
 TEST_F(LimitsTest, HalfARequestIsNotAnswered)
@@ -148,6 +197,8 @@ TEST_F(LimitsTest, HalfARequestIsNotAnswered)
 TEST_F(LimitsTest, OtherMethodsAndPathsAreTold)
 {
     EXPECT_EQ(httpGet(service.url()).status, 405);
+    EXPECT_EQ(httpGet(service.url() + u"?other"_s).status, 405);
+    EXPECT_EQ(httpPost(service.url() + u"loyalty.xsd"_s, "").status, 404);
     EXPECT_EQ(httpGet(service.url() + u"nothing"_s).status, 404);
     EXPECT_EQ(httpGet(service.api("nothing")).status, 404);
     EXPECT_EQ(httpPost(service.api("nothing"), "").status, 404);

@@ -17,6 +17,14 @@ TEST(Protocol, EverySampleFits)
     }
 }
 
+TEST(Protocol, EverySampleSaysWhatItIs)
+{
+    for (const QString &name : sampleNames()) {
+        const QByteArray xml = sample(qPrintable(name));
+        EXPECT_EQ(xml.indexOf("<!-- "), xml.indexOf('\n') + 1) << qPrintable(name);
+    }
+}
+
 struct Row
 {
     const char *sample;

@@ -63,6 +63,20 @@ TEST_F(RequestReaderTest, ReadsASale)
     EXPECT_EQ(sale.confirmation->code, u"4829");
 }
 
+TEST_F(RequestReaderTest, TakesAChequeOfAHundredthLessThanAMillionMillion)
+{
+    const auto sale = std::get<SaleRequest>(
+        whenRead(changed("sale-soft-request.xml", "<Price>45.90</Price>\n      <Quantity>2.000",
+            "<Price>999999999276.49</Price>\n      <Quantity>1.000")));
+    EXPECT_EQ(sale.positions[0].sum, amount("999999999276.49"));
+}
+
+TEST_F(RequestReaderTest, TellsTheFirstOfSeveralMistakes)
+{
+    QByteArray xml = changed("sale-soft-request.xml", "<Confirm>0<", "<Confirm>2<");
+    EXPECT_THAT(whenRefused(xml.replace("<Price>45.90<", "<Price>45.9<")), HasSubstr("'Confirm'"));
+}
+
 TEST_F(RequestReaderTest, ReadsThePositionsOfASale)
 {
     const auto sale = std::get<SaleRequest>(
@@ -195,6 +209,13 @@ INSTANTIATE_TEST_SUITE_P(Table, BrokenRequest,
         Row{soft, ">2.000<", ">-2.000<", "Quantity must not be negative"},
         Row{soft, "<Mcp>0.00", "<Mcp>-0.01", "Mcp must not be negative"},
         Row{soft, "<Price>45.90", "<Price>999999999999.00", "Price times Quantity is too large"},
+        Row{soft, "<Price>45.90</Price>\n      <Quantity>2.000",
+            "<Price>999999999999.00</Price>\n      <Quantity>1.000",
+            "the positions come to too much"},
+        // With the other positions to the hundredth a million million.
+        Row{soft, "<Price>45.90</Price>\n      <Quantity>2.000",
+            "<Price>999999999276.50</Price>\n      <Quantity>1.000",
+            "the positions come to too much"},
         Row{soft, "<PositionNumber>2<", "<PositionNumber>1<", "PositionNumber 1 is given twice"}));
 
 } // namespace

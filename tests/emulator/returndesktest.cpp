@@ -53,6 +53,38 @@ TEST_F(ReturnDeskTest, InSeveralPartsComesToExactlyTheSale)
     thenBalanceIs("500.00");
 }
 
+TEST_F(ReturnDeskTest, InSeveralPartsComesToExactlyTheSumsOfTheSale)
+{
+    data.articleDiscounts = {{u"1001"_s, amount("0.01")}};
+    whenAccepted(offlineFiscal(u"17"_s,
+        {{"1003", "150.00", "1.000"}, {"1001", "4.00", "0.250"}, {"1001", "4.00", "0.250"}}));
+    Amount sum;
+    Amount discounted;
+    for (const char *part : {"0.100", "0.100", "0.200", "0.100"}) {
+        const ChequeFigures figures = whenAccepted(returnOf(
+            u"17"_s, u"R"_s + QString::number(sum.hundredths()), {{"1001", "4.00", part}}));
+        ASSERT_EQ(figures.positions.size(), 1u);
+        EXPECT_EQ(figures.positions[0].sum, figures.sum);
+        EXPECT_EQ(figures.positions[0].sumDiscounted, figures.sumDiscounted);
+        sum += figures.sum;
+        discounted += figures.sumDiscounted;
+    }
+    EXPECT_EQ(sum, amount("2.00"));
+    EXPECT_EQ(discounted, amount("2.00"));
+}
+
+TEST_F(ReturnDeskTest, TellsEachOfItsPositionsApart)
+{
+    givenSale();
+    const ChequeFigures figures = whenAccepted(returnOf(u"17"_s, u"18"_s,
+        {{"1003", "150.00", "1.000"}, {"1001", "50.00", "0.000"}, {"1001", "50.00", "2.000"}}));
+    ASSERT_EQ(figures.positions.size(), 3u);
+    EXPECT_EQ(figures.positions[0].earned, amount("30.00"));
+    EXPECT_EQ(figures.positions[1].earned, Amount());
+    EXPECT_EQ(figures.positions[2].earned, amount("20.00"));
+    EXPECT_EQ(figures.positions[2].spent, amount("4.00"));
+}
+
 TEST_F(ReturnDeskTest, TakesItsPartOfWhatTheChequeEarnedAsAWhole)
 {
     data.earning.cheque = {{Amount(), amount("3.00")}};
@@ -134,6 +166,15 @@ TEST_F(ReturnDeskTest, WithoutASaleIsBookedAndMovesNothing)
     whenAccepted(returnOf(QString(), u"18"_s, {{"1001", "50.00", "1.000"}}));
     EXPECT_EQ(transactionCount(), 1u);
     thenBalanceIs("500.00");
+}
+
+TEST_F(ReturnDeskTest, GoesThroughForACardThatTheTillHasMadeUp)
+{
+    data.technicalCards = {u"375"_s, u"made up"_s, 2};
+    ReturnRequest returning = returnOf(QString(), u"18"_s, {{"1001", "50.00", "1.000"}});
+    returning.card = u"3750"_s;
+    EXPECT_EQ(whenAccepted(returning).balance, Amount());
+    EXPECT_TRUE(desk().books().cards.find(returning.card)->technical);
 }
 
 TEST_F(ReturnDeskTest, GoesThroughForABlockedCard)

@@ -44,6 +44,20 @@ TEST(PlanReturn, OfEverythingTakesAndGivesEverything)
     EXPECT_EQ(parts->front().sumDiscounted, amount("27.00"));
 }
 
+TEST(PlanReturn, InThirdsComesToExactlyTheSumsToo)
+{
+    SoldPosition position = sold(1, "A", "3.000");
+    position.sum = amount("10.00");
+    position.sumDiscounted = amount("9.98");
+    position.returned = quantity("2.000");
+    position.sumReturned = amount("6.66");
+    position.sumDiscountedReturned = amount("6.65");
+    const auto parts = planReturn({position}, {returned(1, "A", "1.000")});
+    ASSERT_TRUE(parts);
+    EXPECT_EQ(parts->front().sum, amount("3.34"));
+    EXPECT_EQ(parts->front().sumDiscounted, amount("3.33"));
+}
+
 TEST(PlanReturn, InThirdsComesToExactlyTheWhole)
 {
     SoldPosition position = sold(1, "A", "3.000");

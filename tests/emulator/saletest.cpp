@@ -99,5 +99,27 @@ TEST_F(SaleTest, IsStampedWithTheLocalTimeOfTheService)
     EXPECT_EQ(figures.processed, now.toLocalTime());
 }
 
+TEST_F(SaleTest, CalculationsThatNobodyRegistersAreForgottenTillByTill)
+{
+    SaleRequest sale = firstSoft(u"17"_s, {{"1001", "100.00", "1.000"}});
+    SaleRequest other = sale;
+    other.till.pos = u"other"_s;
+    whenAccepted(other);
+    constexpr int kept = Calculations::keptForATill;
+    for (int cheque = 0; cheque <= kept; ++cheque) {
+        sale.number = QString::number(cheque);
+        whenAccepted(sale);
+    }
+    const Calculations &calculations = desk().books().calculations;
+    const auto isKept = [&](const SaleRequest &request, int cheque) {
+        return calculations.recall({request.till, QString::number(cheque), request.card})
+            .has_value();
+    };
+    EXPECT_FALSE(isKept(sale, 0));
+    EXPECT_TRUE(isKept(sale, 1));
+    EXPECT_TRUE(isKept(sale, kept));
+    EXPECT_TRUE(isKept(other, other.number.toInt()));
+}
+
 } // namespace
 } // namespace emulator

@@ -64,6 +64,28 @@ TEST_F(SecurityTest, WithAUserOnlyTheRightCredentialsPass)
         testing::HasSubstr("WWW-Authenticate: Basic realm=\"korvel-service\"\r\n"));
 }
 
+TEST_F(SecurityTest, WithAUserTheDescriptionIsForThatUserToo)
+{
+    const QString password = givenFile(u"password"_s, "word\n");
+    const ServiceProcess service({u"--user"_s, u"till"_s, u"--password-file"_s, password});
+    for (const QString &path : {u"?wsdl"_s, u"loyalty.xsd"_s}) {
+        EXPECT_EQ(httpGet(service.url() + path).status, 401);
+        EXPECT_EQ(httpGet(service.url() + path, {{}, u"till:word"_s, {}}).status, 200);
+    }
+}
+
+TEST_F(SecurityTest, TheDescriptionNamesTheAddressThatWasAsked)
+{
+    const ServiceProcess plain;
+    const QString host = u"Host: <shop>&co:1"_s;
+    EXPECT_THAT(httpGet(plain.url() + u"?WSDL"_s, {{host}, {}, {}}).body.toStdString(),
+        testing::HasSubstr("location=\"http://&lt;shop&gt;&amp;co:1/\""));
+    const QStringList tls = givenCertificate();
+    const ServiceProcess secure(tls);
+    EXPECT_THAT(httpGet(secure.url() + u"?wsdl"_s, {{}, {}, tls.at(1)}).body.toStdString(),
+        testing::HasSubstr("location=\"" + secure.url().toStdString() + '"'));
+}
+
 TEST_F(SecurityTest, TheApiKnowsOnlyItsOwnHost)
 {
     const ServiceProcess service;

@@ -56,14 +56,21 @@ TEST(ServiceData, ReadsEveryRule)
         "servedStatuses": [1, 4], // comments are welcome
         "cards": [{"number": "1", "forced": {"code": 7, "message": "m", "operations": ["soft"]}}],
         "discounts": {"articles": [{"article": "A", "amount": 1.5}],
+                      "groups": [{"articles": ["B", "C"], "percent": 5}],
                       "cheque": [{"from": 100, "percent": 2.25}]},
         "earning": {"cheque": [{"from": 5, "points": 0.1}]},
-        "spending": {"confirmAbove": 0, "code": "Ab1"},
+        "spending": {"confirmAbove": 0, "code": "Ab1", "codeMinutes": 5, "codeAttempts": 3},
         "instantCoupons": [{"prefix": "99", "text": "{coupon}"}],
         "messages": {"fiscal": {"cheque": "{sum}"}}})");
     EXPECT_THAT(data.servedStatuses, testing::ElementsAre(1, 4));
     EXPECT_EQ(data.cards.at(0).forced->operations, QStringList{u"soft"_s});
     EXPECT_EQ(std::get<Amount>(data.articleDiscounts.at(0).reduction), amount("1.50"));
+    ASSERT_EQ(data.articleDiscounts.size(), 3u);
+    EXPECT_EQ(data.articleDiscounts[1].article, u"B");
+    EXPECT_EQ(data.articleDiscounts[2].article, u"C");
+    EXPECT_EQ(std::get<Percent>(data.articleDiscounts[2].reduction).hundredths(), 500);
+    EXPECT_EQ(data.spending.codeMinutes, 5);
+    EXPECT_EQ(data.spending.codeAttempts, 3);
     EXPECT_EQ(std::get<Percent>(data.chequeDiscounts.at(0).reduction).hundredths(), 225);
     EXPECT_EQ(data.earning.cheque.at(0).points, amount("0.10"));
     EXPECT_EQ(data.spending.confirmAbove, Amount());

@@ -91,8 +91,19 @@ TEST_F(StateTest, TakesOverWhatTheDataSaysAboutAKnownCard)
 {
     whenBalanceIsAsked();
     data.cards[0].status = 3;
+    data.cards[0].type = u"gold"_s;
+    data.cards[0].holder = u"Орлов"_s;
+    data.cards[0].email = u"o@example.com"_s;
+    data.cards[0].chequesByEmail = true;
+    data.cards[0].attributes = {{u"VIP"_s, u"1"_s}};
     const Answer answer = whenStartedAndAsked(BalanceRequest{{}, QString::fromLatin1(testCard)});
-    EXPECT_EQ(std::get<BalanceAnswer>(answer).card->status, 3);
+    const CardFigures card = std::get<BalanceAnswer>(answer).card.value();
+    EXPECT_EQ(card.status, 3);
+    EXPECT_EQ(card.type, u"gold");
+    EXPECT_EQ(card.holder, u"Орлов");
+    EXPECT_EQ(card.email, u"o@example.com");
+    EXPECT_TRUE(card.chequesByEmail);
+    EXPECT_EQ(card.attributes.value(u"VIP"_s), u"1");
 }
 
 TEST_F(StateTest, IsForgottenByAReset)
@@ -116,13 +127,33 @@ TEST_F(StateTest, OfAnotherProgramIsLeftAlone)
     EXPECT_TRUE(whenOpeningFails().contains(u"another program or version"));
 }
 
-TEST_F(StateTest, OfTheLayoutWithoutStickersIsLeftAlone)
+TEST_F(StateTest, OfAnEarlierLayoutIsLeftAlone)
 {
-    {
-        Database database(path);
-        database.change(u"PRAGMA user_version = 1"_s);
+    for (const int version : {1, 2, 3}) {
+        {
+            QFile::remove(path);
+            Database database(path);
+            database.change(u"PRAGMA user_version = %1"_s.arg(version));
+        }
+        EXPECT_TRUE(whenOpeningFails().contains(u"another program or version")) << version;
     }
-    EXPECT_TRUE(whenOpeningFails().contains(u"another program or version"));
+}
+
+TEST_F(StateTest, ThatIsNotInOrderIsTold)
+{
+    Database database(path);
+    Desk desk(data, database, [] { return QDateTime::currentDateTimeUtc(); });
+    database.change(u"UPDATE ledger SET amount = 1"_s);
+#ifdef NDEBUG
+    GTEST_SKIP() << "only debug builds add the books up after each request";
+#endif
+    try {
+        desk.answer(BalanceRequest{{}, QString::fromLatin1(testCard)});
+        FAIL() << "the request was answered";
+    } catch (const BooksError &error) {
+        EXPECT_TRUE(
+            QString::fromUtf8(error.what()).startsWith(u"the books are not in order: card "));
+    }
 }
 
 TEST_F(StateTest, ThatIsNoDatabaseIsNamed)

@@ -60,6 +60,19 @@ TEST_F(StoryTest, OfASaleGoesAsTheSamplesSay)
     thenAnswered("rollback-request.xml", "rollback-answer.xml");
 }
 
+TEST_F(StoryTest, OfAChequeWithoutACardGoesAsTheSamplesSay)
+{
+    thenAnswered("technical-balance-request.xml", "technical-balance-answer.xml");
+    thenAnswered("technical-sale-request.xml", "technical-sale-answer.xml");
+}
+
+TEST_F(StoryTest, OfARefusalGoesAsTheSamplesSay)
+{
+    thenAnswered("refusal-request.xml", "refusal-answer.xml");
+    whenPosted(sample("sale-soft-request.xml"));
+    thenAnswered("points-refused-request.xml", "points-refused-answer.xml");
+}
+
 TEST_F(StoryTest, OfStickersGoesAsTheSamplesSay)
 {
     thenAnswered("stickers-offer-request.xml", "stickers-offer-answer.xml");

@@ -48,9 +48,9 @@ TEST_F(WishTest, IsNothingWhenAnotherChequeHasTakenTheNumber)
 {
     last.sum = amount("100.01");
     EXPECT_EQ(wishOf(sale, last), Amount());
-    last = {sale.sum, amount("9.99"), sale.sumDiscounted, {}, {}, false};
+    last = {sale.sum, amount("9.99"), sale.sumDiscounted, {}, {}, {}};
     EXPECT_EQ(wishOf(sale, last), Amount());
-    last = {sale.sum, sale.discount, amount("89.99"), {}, {}, false};
+    last = {sale.sum, sale.discount, amount("89.99"), {}, {}, {}};
     EXPECT_EQ(wishOf(sale, last), Amount());
 }
 

@@ -51,5 +51,31 @@ TEST(XmlGuard, StopsTheTwoHundredAndFiftySeventhAttribute)
     EXPECT_TRUE(complaintAboutXml(withAttributes(257)).contains(u"more than 256 attributes"));
 }
 
+QByteArray withNamespaces(qsizetype count)
+{
+    return "<r xmlns='u'>" + QByteArray("<a xmlns:p='u'>").repeated(count - 1);
+}
+
+TEST(XmlGuard, StopsTheSixtyFifthNamespace)
+{
+    EXPECT_EQ(complaintAboutXml(withNamespaces(64)), QString());
+    EXPECT_TRUE(complaintAboutXml(withNamespaces(65)).contains(u"more than 64 namespaces"));
+    EXPECT_EQ(complaintAboutXml("<r>" + QByteArray("<a b='xmlns'/>xmlns").repeated(65)), QString());
+}
+
+TEST(XmlGuard, CountsAllMarkupTogether)
+{
+    const QByteArray markup = "<a b='' c=''/><!-- < --><?p < ?><![CDATA[<]]><d></d>";
+    constexpr int pieces = 8;
+    const QByteArray most = markup.repeated(1'000'000 / pieces);
+    EXPECT_EQ(complaintAboutXml(most), QString());
+    for (const char *more : {"<a/>", "<!-- -->", "<?p?>", "<![CDATA[]]>", "</a>"}) {
+        SCOPED_TRACE(more);
+        EXPECT_TRUE(complaintAboutXml(most + more).contains(u"more than 1000000 tags"));
+    }
+    EXPECT_TRUE(complaintAboutXml(markup + most.left(most.size() - markup.size()) + "<a b=''/>")
+                    .contains(u"more than 1000000 tags"));
+}
+
 } // namespace
 } // namespace emulator

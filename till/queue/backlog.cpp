@@ -55,6 +55,11 @@ Backlog judgeBacklog(
         return {BacklogLevel::Alarm, tooOld(limits.alarm)};
     if (age > limits.warning)
         return {BacklogLevel::Warning, tooOld(limits.warning)};
+    if (!status.unreached.isEmpty())
+        return {BacklogLevel::Warning,
+            u"the shared queue cannot be reached, and its messages are not seen: %1; this "
+            u"machine's "
+            u"wait here meanwhile; look at the server and the network"_s.arg(status.unreached)};
     return {};
 }
 

@@ -55,10 +55,11 @@ void FolderWatch::forget()
     while (::read(m_descriptor, events.data(), events.size()) > 0) { }
 }
 
-void FolderWatch::waitForChange(std::chrono::milliseconds atMost) const
+bool FolderWatch::waitForChange(std::chrono::milliseconds atMost) const
 {
     std::array descriptors{pollfd{m_descriptor, POLLIN, 0}, pollfd{m_stop.descriptor(), POLLIN, 0}};
     waitFor(descriptors, atMost);
+    return (descriptors.front().revents & POLLIN) != 0;
 }
 
 void FolderWatch::pause(std::chrono::milliseconds length) const

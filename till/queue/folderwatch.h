@@ -24,7 +24,8 @@ public:
     void forget();
     /// Waits until a file of the folder has been written or made since `forget`, the stop is asked
     /// for, or so much time has gone by.
-    void waitForChange(std::chrono::milliseconds atMost) const;
+    /// @return whether something was written or made.
+    bool waitForChange(std::chrono::milliseconds atMost) const;
     /// The same, whatever happens in the folder.
     void pause(std::chrono::milliseconds length) const;
 

@@ -77,7 +77,7 @@ private:
 
     bool m_json;
     qsizetype m_count = 0;
-    std::string m_before;
+    const char *m_before = ""; ///< what stands before the next id
 };
 
 int changeNamed(

@@ -7,7 +7,7 @@
 #include "till/queue/queueaccess.h"
 #include <log4qt/logmanager.h>
 
-#include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -22,20 +22,14 @@ const Log4Qt::Logger *logger()
     return Log4Qt::LogManager::logger(u"till.watch"_s);
 }
 
-void tellFailure(const StorageError &error)
-{
-    complain(QString::fromUtf8(error.what()));
-    logger()->error(QString::fromUtf8(error.what()));
-}
-
 } // namespace
 
 Watch::Watch(DBQueueBroker &queue, const StopRequest &stop, bool json,
-    std::chrono::milliseconds pauseBehindFailure)
+    std::chrono::milliseconds longestPauseBehindFailure)
     : m_queue(queue)
     , m_stop(stop)
     , m_json(json)
-    , m_pauseBehindFailure(pauseBehindFailure)
+    , m_longestPauseBehindFailure(longestPauseBehindFailure)
 { }
 
 DeliveryReport Watch::pass() const
@@ -52,26 +46,60 @@ DeliveryRest Watch::rest() const
     return {m_queue.waiting(), m_queue.spilled(), m_stop.isMade()};
 }
 
-void Watch::run() const
+void Watch::run()
 {
-    const QString file
-        = m_queue.inOffice([](const QueueOffice &office) { return office.fileName(); });
-    FolderWatch folder(QFileInfo(file).absolutePath(), m_stop);
-    logger()->info(u"watching %1"_s.arg(file));
+    FolderWatch folder(m_queue.folder(), m_stop);
+    logger()->info(u"watching %1"_s.arg(m_queue.folder()));
     while (!m_stop.isMade()) {
         // What comes from now on, during the pass too, is seen behind it.
         folder.forget();
         try {
             const auto pause = passAndPause();
+            noteUsable();
             folder.pause(watchpause::shortest);
-            folder.waitForChange(pause);
+            waitBehindPass(folder, pause);
         } catch (const StorageError &error) {
-            tellFailure(error);
+            noteUnusable(QString::fromUtf8(error.what()));
             // Deaf to changes: opening the queue again makes some itself.
-            folder.pause(m_pauseBehindFailure);
+            folder.pause(pauseBehindFailure());
         }
     }
     logger()->info(u"asked to end"_s);
+}
+
+std::chrono::milliseconds Watch::pauseBehindFailure() const
+{
+    return std::min(backoff::waitAfter(m_failures, QRandomGenerator::global()->generateDouble()),
+        m_longestPauseBehindFailure);
+}
+
+// What other machines put into a shared queue changes no file here.
+void Watch::waitBehindPass(const FolderWatch &folder, std::chrono::milliseconds pause) const
+{
+    const auto atMost = m_queue.isShared() ? std::min(pause, watchpause::shared) : pause;
+    const auto end = std::chrono::steady_clock::now() + pause;
+    while (!folder.waitForChange(atMost) && !m_stop.isMade()
+        && std::chrono::steady_clock::now() < end) {
+        const QDateTime next = m_queue.nextDue();
+        if (next.isValid() && next <= MockFactory<CurrentTime>::create()->currentDateTime())
+            return;
+    }
+}
+
+void Watch::noteUnusable(const QString &reason)
+{
+    logger()->error(reason);
+    if (++m_failures == 1)
+        complain(reason + u"; it is tried again until it can be used"_s);
+}
+
+void Watch::noteUsable()
+{
+    if (m_failures == 0)
+        return;
+    m_failures = 0;
+    logger()->info(u"the queue can be used again"_s);
+    complain(u"the queue can be used again"_s);
 }
 
 std::chrono::milliseconds Watch::passAndPause() const
@@ -109,7 +137,7 @@ int passOnce(const Watch &service)
 int watch(const QueueOptions &options, bool once)
 {
     const StopRequest stop;
-    const Watch service(openQueue(options, u"watch"_s), stop, options.json);
+    Watch service(openQueue(options, u"watch"_s), stop, options.json);
     if (once)
         return passOnce(service);
     service.run();

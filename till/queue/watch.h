@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/queue/backoff.h"
 #include "host/queue/dbqueuebroker.h"
 #include "till/queue/deliverytext.h"
 #include "till/queue/queueoptions.h"
@@ -26,18 +27,20 @@ inline constexpr std::chrono::milliseconds othersAtWork = std::chrono::seconds(1
 /// Between two passes, whatever happens: a queue that others change all the time must not keep the
 /// service looking all the time.
 inline constexpr std::chrono::milliseconds shortest = std::chrono::milliseconds(250);
-/// Behind a pass that could not read or write the queue.
-inline constexpr std::chrono::milliseconds failed = std::chrono::seconds(10);
+/// Between two looks at a queue that other machines change too.
+inline constexpr std::chrono::milliseconds shared = std::chrono::seconds(1);
 } // namespace watchpause
+
+class FolderWatch;
 
 /// The delivery service from its start to its end. Belongs to the thread of the queue.
 class Watch
 {
 public:
-    /// @param queue, stop        not owned; must outlive this.
-    /// @param pauseBehindFailure behind a pass that could not read or write the queue.
+    /// @param queue, stop               not owned; must outlive this.
+    /// @param longestPauseBehindFailure behind passes that could not read or write the queue.
     Watch(DBQueueBroker &queue, const StopRequest &stop, bool json,
-        std::chrono::milliseconds pauseBehindFailure = watchpause::failed);
+        std::chrono::milliseconds longestPauseBehindFailure = backoff::longestWait);
 
     /// Sends what is due, once, and tells of it when that was anything.
     /// @throws StorageError when the queue cannot be read or written.
@@ -45,24 +48,31 @@ public:
     /// What is left in the queue.
     /// @throws StorageError when the queue cannot be read.
     [[nodiscard]] DeliveryRest rest() const;
-    /// Pass behind pass until the stop is asked for. A pass that fails is told of and made again.
-    /// @throws StorageError when the queue cannot be opened, or its folder not watched, at first.
-    void run() const;
+    /// Pass behind pass until the stop is asked for. The first pass that fails is told
+    /// of, and so is the first that does not behind it.
+    /// @throws StorageError when the queue's folder cannot be watched.
+    void run();
 
 private:
     [[nodiscard]] std::chrono::milliseconds passAndPause() const;
+    [[nodiscard]] std::chrono::milliseconds pauseBehindFailure() const;
+    void waitBehindPass(const FolderWatch &folder, std::chrono::milliseconds pause) const;
+    void noteUnusable(const QString &reason);
+    void noteUsable();
 
     DBQueueBroker &m_queue;
     const StopRequest &m_stop;
     bool m_json;
-    std::chrono::milliseconds m_pauseBehindFailure;
+    std::chrono::milliseconds m_longestPauseBehindFailure;
+    int m_failures = 0; ///< passes in a row that could not use the queue
 };
 
 namespace queuecommands {
 
 /// `watch`: delivers what is due, all the time, until SIGTERM or SIGINT; the message in hand is
 /// finished. A line on standard output for each pass that did something. A queue that cannot be
-/// read or written is told of and tried again.
+/// read or written, the server of a shared one for instance, is told of once and tried again after
+/// the waiting time of a message that failed as often; that it can be used again is told too.
 /// @param once one pass only.
 /// @return 0 at the end; with `once` as `deliver`.
 /// @throws what `openQueue` throws, at the start.

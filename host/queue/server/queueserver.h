@@ -7,9 +7,10 @@
 class POSHOST_EXPORT QueueServer : public QueueHome
 {
 public:
-    /// Connects, and makes the tables where they are missing.
+    /// Connects, and makes the tables where they are missing, until then at most.
     /// @throws QueueUnreached when that is not to be had, or the tables are a newer version's.
-    explicit QueueServer(const ServerAddress &address);
+    explicit QueueServer(const ServerAddress &address,
+        std::chrono::steady_clock::time_point deadline = QueueDatabase::soon());
 
     [[nodiscard]] QueueDatabase &database() override { return m_database; }
     [[nodiscard]] QList<tr::Tr> notices() const override { return {}; }

@@ -2,12 +2,16 @@
 
 #include "host/queue/queuedatabase.h"
 #include "host/queue/queueerror.h"
+#include "host/queue/server/connectionwatch.h"
 #include "host/queue/server/serverlookup.h"
 
+#include <QCoreApplication>
 #include <QSqlDriver>
 #include <QSqlField>
 
 #include <libpq-fe.h>
+
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,8 +19,10 @@ namespace serverconnection {
 
 namespace {
 
-// Seconds; the library knows no shorter wait.
+// Seconds; the library knows no shorter wait, and our own ends before it.
 constexpr int answersWaitedFor = 2;
+// Where it is kept open for hours, routers must not forget it between two sales.
+constexpr int idleSecondsToProbe = 60;
 // A machine that vanished within a transaction gives its locks back after this time.
 constexpr int idleTransactionMilliseconds = 10000;
 constexpr int statementMilliseconds = 2000;
@@ -30,7 +36,10 @@ QString quoted(QString value)
 QString options(const ServerAddress &address, const QString &networkAddress)
 {
     QStringList options{u"connect_timeout=%1"_s.arg(answersWaitedFor),
-        u"application_name=korvel-queue"_s, u"client_encoding=UTF8"_s};
+        u"keepalives_idle=%1"_s.arg(
+            idleSecondsToProbe), // For who looks at the server whose connections it has.
+        u"application_name=korvel-queue-%1"_s.arg(QCoreApplication::applicationPid()),
+        u"client_encoding=UTF8"_s};
     if (!networkAddress.isEmpty())
         options.append(u"hostaddr="_s + networkAddress);
     for (auto option = address.tls.cbegin(); option != address.tls.cend(); ++option)
@@ -48,34 +57,64 @@ void demand(QueueDatabase &database, const QString &setting, const QString &want
 {
     const QString found = answerTo(database, u"SHOW "_s + setting);
     if (found != wanted)
-        throw QueueUnreached(u"%1: the queue's server has %2 = %3 where %4 is needed"_s.arg(
-            database.fileName(), setting, found, wanted));
+        throw QueueUnreached(
+            u"%1: the queue's server has %2 = %3 where %4 is needed; set it there"_s.arg(
+                database.fileName(), setting, found, wanted));
+}
+
+QStringList literalsOf(const QSqlDatabase &database, const QVariantList &values)
+{
+    QStringList literals;
+    for (const QVariant &value : values) {
+        QSqlField field({}, value.metaType());
+        if (value.typeId() == QMetaType::QString)
+            field.setValue(value.toString().remove(QChar(u'\0')));
+        else
+            field.setValue(value);
+        literals.append(database.driver()->formatValue(field));
+    }
+    return literals;
+}
+
+[[noreturn]] void failToReach(const ServerAddress &address, const QString &reason)
+{
+    throw QueueUnreached(
+        u"%1: the queue's server cannot be reached: %2; look at the server, the network "
+        u"and \"Queue:database\""_s.arg(address.shown(), reason));
+}
+
+/// The network address of the server; empty for a socket.
+QString find(const ServerAddress &address, std::chrono::steady_clock::time_point deadline)
+{
+    if (address.isSocket())
+        return {};
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+        deadline - std::chrono::steady_clock::now());
+    // No time at all would mean any time.
+    const auto found = serverlookup::find(
+        address.host, address.port, std::max(left / 2, std::chrono::milliseconds(1)));
+    if (!found.error.isEmpty())
+        failToReach(address, found.error);
+    return found.networkAddress;
 }
 
 } // namespace
 
-void open(QSqlDatabase &database, const ServerAddress &address)
+void open(QSqlDatabase &database, const ServerAddress &address,
+    std::chrono::steady_clock::time_point deadline)
 {
-    const QString what = address.shown()
-        + u": the queue's server cannot be reached, see "
-          u"\"Queue:database\": "_s;
     if (!database.isValid())
-        throw QueueUnreached(what + u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)");
-    QString networkAddress;
-    if (!address.isSocket()) {
-        const auto found = serverlookup::find(address.host, address.port);
-        if (!found.error.isEmpty())
-            throw QueueUnreached(what + found.error);
-        networkAddress = found.networkAddress;
-    }
+        failToReach(address, u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)"_s);
+    const QString networkAddress = find(address, deadline);
     database.setHostName(address.host);
     database.setPort(address.port);
     database.setDatabaseName(address.database);
     database.setUserName(address.user);
     database.setPassword(address.password);
     database.setConnectOptions(options(address, networkAddress));
+    const ConnectionWatch watch(address, networkAddress, deadline);
     if (!database.open())
-        throw QueueUnreached(what + shown(database.lastError()));
+        failToReach(address, watch.hasCut() ? notAnsweredInTime : shown(database.lastError()));
 }
 
 int socket(const QSqlDatabase &database)
@@ -109,18 +148,19 @@ QString preparation(const QString &name, const QString &statement)
     return u"PREPARE %1 AS "_s.arg(name) + numbered;
 }
 
+QString filled(const QSqlDatabase &database, const QString &statement, const QVariantList &values)
+{
+    const QStringList parts = statement.split(u'?');
+    const QStringList literals = literalsOf(database, values);
+    QString text = parts.first();
+    for (qsizetype value = 1; value < parts.size(); ++value)
+        text += literals.value(value - 1) + parts.at(value);
+    return text;
+}
+
 QString execution(const QSqlDatabase &database, const QString &name, const QVariantList &values)
 {
-    QStringList literals;
-    for (const QVariant &value : values) {
-        QSqlField field({}, value.metaType());
-        if (value.typeId() == QMetaType::QString)
-            field.setValue(value.toString().remove(QChar(u'\0')));
-        else
-            field.setValue(value);
-        literals.append(database.driver()->formatValue(field));
-    }
-    return u"EXECUTE %1 (%2)"_s.arg(name, literals.join(u','));
+    return u"EXECUTE %1 (%2)"_s.arg(name, literalsOf(database, values).join(u','));
 }
 
 } // namespace serverconnection

@@ -6,14 +6,20 @@
 #include <QSqlError>
 #include <QVariantList>
 
+#include <chrono>
+
 class QueueDatabase;
 
 /// The connection to the server of a shared queue.
 namespace serverconnection {
 
-/// Opens it, with every wait bounded: a second for the name and the way there, two for the server.
+/// What is said when a wait was ended here.
+inline const QString notAnsweredInTime = QStringLiteral("the server has not answered in time");
+
+/// Opens it until then, with half of the time for the name and the way there.
 /// @throws QueueUnreached when that fails; one line without the password.
-void open(QSqlDatabase &database, const ServerAddress &address);
+void open(QSqlDatabase &database, const ServerAddress &address,
+    std::chrono::steady_clock::time_point deadline);
 /// The socket of an open connection.
 [[nodiscard]] int socket(const QSqlDatabase &database);
 /// Has every commit synced, and the server end what takes too long.
@@ -25,8 +31,11 @@ void configure(QueueDatabase &database);
 /// The statement that prepares another one, which has question marks for its values only, under a
 /// name.
 [[nodiscard]] QString preparation(const QString &name, const QString &statement);
-/// The statement that runs it with values. Texts lose the character 0, which the server cannot
-/// store.
+/// The statement with values in place of its question marks. Texts lose the character 0, which the
+/// server cannot store.
+[[nodiscard]] QString filled(
+    const QSqlDatabase &database, const QString &statement, const QVariantList &values);
+/// The statement that runs a prepared one with values, of which the same holds.
 [[nodiscard]] QString execution(
     const QSqlDatabase &database, const QString &name, const QVariantList &values);
 

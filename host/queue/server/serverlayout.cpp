@@ -72,14 +72,19 @@ const QStringList statements{
     u"FOR EACH ROW WHEN (old.state <> new.state) EXECUTE FUNCTION count_message()"_s,
 };
 
+// Asked of the catalogue's rows: a name that was looked up in vain is remembered as missing, also
+// when another program has made the table meanwhile.
+bool isTable(QueueDatabase &database, const QString &name)
+{
+    return database
+        .run(u"SELECT 1 FROM pg_tables WHERE schemaname = current_schema() AND tablename = ?"_s,
+            {name})
+        .next();
+}
+
 bool isMade(QueueDatabase &database)
 {
-    // Asked of the catalogue's rows: a name that was looked up in vain is remembered as missing,
-    // also when another program has made the table meanwhile.
-    if (!database
-             .run(u"SELECT 1 FROM pg_tables WHERE schemaname = current_schema() AND "
-                  u"tablename = 'facts'"_s)
-             .next())
+    if (!isTable(database, u"facts"_s))
         return false;
     const int oldestThatCopes = database.fact(oldestThatCopesFact).toInt();
     if (oldestThatCopes > thisLayout)
@@ -87,7 +92,14 @@ bool isMade(QueueDatabase &database)
                              u"install that one"_s.arg(database.fileName())
                                  .arg(oldestThatCopes)
                                  .arg(thisLayout));
-    return database.fact(layoutFact).toInt() >= thisLayout;
+    const int layout = database.fact(layoutFact).toInt();
+    if (layout < thisLayout)
+        throw QueueUnreached(
+            u"%1: the database has tables of an older version (%2, this one needs "
+            u"%3); name another database in \"Queue:database\""_s.arg(database.fileName())
+                .arg(layout)
+                .arg(thisLayout));
+    return true;
 }
 
 } // namespace
@@ -101,6 +113,10 @@ void bringUp(QueueDatabase &database)
     database.run(u"SELECT pg_advisory_xact_lock(7742330441583845)"_s);
     if (isMade(database))
         return;
+    if (isTable(database, u"messages"_s))
+        throw QueueUnreached(
+            u"%1: the database has a table \"messages\" of another program; name "
+            u"a database of the queue's own in \"Queue:database\""_s.arg(database.fileName()));
     for (const QString &statement : statements)
         database.run(statement);
     database.setFact(layoutFact, QString::number(thisLayout));

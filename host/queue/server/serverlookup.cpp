@@ -4,13 +4,7 @@
 
 namespace serverlookup {
 
-namespace {
-
-constexpr std::chrono::milliseconds limit{1000};
-
-} // namespace
-
-Found find(const QString &host, int port)
+Found find(const QString &host, int port, std::chrono::milliseconds limit)
 {
     QUrl url;
     // Nothing of that protocol is sent.

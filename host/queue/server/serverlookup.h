@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <chrono>
+
 /// Finding a server without waiting long for a name server or a machine that keeps silent.
 namespace serverlookup {
 
@@ -11,7 +13,7 @@ struct Found
     QString error; ///< why there is none; empty when there is one
 };
 
-/// Makes a connection to the port and gives it up again. Blocks for a second at most.
-[[nodiscard]] Found find(const QString &host, int port);
+/// Makes a connection to the port and gives it up again. Blocks for so long at most.
+[[nodiscard]] Found find(const QString &host, int port, std::chrono::milliseconds limit);
 
 } // namespace serverlookup

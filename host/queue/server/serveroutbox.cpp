@@ -1,6 +1,7 @@
 #include "host/queue/server/serveroutbox.h"
 
 #include "host/framework/currenttime.h"
+#include "host/queue/delivery.h"
 #include "host/queue/leaseowner.h"
 #include "host/queue/server/queueserver.h"
 #include "host/storage/filelock.h"
@@ -29,22 +30,6 @@ QString uniqueOwner()
     return leaseowner::makeName() + u' ' + QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
-/// Statements within its life end in time together.
-class Bounded
-{
-public:
-    Bounded(QueueDatabase &database, std::chrono::steady_clock::time_point deadline)
-        : m_database(database)
-    {
-        m_database.setDeadline(deadline);
-    }
-    ~Bounded() { m_database.endDeadline(); }
-    Q_DISABLE_COPY_MOVE(Bounded)
-
-private:
-    QueueDatabase &m_database;
-};
-
 } // namespace
 
 ServerOutbox::ServerOutbox(const QString &address, std::unique_ptr<FileOutbox> local)
@@ -60,7 +45,7 @@ void ServerOutbox::put(const QueueMessage &message)
     try {
         bounded([this, &message](Clock::time_point deadline) {
             MessageStore &server = reach(deadline);
-            const Bounded statements(server.database(), deadline);
+            const QueueDeadline bounded(server.database(), deadline);
             // What came before goes before.
             if (!moveOver(Clock::now() + longestMove))
                 throw StorageError(
@@ -90,9 +75,12 @@ void ServerOutbox::putHere(const QueueMessage &message)
 MessageStore &ServerOutbox::store()
 {
     bounded([this](Clock::time_point deadline) {
-        reach(deadline);
+        const QueueDeadline statements(reach(deadline).database(), deadline);
         try {
             moveOver(Clock::now() + longestMove);
+            // Left by deliveries from the file, before the messages were shared.
+            m_local->with(
+                [](MessageStore &local) { local.deleteDelivered(delivery::keptSince()); });
         } catch (const QueueUnreached &) {
             throw;
         } catch (const StorageError &error) {
@@ -123,9 +111,15 @@ QList<MessageStore *> ServerOutbox::toLookAt()
 
 void ServerOutbox::close(const QueueUnusable &error)
 {
-    m_store.reset();
-    if (!dynamic_cast<const QueueUnreached *>(&error))
+    if (!dynamic_cast<const QueueUnreached *>(&error)) {
+        m_store.reset();
         m_local->close(error);
+        return;
+    }
+    // Who has waited for the server while it was worked waits for it no second time.
+    if (m_store && m_store->database().wasCut())
+        pause(error);
+    m_store.reset();
 }
 
 template <typename Work> void ServerOutbox::bounded(const Work &work)
@@ -139,11 +133,16 @@ template <typename Work> void ServerOutbox::bounded(const Work &work)
     } catch (const QueueUnreached &error) {
         m_store.reset();
         m_lastFailure = QString::fromUtf8(error.what());
-        const Clock::time_point now = Clock::now();
-        if (now - begin > noticeableWait)
-            m_pauseUntil = now + pauseAfterWait;
+        if (Clock::now() - begin > noticeableWait)
+            pause(error);
         throw;
     }
+}
+
+void ServerOutbox::pause(const QueueUnusable &cause)
+{
+    m_lastFailure = QString::fromUtf8(cause.what());
+    m_pauseUntil = Clock::now() + pauseAfterWait;
 }
 
 // A connection that broke since the last time is made anew.
@@ -152,7 +151,7 @@ MessageStore &ServerOutbox::reach(Clock::time_point deadline)
     const Clock::time_point begin = Clock::now();
     try {
         if (m_store) {
-            const Bounded statements(m_store->database(), deadline);
+            const QueueDeadline bounded(m_store->database(), deadline);
             m_store->database().run(u"SELECT 1"_s);
         }
     } catch (const QueueUnreached &) {
@@ -162,7 +161,7 @@ MessageStore &ServerOutbox::reach(Clock::time_point deadline)
     }
     if (!m_store)
         m_store = std::make_unique<MessageStore>(
-            std::make_unique<QueueServer>(ServerAddress::read(m_address)), m_owner);
+            std::make_unique<QueueServer>(ServerAddress::read(m_address), deadline), m_owner);
     return *m_store;
 }
 

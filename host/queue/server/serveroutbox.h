@@ -31,6 +31,8 @@ public:
     /// @throws QueueUnreached when the server cannot be reached.
     [[nodiscard]] MessageStore &store() override;
     [[nodiscard]] QList<MessageStore *> toLookAt() override;
+    [[nodiscard]] QString folder() const override { return m_local->folder(); }
+    [[nodiscard]] bool isShared() const override { return true; }
     [[nodiscard]] QList<QueueMessage> spilled() override { return m_local->spilled(); }
     [[nodiscard]] QString unreached() const override { return m_lastFailure; }
     void close(const QueueUnusable &error) override;
@@ -40,6 +42,7 @@ private:
 
     MessageStore &reach(Clock::time_point deadline);
     bool moveOver(Clock::time_point until);
+    void pause(const QueueUnusable &cause);
     void putHere(const QueueMessage &message);
     bool moveSome(MessageStore &local);
     template <typename Work> void bounded(const Work &work);

@@ -38,6 +38,7 @@ void StatementWatch::watch(const std::stop_token &stop)
         while (m_cutAt && !stop.stop_requested()) {
             const Clock::time_point cutAt = *m_cutAt;
             if (cutAt <= Clock::now()) {
+                m_hasCut = true;
                 ::shutdown(m_socket, SHUT_RDWR);
                 m_cutAt.reset();
                 break;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -49,6 +50,8 @@ public:
     /// Statements from now on are cut at that time, also when it is sooner than the limit.
     void setDeadline(Clock::time_point deadline) { m_deadline = deadline; }
     void endDeadline() { m_deadline.reset(); }
+    /// Whether the connection was cut.
+    [[nodiscard]] bool hasCut() const { return m_hasCut; }
 
 private:
     void begin();
@@ -62,6 +65,8 @@ private:
     std::condition_variable_any m_begun;
     std::optional<Clock::time_point> m_cutAt; ///< of the statement under way, by m_mutex
     bool m_isAsleep = false; ///< the watcher waits for the next statement, by m_mutex
+
+    std::atomic<bool> m_hasCut = false;
 
     std::jthread m_watcher; ///< last, so that it ends before what it uses
 };

@@ -4,7 +4,9 @@
 #include "emulator/desk/desk.h"
 #include "emulator/desk/returncodes.h"
 #include "emulator/soap/answerwriter.h"
+#include "emulator/soap/schema.h"
 #include "tests/emulator/support/requests.h"
+#include "tests/emulator/support/tabletext.h"
 
 #include <QRegularExpression>
 
@@ -46,7 +48,16 @@ protected:
 
     ChequeAnswer whenAnswered(const Request &request)
     {
-        return std::get<ChequeAnswer>(desk().answer(request));
+        const Answer answer = desk().answer(request);
+        thenFitsTheSchema(answer);
+        return std::get<ChequeAnswer>(answer);
+    }
+
+    static void thenFitsTheSchema(const Answer &answer)
+    {
+        static const MessageSchema schema;
+        const QByteArray xml = writeAnswer(answer);
+        EXPECT_EQ(schema.complaintAbout(XmlDocument::parse(xml)), QString()) << xml.constData();
     }
 
     ChequeFigures whenAccepted(const Request &request)
@@ -78,6 +89,15 @@ protected:
     }
 
     std::size_t transactionCount() { return desk().books().transactions.latest(1000).size(); }
+
+    /// Every row of every table, but for the notes on what was last answered, which are no books.
+    QStringList booksAsText()
+    {
+        desk();
+        return tablesAsText(m_database, {QStringLiteral("calculations")});
+    }
+
+    Database &database() { return m_database; }
 
     ServiceData data;
     QDateTime now{QDate(2024, 3, 5), QTime(14, 0), Qt::UTC};

@@ -26,6 +26,6 @@ std::unique_ptr<MessageStore> openStore()
 }
 
 // Their processes are seen to have ended.
-void endLeases() { }
+void endLeases(qint64 /*process*/) { }
 
 } // namespace queueengine

@@ -47,6 +47,13 @@ protected:
         }
         return {};
     }
+    /// What a sale puts into this machine's own file.
+    int keptHere()
+    {
+        Singleton<DBQueueBroker>::reset();
+        givenMessage(u"one"_s);
+        return MessageStore(databaseFile()).waiting();
+    }
 };
 
 TEST_F(PostgresTest, TablesAreMadeOnceByManyAtOnce)
@@ -71,6 +78,7 @@ TEST_F(PostgresTest, TablesOfANewerVersionAreLeftAlone)
     queue()->open();
     ask(u"UPDATE facts SET value = '3' WHERE name = 'oldest_layout_that_copes'"_s);
     EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"newer version (3, this one knows 2)"_s));
+    EXPECT_EQ(keptHere(), 1);
 }
 
 TEST_F(PostgresTest, TablesOfANewerVersionThatThisOneCopesWithAreUsed)
@@ -78,6 +86,24 @@ TEST_F(PostgresTest, TablesOfANewerVersionThatThisOneCopesWithAreUsed)
     queue()->open();
     ask(u"UPDATE facts SET value = '3' WHERE name = 'layout'"_s);
     EXPECT_EQ(errorOf(queueengine::setting()), QString());
+}
+
+TEST_F(PostgresTest, TablesOfAnOlderVersionAreLeftAlone)
+{
+    queue()->open();
+    ask(u"UPDATE facts SET value = '1' WHERE name = 'layout'"_s);
+    EXPECT_TRUE(errorOf(queueengine::setting())
+                    .contains(u"older version (1, this one needs 2); name another"_s));
+    EXPECT_EQ(keptHere(), 1);
+}
+
+TEST_F(PostgresTest, TablesOfAnotherProgramAreLeftAlone)
+{
+    ask(u"CREATE TABLE messages (text TEXT)"_s);
+    EXPECT_TRUE(
+        errorOf(queueengine::setting()).contains(u"a table \"messages\" of another program"_s));
+    EXPECT_EQ(ask(u"SELECT count(*) FROM pg_tables WHERE tablename = 'facts'"_s), QVariantList{0});
+    EXPECT_EQ(keptHere(), 1);
 }
 
 TEST_F(PostgresTest, CommitsAreSyncedWhateverIsUsualForTheUser)
@@ -88,6 +114,30 @@ TEST_F(PostgresTest, CommitsAreSyncedWhateverIsUsualForTheUser)
     QSqlQuery shown = store->database().run(u"SHOW synchronous_commit"_s);
     ASSERT_TRUE(shown.next());
     EXPECT_EQ(shown.value(0).toString(), u"on"_s);
+}
+
+TEST_F(PostgresTest, ServerThatDoesNotSyncIsRefused)
+{
+    const auto whenSyncing = [](const QString &syncing) {
+        ask(u"ALTER SYSTEM SET fsync = "_s + syncing);
+        ask(u"SELECT pg_reload_conf()"_s);
+        while (ask(u"SHOW fsync"_s) != QVariantList{syncing}) { }
+    };
+    whenSyncing(u"off"_s);
+    EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"fsync = off where on is needed"_s));
+    EXPECT_EQ(keptHere(), 1);
+    whenSyncing(u"on"_s);
+}
+
+TEST_F(PostgresTest, ServerItselfEndsWhatTakesTooLong)
+{
+    const auto store = queueengine::openStore();
+    const auto shown = [&store](const QString &setting) {
+        QSqlQuery row = store->database().run(u"SHOW "_s + setting);
+        return row.next() ? row.value(0).toString() : QString();
+    };
+    EXPECT_EQ(shown(u"statement_timeout"_s), u"2s"_s);
+    EXPECT_EQ(shown(u"idle_in_transaction_session_timeout"_s), u"10s"_s);
 }
 
 TEST_F(PostgresTest, DatabaseThatCannotHoldEveryLanguageIsRefused)
@@ -167,11 +217,82 @@ TEST_F(PostgresTest, MessageBehindOneThatIsLockedIsNotSentBeforeIt)
     EXPECT_EQ(taken->id, u"c"_s);
 }
 
+TEST_F(PostgresTest, LaneThatAnotherOneIsTakingIsPassedOver)
+{
+    const auto store = queueengine::openStore();
+    store->append(messageOfLane(u"a"_s, u"1"_s));
+    store->append(messageOfLane(u"b"_s, u"2"_s));
+    QueueDatabase other(ServerAddress::read(queueengine::setting()));
+    const QueueTransaction taking(other);
+    other.run(u"SELECT pg_advisory_xact_lock(1802662508, hashtext('1'))"_s);
+    const auto taken = store->checkOut({noon}).message;
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(taken->id, u"b"_s);
+}
+
+// Between the look at what is in hand and the choice another deliverer takes a message of the lane.
+TEST_F(PostgresTest, LaneThatWasTakenSinceTheLookIsPassedOver)
+{
+    const auto store = queueengine::openStore();
+    for (const auto &[id, lane] : {std::pair{u"a"_s, u"1"_s}, {u"b"_s, u"1"_s}, {u"x"_s, u"2"_s}})
+        store->append(messageOfLane(id, lane));
+    ask(u"UPDATE messages SET state = 'sending', lease_owner = 'ended' WHERE id = 'x'"_s);
+    QueueDatabase person(ServerAddress::read(queueengine::setting()));
+    QueueTransaction changing(person);
+    person.run(u"UPDATE messages SET remark = 'looked at' WHERE id = 'x'"_s);
+    QString taken;
+    {
+        const std::jthread taking([&taken] {
+            const auto own = queueengine::openStore();
+            if (const auto message = own->checkOut({noon}).message)
+                taken = message->id;
+        });
+        // It has looked, and waits to take back what is in no hand any more.
+        while (ask(u"SELECT count(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'"_s)
+            != QVariantList{1}) { }
+        ask(u"UPDATE messages SET state = 'sending', lease_owner = 'another', "
+            u"lease_until = '2999-01-01T00:00:00.000Z' WHERE id = 'a'"_s);
+        changing.commit();
+    }
+    EXPECT_EQ(taken, u"x"_s);
+}
+
+// A plan for whatever values goes through all that waits to the few that are due.
+TEST_F(PostgresTest, ChoiceOfAMessageIsPlannedEachTime)
+{
+    const auto store = queueengine::openStore();
+    store->append(messageOfLane(u"a"_s, u"1"_s));
+    for (const bool dueOnly : {false, true})
+        EXPECT_TRUE(store->checkOut({noon, 0, dueOnly}).message);
+    QSqlQuery kept = store->database().run(
+        u"SELECT count(*), count(*) FILTER (WHERE statement LIKE '%LIMIT 1 FOR UPDATE%') FROM "
+        u"pg_prepared_statements"_s);
+    ASSERT_TRUE(kept.next());
+    EXPECT_GT(kept.value(0).toInt(), 0);
+    EXPECT_EQ(kept.value(1).toInt(), 0);
+}
+
+TEST_F(PostgresTest, OutcomeWaitsForNoFactThatAnotherOneNotes)
+{
+    const auto store = queueengine::openStore();
+    store->append(messageOfLane(u"a"_s, u"1"_s));
+    auto message = store->checkOut({noon}).message;
+    ASSERT_TRUE(message);
+    QueueDatabase other(ServerAddress::read(queueengine::setting()));
+    const QueueTransaction noting(other);
+    other.run(u"UPDATE facts SET value = 'another' WHERE name = 'last_error'"_s);
+    message->state = MessageState::Pending;
+    EXPECT_NO_THROW(store->settle(*message));
+    EXPECT_EQ(ask(u"SELECT state FROM messages"_s), QVariantList{u"pending"_s});
+}
+
 TEST_F(PostgresTest, MachineThatReachesNothingHoldsNoOtherBack)
 {
     const auto store = queueengine::openStore();
     store->hold(3, QDateTime::currentDateTimeUtc().addSecs(300));
     EXPECT_TRUE(store->heldUntil().isValid());
+    EXPECT_EQ(ask(u"SELECT name FROM facts WHERE name LIKE 'held_until%'"_s),
+        QVariantList{QString(u"held_until "_s + QSysInfo::machineHostName())});
     ask(u"UPDATE facts SET name = name || ' of another' WHERE name LIKE 'held_until%'"_s);
     EXPECT_FALSE(store->heldUntil().isValid());
     store->release();
@@ -188,6 +309,51 @@ TEST_F(PostgresTest, CountsAreSummedByEveryPass)
     EXPECT_EQ(ask(u"SELECT count(*) FROM counts"_s), QVariantList{5});
     EXPECT_EQ(ask(u"SELECT messages FROM counts WHERE state = 'delivered'"_s), QVariantList{5});
     EXPECT_EQ(queue()->waiting(), 0);
+}
+
+TEST_F(PostgresTest, ManyCountsAreSummedStepByStep)
+{
+    givenMessage(u"one"_s);
+    ask(u"INSERT INTO counts SELECT 'parked', 1 FROM generate_series(1, 25000)"_s);
+    whenDelivered();
+    const int left = ask(u"SELECT count(*) FROM counts"_s).value(0).toInt();
+    EXPECT_LT(left, 16000);
+    EXPECT_GT(left, 14000);
+    whenDelivered();
+    whenDelivered();
+    EXPECT_EQ(ask(u"SELECT count(*) FROM counts"_s), QVariantList{5});
+    EXPECT_EQ(ask(u"SELECT messages FROM counts WHERE state = 'parked'"_s), QVariantList{25000});
+}
+
+TEST_F(PostgresTest, CountsOfALongPassAreSummedOnTheWay)
+{
+    const auto store = queueengine::openStore();
+    QList<QueueMessage> messages;
+    for (int number = 0; number <= MessageStore::settledBetweenSums; ++number)
+        messages.append(messageOfLane(QString::number(number), u"1"_s));
+    store->takeIn(messages);
+    auto next = store->checkOut({noon}).message;
+    for (int number = 0; number < MessageStore::settledBetweenSums; ++number) {
+        ASSERT_TRUE(next);
+        next->state = MessageState::Delivered;
+        next = store->settleAndCheckOut(*next, {noon}).message;
+    }
+    EXPECT_EQ(ask(u"SELECT count(*) FROM counts"_s), QVariantList{5});
+}
+
+TEST_F(PostgresTest, AttemptIsCommittedBeforeTheRequestAndNoTransactionIsOpen)
+{
+    givenMessage(u"one"_s);
+    QVariantList counted;
+    QVariantList open;
+    givenDuringExchange([&counted, &open] {
+        counted = ask(u"SELECT state, attempts FROM messages"_s);
+        open = ask(u"SELECT count(*), count(*) FILTER (WHERE state <> 'idle') FROM "
+                   u"pg_stat_activity WHERE application_name LIKE 'korvel-queue-%'"_s);
+    });
+    whenDelivered();
+    EXPECT_EQ(counted, (QVariantList{u"sending"_s, 1}));
+    EXPECT_EQ(open, (QVariantList{1, 0}));
 }
 
 // What one thread is given of each lane, while others work beside it.
@@ -294,9 +460,8 @@ TEST_P(UnreachedTest, IsSaidInOneLineWithoutThePassword)
     EXPECT_TRUE(error.contains(u"\"Queue:database\""_s));
     EXPECT_TRUE(error.contains(QString::fromUtf8(said))) << error.toStdString();
     EXPECT_FALSE(error.contains(u'\n'));
-    Singleton<DBQueueBroker>::reset();
     givenSetting(u"Queue:database"_s, address);
-    givenMessage(u"one"_s);
+    EXPECT_EQ(keptHere(), 1);
     for (const QString &text : {error, log.lines().join(u'\n')})
         for (const QString &secret : {u"p@ss"_s, u"p%40ss"_s, u"s3cret"_s})
             EXPECT_FALSE(text.contains(secret)) << text.toStdString();

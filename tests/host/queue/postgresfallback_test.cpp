@@ -2,6 +2,7 @@
 
 #include "host/queue/queueoffice.h"
 #include "host/queue/server/queueserver.h"
+#include "host/storage/filelock.h"
 #include "tests/host/queue/postgresserver.h"
 #include "tests/host/queue/queueengine.h"
 #include "tests/host/queue/queuefixture.h"
@@ -187,6 +188,26 @@ TEST_F(PostgresFallbackTest, WhatWasExportedOrDeliveredHereStaysHere)
     EXPECT_EQ(onServer(), QStringList());
 }
 
+TEST_F(PostgresFallbackTest, WhatTheFileHadDeliveredIsKeptNoLongerThanUsual)
+{
+    {
+        MessageStore local(databaseFile());
+        for (const int daysAgo : {31, 29}) {
+            QueueMessage message;
+            message.id = QString::number(daysAgo);
+            message.state = MessageState::Delivered;
+            message.settled = QDateTime::currentDateTimeUtc().addDays(-daysAgo);
+            local.append(message);
+        }
+    }
+    whenDelivered();
+    MessageStore local(databaseFile());
+    QSqlQuery left = local.database().run(u"SELECT id FROM messages"_s);
+    ASSERT_TRUE(left.next());
+    EXPECT_EQ(left.value(0).toString(), u"29"_s);
+    EXPECT_FALSE(left.next());
+}
+
 TEST_F(PostgresFallbackTest, WhatAnotherProgramDeliversFromTheFileDoesNotMove)
 {
     const LogCapture log(u"poshost.queue"_s);
@@ -200,6 +221,45 @@ TEST_F(PostgresFallbackTest, WhatAnotherProgramDeliversFromTheFileDoesNotMove)
     EXPECT_EQ(queue()->waiting(), 2);
     EXPECT_THAT(
         log.lines().join(u'\n').toStdString(), testing::HasSubstr("another program's hands"));
+}
+
+TEST_F(PostgresFallbackTest, WhileAnotherProgramDeliversFromTheFileNothingMoves)
+{
+    MessageStore local(databaseFile());
+    QueueMessage message;
+    message.id = u"waits"_s;
+    local.append(message);
+    FileLock delivering(local.deliveryLock());
+    ASSERT_TRUE(delivering.share());
+    givenMessage(u"later"_s);
+    EXPECT_EQ(onServer(), QStringList());
+    EXPECT_EQ(here(), 2);
+}
+
+// The server takes so long for each that one step is all there is time for.
+TEST_F(PostgresFallbackTest, BacklogThatIsStillMovingIsNotOvertaken)
+{
+    constexpr int backlog = 25;
+    constexpr int oneStep = 20;
+    givenServerAway();
+    QStringList bodies;
+    for (int number = 0; number < backlog; ++number)
+        bodies.append(QString::number(number));
+    givenMessages(bodies);
+    givenServerBack();
+    { // Makes the tables.
+        const auto store = queueengine::openStore();
+    }
+    ask(u"CREATE FUNCTION take_long() RETURNS trigger LANGUAGE plpgsql AS "
+        u"$$ BEGIN PERFORM pg_sleep(0.052); RETURN new; END $$"_s);
+    ask(u"CREATE TRIGGER slow BEFORE INSERT ON messages FOR EACH ROW EXECUTE FUNCTION "
+        u"take_long()"_s);
+    givenMessage(u"new"_s);
+    EXPECT_EQ(onServer(), bodies.first(oneStep));
+    EXPECT_EQ(here(), backlog - oneStep + 1);
+    ask(u"DROP TRIGGER slow ON messages"_s);
+    EXPECT_EQ(queue()->waiting(), backlog + 1);
+    EXPECT_EQ(onServer(), bodies + QStringList{u"new"_s});
 }
 
 TEST_F(PostgresFallbackTest, WithoutADiskMessagesGoToTheServer)

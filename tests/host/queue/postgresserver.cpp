@@ -118,10 +118,8 @@ QString PostgresServer::memory()
 void PostgresServer::makeData()
 {
     put(folder() + u"/password"_s, "p@ss word's\\\n");
-    if (const passwd *as = unprivilegedUser())
-        for (const QString &path : QStringList{folder(), folder() + u"/password"_s})
-            if (::chown(QFile::encodeName(path).constData(), as->pw_uid, as->pw_gid) != 0)
-                qFatal("the server's folder cannot be given away");
+    giveAway(folder());
+    giveAway(folder() + u"/password"_s);
     QProcess initdb;
     initdb.start(u"setpriv"_s,
         command(u"initdb"_s,
@@ -130,6 +128,14 @@ void PostgresServer::makeData()
                 folder() + u"/password"_s}));
     if (!initdb.waitForFinished(-1) || initdb.exitCode() != 0)
         qFatal("%s", initdb.readAllStandardError().constData());
+}
+
+void PostgresServer::giveAway(const QString &fileName)
+{
+    const QByteArray path = QFile::encodeName(fileName);
+    const passwd *const as = unprivilegedUser();
+    if (as && ::chown(path.constData(), as->pw_uid, as->pw_gid) != 0)
+        qFatal("%s cannot be given away", path.constData());
 }
 
 void PostgresServer::start()

@@ -31,6 +31,9 @@ public:
     void freeze();
     void thaw();
 
+    /// Makes a file the server's own.
+    static void giveAway(const QString &fileName);
+
     [[nodiscard]] int port() const { return m_port; }
     [[nodiscard]] QString folder() const { return m_folder.path(); }
     /// The address of the queue over TCP.

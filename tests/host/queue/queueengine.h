@@ -18,7 +18,9 @@ QString setting();
 QSqlDatabase connect(const QString &connectionName);
 /// A store of its own on it, as another deliverer would have one.
 std::unique_ptr<MessageStore> openStore();
-/// Lets the leases of deliverers that are no more end, where that takes time.
-void endLeases();
+/// Lets the leases of deliverers that are no more end, where that takes time, and what they asked
+/// for last come to its end.
+/// @param process whose deliverers they were; 0: all of them.
+void endLeases(qint64 process = 0);
 
 } // namespace queueengine

@@ -49,6 +49,17 @@ TEST(BacklogTest, LevelsByAgeAndByWhatWaitsForAPerson)
     }
 }
 
+TEST(BacklogTest, SharedQueueThatIsNotSeenIsAWarningAtLeast)
+{
+    auto status = statusOf({-1, 0, 0, 0, BacklogLevel::Good});
+    status.unreached = u"postgresql://till@shop:5432/queue: away"_s;
+    const Backlog backlog = judgeBacklog(status, now, {});
+    EXPECT_EQ(backlog.level, BacklogLevel::Warning);
+    EXPECT_TRUE(backlog.reason.contains(status.unreached));
+    status.counts[MessageState::Refused] = 1;
+    EXPECT_EQ(judgeBacklog(status, now, {}).level, BacklogLevel::Alarm);
+}
+
 TEST(BacklogTest, AClockThatWasSetBackMakesNothingOld)
 {
     QueueOffice::Status status;

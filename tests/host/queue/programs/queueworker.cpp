@@ -2,12 +2,15 @@
 //
 //   queue_worker enqueue FOLDER FIRST COUNT BYTES   says each message's number when it is kept
 //   queue_worker careless FOLDER COUNT BYTES        inserts without syncing, as no queue may
-//   queue_worker deliver FOLDER URL                 delivers until nothing waits
+//   queue_worker deliver FOLDER                     says "ready", and delivers until nothing waits
+//   queue_worker move FOLDER                        says "ready", and moves what waits here to the
+//                                                   shared queue
 //
 // QUEUE_DATABASE in the environment is the setting "Queue:database".
 
 #include "host/config/config.h"
 #include "host/queue/dbqueuebroker.h"
+#include "host/queue/queueoffice.h"
 #include "host/storage/statefolder.h"
 
 #include <QCoreApplication>
@@ -58,11 +61,28 @@ int careless(const QStringList &words)
     return 0;
 }
 
+void sayThatWorkBegins()
+{
+    std::puts("ready");
+    std::fflush(stdout);
+}
+
 int deliver()
 {
     auto *const queue = Singleton<DBQueueBroker>::instance();
+    queue->open();
+    sayThatWorkBegins();
     while (queue->waiting() > 0)
         queue->deliver();
+    return 0;
+}
+
+int move()
+{
+    sayThatWorkBegins();
+    // A look at the queue moves what there is time for.
+    while (!Singleton<DBQueueBroker>::instance()->inOffice(
+        [](QueueOffice &office) { return office.status().waitingHere == 0; })) { }
     return 0;
 }
 
@@ -80,5 +100,7 @@ int main(int argc, char *argv[])
         return enqueue(words);
     if (words.value(1) == u"careless"_s)
         return careless(words);
+    if (words.value(1) == u"move"_s)
+        return move();
     return words.value(1) == u"deliver"_s ? deliver() : 2;
 }
