@@ -45,6 +45,7 @@ TEST_F(BusyVeilTest, IsPaintedBeforeTheRequestAndGoneBehindIt)
         EXPECT_TRUE(window.veil().isVisible());
         EXPECT_EQ(window.veil().text(), u"Обращение к системе лояльности");
         EXPECT_EQ(window.veil().size(), window.size());
+        EXPECT_EQ(window.childAt(window.rect().center()), &window.veil());
         paintedBefore = paintings.count;
     });
     whenKeyPressed(Qt::Key_F7);

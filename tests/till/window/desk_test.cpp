@@ -186,6 +186,25 @@ TEST_F(DeskTest, MessagesOfTheLoyaltySystemStayUntilTheyAreRead)
     EXPECT_EQ(desk.messages(), QStringList{u"Предложите пакет"_s});
 }
 
+TEST_F(DeskTest, MessagesForTheCustomerSayForWhomTheyAre)
+{
+    givenSale({u"1001"_s});
+    for (const QString &message : {QString(), u"Спасибо"_s}) {
+        loyalty->setMessageToClient(message);
+        whenPressed(Function::Total);
+    }
+    EXPECT_EQ(desk.messages(), QStringList{u"Покупателю: Спасибо"_s});
+}
+
+TEST_F(DeskTest, AnActionThatThePlugInStoppedIsTold)
+{
+    loyalty->hookIn(control::EActionType::AddPosition, ActionTrigger::Order::Before,
+        [](const control::Action &) { return EContext::Result::Refuse; });
+    givenSale({u"1001"_s});
+    EXPECT_EQ(desk.messages(), QStringList{u"Система лояльности не разрешила операцию"_s});
+    EXPECT_TRUE(desk.cheque().positions.isEmpty());
+}
+
 TEST_F(DeskTest, ThePaperIsWhatThePrinterGot)
 {
     givenSale({u"1001"_s});
