@@ -16,6 +16,8 @@ TEST_F(MainWindowTest, TheFocusIsInTheInputLine)
     EXPECT_TRUE(part<QLineEdit>("input")->hasFocus());
     whenClicked("F1");
     EXPECT_TRUE(part<QLineEdit>("input")->hasFocus());
+    whenKeyPressed(Qt::Key_Tab);
+    EXPECT_TRUE(part<QLineEdit>("input")->hasFocus());
 }
 
 TEST_F(MainWindowTest, AScanBecomesAPosition)
@@ -71,11 +73,14 @@ TEST_F(MainWindowTest, TheNewestPositionIsChosenAndTheArrowsChooseAnother)
 {
     whenScanned(u"1001"_s);
     whenScanned(u"1002"_s);
+    whenTyped(u"2"_s);
+    whenKeyPressed(Qt::Key_F2);
+    EXPECT_EQ(row(1).at(3), u"2 шт");
     whenKeyPressed(Qt::Key_Up);
     whenTyped(u"5"_s);
     whenKeyPressed(Qt::Key_F2);
     EXPECT_EQ(row(0).at(3), u"5 шт");
-    EXPECT_EQ(row(1).at(3), u"1 шт");
+    EXPECT_EQ(row(1).at(3), u"2 шт");
     whenKeyPressed(Qt::Key_Down);
     whenKeyPressed(Qt::Key_Down);
     whenKeyPressed(Qt::Key_F3);
