@@ -1,8 +1,12 @@
 #include "emulator/options.h"
+#include "emulator/recording/replay.h"
+#include "emulator/recording/tell.h"
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <csignal>
 #include <iostream>
 #include <string>
 
@@ -21,15 +25,61 @@ std::string oneLine(std::string text)
     return text;
 }
 
-int serve(emulator::Options options)
+emulator::Reception everybodyIsServed()
 {
-    emulator::Service service(std::move(options.service), systemTime);
-    emulator::Server server(options.listen, options.tls,
-        {[&] { return service.receive(); },
-            [&](const emulator::HttpRequest &request) { return service.answer(request); }});
+    return {};
+}
+
+void announce(const emulator::Server &server)
+{
     std::cout << "listening on " << server.url().toStdString() << std::endl;
+}
+
+void run(const emulator::ServeOptions &options)
+{
+    emulator::Service service(options.service, systemTime);
+    emulator::Server server(options.listening.address, options.listening.tls,
+        {[&] { return service.receive(); },
+            [&](const emulator::HttpRequest &request, const emulator::Respond &respond) {
+                respond(service.answer(request));
+            }});
+    announce(server);
     server.run();
-    return EXIT_SUCCESS;
+}
+
+void run(const emulator::RecordOptions &options)
+{
+    // The tills need it for longer than the terminal that it was started from, and than a disk
+    // has room for files.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    emulator::Recorder recorder(options.recorder);
+    constexpr bool answersBeforeEnding = true;
+    emulator::Server server(options.listening.address, options.listening.tls,
+        {everybodyIsServed,
+            [&](const emulator::HttpRequest &request, const emulator::Respond &respond) {
+                recorder.answer(request, respond);
+            },
+            answersBeforeEnding});
+    const auto stopped = qScopeGuard([&] { recorder.stop(); });
+    announce(server);
+    server.run();
+}
+
+void run(const emulator::ReplayOptions &options)
+{
+    emulator::Recording recording = emulator::readRecording(options.folder);
+    for (const QString &warning : recording.warnings)
+        emulator::tell(QStringLiteral("korvel-service: ") + warning);
+    emulator::Replay replay(std::move(recording), options.withTimes);
+    emulator::Server server(options.listening.address, options.listening.tls,
+        {everybodyIsServed,
+            [&](const emulator::HttpRequest &request, const emulator::Respond &respond) {
+                respond(replay.answer(request));
+            }});
+    announce(server);
+    server.run();
+    emulator::tell(replay.summary());
 }
 
 } // namespace
@@ -37,12 +87,13 @@ int serve(emulator::Options options)
 int main(int argc, char **argv)
 {
     try {
-        auto options = emulator::readOptions(argc, argv);
+        const auto options = emulator::readOptions(argc, argv);
         if (!options)
             return EXIT_SUCCESS;
         // Qt finds its database driver only beside an application object.
         const QCoreApplication application(argc, argv);
-        return serve(std::move(*options));
+        std::visit([](const auto &chosen) { run(chosen); }, *options);
+        return EXIT_SUCCESS;
     } catch (const std::exception &error) {
         std::cerr << "korvel-service: " << oneLine(error.what()) << std::endl;
         return exitWrongUse;

@@ -17,24 +17,55 @@ namespace emulator {
 namespace {
 
 /// The command line's words before anything is made of them.
-struct Words
+struct ListeningWords
 {
     std::string listen = "127.0.0.1:0";
+    std::string certificate;
+    std::string key;
+};
+
+struct ServeWords
+{
+    ListeningWords listening;
     std::string data;
     std::string state;
     std::string user;
     std::string passwordFile;
-    std::string certificate;
-    std::string key;
     std::vector<std::string> faults;
 };
 
-void describe(CLI::App &app, Words &words)
+struct RecordWords
 {
-    app.set_version_flag("--version", embedded::version());
+    ListeningWords listening;
+    std::string upstream;
+    std::string folder;
+    std::string caFile;
+    int limit = 60;
+    bool masksCards = false;
+};
+
+struct ReplayWords
+{
+    ListeningWords listening;
+    std::string folder;
+    bool withTimes = false;
+};
+
+void describe(CLI::App &app, ListeningWords &words)
+{
     app.add_option("--listen", words.listen, "Address and port; port 0 takes a free one")
         ->type_name("ADDRESS:PORT")
         ->capture_default_str();
+    auto *certificate = app.add_option("--tls-cert", words.certificate, "PEM certificate chain");
+    auto *key = app.add_option("--tls-key", words.key, "PEM key of the certificate");
+    certificate->needs(key)->type_name("FILE");
+    key->needs(certificate)->type_name("FILE");
+}
+
+void describe(CLI::App &app, ServeWords &words)
+{
+    app.set_version_flag("--version", embedded::version());
+    describe(app, words.listening);
     app.add_option("--data", words.data, "Cards and rules; left out: the built-in sample")
         ->type_name("FILE");
     app.add_option("--state", words.state, "Keeps the books; left out: in memory")
@@ -44,14 +75,39 @@ void describe(CLI::App &app, Words &words)
         = app.add_option("--password-file", words.passwordFile, "Its first line is the password");
     user->needs(password)->type_name("NAME");
     password->needs(user)->type_name("FILE");
-    auto *certificate = app.add_option("--tls-cert", words.certificate, "PEM certificate chain");
-    auto *key = app.add_option("--tls-key", words.key, "PEM key of the certificate");
-    certificate->needs(key)->type_name("FILE");
-    key->needs(certificate)->type_name("FILE");
     app.add_option("--fault", words.faults, "Orders a fault, such as \"soft lose 2\"; repeatable")
         ->type_name("WORDS")
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
+void describe(CLI::App &record, RecordWords &words)
+{
+    constexpr int greatestLimit = 3600;
+    describe(record, words.listening);
+    record.add_option("--upstream", words.upstream, "The real service; http or https")
+        ->type_name("URL")
+        ->required();
+    record.add_option("--out", words.folder, "Folder for the recording; made, or continued")
+        ->type_name("DIR")
+        ->required();
+    record.add_flag("--mask-cards", words.masksCards,
+        "Of card numbers write only the first and the last four digits");
+    record.add_option("--limit", words.limit, "Time for an exchange with the real service")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(1, greatestLimit))
+        ->capture_default_str();
+    record
+        .add_option("--ca-file", words.caFile,
+            "PEM certificates to trust the real service by; left out: the system's")
+        ->type_name("FILE");
+}
+
+void describe(CLI::App &replay, ReplayWords &words)
+{
+    describe(replay, words.listening);
+    replay.add_option("DIR", words.folder, "Folder that record has written")->required();
+    replay.add_flag("--with-times", words.withTimes, "Answer as late as was recorded");
 }
 
 QString text(const std::string &word)
@@ -85,21 +141,55 @@ std::vector<FaultCommand> readFaults(const std::vector<std::string> &words)
     return faults;
 }
 
-Options optionsFrom(const Words &words)
+Listening listeningFrom(const ListeningWords &words)
 {
-    Options options;
-    options.listen = ListenAddress::parse(text(words.listen));
+    Listening listening;
+    listening.address = ListenAddress::parse(text(words.listen));
     if (!words.certificate.empty())
-        options.tls = TlsFiles{text(words.certificate), text(words.key)};
+        listening.tls = TlsFiles{text(words.certificate), text(words.key)};
+    return listening;
+}
+
+ServeOptions optionsFrom(const ServeWords &words)
+{
+    ServeOptions options;
+    options.listening = listeningFrom(words.listening);
     options.service.data
         = words.data.empty() ? sampleServiceData() : readServiceDataFile(text(words.data));
     options.service.statePath = text(words.state);
-    options.service.listeningHost = options.listen.host;
+    options.service.listeningHost = options.listening.address.host;
     if (!words.user.empty())
         options.service.authorisation
             = Authorisation(text(words.user), readPassword(text(words.passwordFile)));
     options.service.faults = readFaults(words.faults);
     return options;
+}
+
+RecordOptions optionsFrom(const RecordWords &words)
+{
+    RecordOptions options;
+    options.listening = listeningFrom(words.listening);
+    options.recorder.upstream.address = UpstreamAddress::parse(text(words.upstream));
+    options.recorder.upstream.limit = std::chrono::seconds(words.limit);
+    options.recorder.upstream.caFile = text(words.caFile);
+    options.recorder.folder = text(words.folder);
+    options.recorder.masksCards = words.masksCards;
+    return options;
+}
+
+ReplayOptions optionsFrom(const ReplayWords &words)
+{
+    return {listeningFrom(words.listening), text(words.folder), words.withTimes};
+}
+
+/// Options of the service itself, given before a subcommand, would have no effect.
+void refuseOptionsBefore(const CLI::App &subcommand)
+{
+    for (const CLI::Option *option : subcommand.get_parent()->get_options()) {
+        if (option->count() > 0)
+            throw OptionsError(option->get_name() + " must stand behind " + subcommand.get_name()
+                + ", where it is an option of it (--help lists them)");
+    }
 }
 
 } // namespace
@@ -108,8 +198,16 @@ std::optional<Options> readOptions(int argc, const char *const *argv)
 {
     CLI::App app("The loyalty processing service on this machine: real state, faults on demand",
         "korvel-service");
-    Words words;
-    describe(app, words);
+    auto *record = app.add_subcommand(
+        "record", "Stand between tills and a real service, and write down what they say");
+    auto *replay = app.add_subcommand("replay", "Answer tills from what was recorded");
+    app.require_subcommand(0, 1);
+    ServeWords serveWords;
+    RecordWords recordWords;
+    ReplayWords replayWords;
+    describe(app, serveWords);
+    describe(*record, recordWords);
+    describe(*replay, replayWords);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success &asked) {
@@ -118,7 +216,13 @@ std::optional<Options> readOptions(int argc, const char *const *argv)
     } catch (const CLI::ParseError &error) {
         throw OptionsError(std::string(error.what()) + " (--help lists the options)");
     }
-    return optionsFrom(words);
+    for (const CLI::App *subcommand : app.get_subcommands())
+        refuseOptionsBefore(*subcommand);
+    if (record->parsed())
+        return optionsFrom(recordWords);
+    if (replay->parsed())
+        return optionsFrom(replayWords);
+    return optionsFrom(serveWords);
 }
 
 } // namespace emulator

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "emulator/http/server.h"
+#include "emulator/recording/recorder.h"
 #include "emulator/service.h"
 
 #include <optional>
 #include <stdexcept>
+#include <variant>
 
 namespace emulator {
 
@@ -15,15 +17,38 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-struct Options
+/// How tills reach the program.
+struct Listening
 {
-    ListenAddress listen;
+    ListenAddress address;
     std::optional<TlsFiles> tls;
+};
+
+struct ServeOptions
+{
+    Listening listening;
     ServiceSettings service;
 };
 
+struct RecordOptions
+{
+    Listening listening;
+    RecorderSettings recorder;
+};
+
+struct ReplayOptions
+{
+    Listening listening;
+    QString folder;
+    bool withTimes = false;
+};
+
+/// What the program is to be: the service, or what one of the subcommands makes of it.
+using Options = std::variant<ServeOptions, RecordOptions, ReplayOptions>;
+
 /// What the command line and the files that it names ask for. Nothing when help or the version
-/// was asked for and printed. Throws OptionsError, DataError, FaultWordsError or ServerError.
+/// was asked for and printed. Throws OptionsError, DataError, FaultWordsError, ServerError or
+/// UpstreamError.
 std::optional<Options> readOptions(int argc, const char *const *argv);
 
 } // namespace emulator

@@ -38,6 +38,8 @@ public:
     JsonValue member(const char *name) const; ///< expected to be there
     std::optional<JsonValue> find(const char *name) const;
 
+    bool isNull() const { return m_value.is_null(); }
+
     void forEachItem(const std::function<void(const JsonValue &)> &visit) const;
     void forEachMember(const std::function<void(const QString &, const JsonValue &)> &visit) const;
 

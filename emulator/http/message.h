@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -23,6 +24,8 @@ struct HttpRequest
     QByteArray body;
     bool fromLoopback = false;
     bool overTls = false;
+    /// All of the head's, in order of arrival, byte for byte.
+    std::vector<std::pair<QByteArray, QByteArray>> headers = {};
 };
 
 /// How an answer goes on the wire.
@@ -71,6 +74,9 @@ struct HttpReply
     std::shared_ptr<EventSource> events = {};
     bool endsService = false; ///< frees the port, sends the answer, then ends
 };
+
+/// Gives a request its answer: from any thread, at any time, once. It must not outlive the server.
+using Respond = std::function<void(HttpReply)>;
 
 HttpReply textReply(int status, const QString &text);
 

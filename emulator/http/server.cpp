@@ -92,11 +92,34 @@ public:
         , signals(context, SIGTERM, SIGINT)
     {
         listenOn(acceptor, endpointOf(address));
+        awaitSignal();
+        accept();
+    }
+
+    void awaitSignal()
+    {
         signals.async_wait([this](const error_code &error, int) {
             if (!error)
-                context.stop();
+                endBySignal();
         });
-        accept();
+    }
+
+    void endBySignal()
+    {
+        if (isEnding || !callbacks.answersBeforeEnding || answersUnderWay == 0) {
+            context.stop();
+            return;
+        }
+        isEnding = true;
+        closeListener();
+        awaitSignal();
+    }
+
+    void onAnswered()
+    {
+        --answersUnderWay;
+        if (isEnding && answersUnderWay == 0)
+            context.stop();
     }
 
     void accept()
@@ -143,7 +166,10 @@ public:
     }
 
     const Callbacks callbacks;
-    const SessionHost host{callbacks, [this] { closeListener(); }, [this] { context.stop(); }};
+    int answersUnderWay = 0;
+    bool isEnding = false;
+    const SessionHost host{callbacks, [this] { closeListener(); }, [this] { context.stop(); },
+        [this] { ++answersUnderWay; }, [this] { onAnswered(); }};
     std::optional<ssl::context> tls;
     asio::io_context context{onlyThread};
     tcp::acceptor acceptor;

@@ -37,14 +37,18 @@ struct TlsFiles
 
 /// A small HTTP/1.1 server on one thread: one request a connection, answered in order of
 /// arrival, bodies up to 16 MiB (413 above), half a minute for a client to get its request
-/// through. While an answer is delayed others are served.
+/// through. While an answer is delayed or awaited others are served.
 class Server
 {
 public:
     struct Callbacks
     {
         std::function<Reception()> receive; ///< asked for each connection, before reading
-        std::function<HttpReply(const HttpRequest &)> answer; ///< must not throw
+        /// Answers now or later; meanwhile others are served. Must not throw.
+        std::function<void(const HttpRequest &, Respond)> answer;
+        /// At a signal what was asked is still answered, and a second signal ends at once;
+        /// otherwise the first does.
+        bool answersBeforeEnding = false;
     };
 
     /// Listens from now on. Throws ServerError.
@@ -54,7 +58,8 @@ public:
     /// "http://127.0.0.1:40123/"
     QString url() const;
 
-    /// Serves until a reply ends the service, or the process gets SIGTERM or SIGINT.
+    /// Serves until a reply ends the service, or the process gets SIGTERM or SIGINT. Whoever still
+    /// owes an answer then must be stopped before the server goes.
     void run();
 
 private:

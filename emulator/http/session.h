@@ -3,6 +3,7 @@
 #include "emulator/http/server.h"
 #include "emulator/http/wire.h"
 
+#include <boost/asio/dispatch.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/ssl.hpp>
 #include <boost/asio/steady_timer.hpp>
@@ -22,6 +23,8 @@ struct SessionHost
     const Server::Callbacks &callbacks;
     std::function<void()> closeListener;
     std::function<void()> end;
+    std::function<void()> onAsked; ///< a request has come that is to be answered
+    std::function<void()> onAnswered; ///< its answer is on its way, or it will get none
 };
 
 /// One connection from its first byte to its last: handshake where the stream has TLS, one
@@ -151,7 +154,13 @@ private:
         const bool fromLoopback = !ignored && peer.address().is_loopback();
         HttpRequest request = requestFrom(m_parser.get(), fromLoopback);
         request.overTls = isTls;
-        deliver(m_host.callbacks.answer(request));
+        m_isAsked = true;
+        m_host.onAsked();
+        m_host.callbacks.answer(request, [self = this->shared_from_this()](const HttpReply &reply) {
+            // At once on the server's own thread, in its turn from any other.
+            boost::asio::dispatch(
+                self->m_stream.get_executor(), [self, reply] { self->deliver(reply); });
+        });
     }
 
     void deliver(HttpReply reply)
@@ -241,6 +250,7 @@ private:
         }
         Error ignored;
         socketStream().socket().shutdown(boost::asio::ip::tcp::socket::shutdown_send, ignored);
+        tellAnswered();
         socketStream().expires_after(timeToDrain);
         readAway();
     }
@@ -261,6 +271,13 @@ private:
         if (m_reply.delivery == Delivery::Reset)
             socketStream().socket().set_option(boost::asio::socket_base::linger(true, 0), ignored);
         socketStream().socket().close(ignored);
+        tellAnswered();
+    }
+
+    void tellAnswered()
+    {
+        if (m_isAsked)
+            m_host.onAnswered();
     }
 
     Stream m_stream;
@@ -269,6 +286,7 @@ private:
     boost::beast::flat_buffer m_buffer;
     HttpParser m_parser;
     HttpReply m_reply;
+    bool m_isAsked = false; ///< unlike a message that could not be read
     std::string m_bytes;
     std::size_t m_sent = 0; ///< of m_bytes, where they go piece by piece
     int m_looksInVain = 0; ///< for events, since the client was last sent something

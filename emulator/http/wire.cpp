@@ -15,13 +15,19 @@ QString toQString(boost::beast::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QByteArray bytes(boost::beast::string_view text)
+{
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
 std::string headOf(const HttpReply &reply)
 {
     const auto reason
         = http::obsolete_reason(http::int_to_status(static_cast<unsigned>(reply.status)));
     std::string head = "HTTP/1.1 " + std::to_string(reply.status) + ' '
-        + std::string(reason.data(), reason.size())
-        + "\r\nContent-Type: " + reply.contentType.toStdString() + "\r\nConnection: close\r\n";
+        + std::string(reason.data(), reason.size()) + "\r\nConnection: close\r\n";
+    if (!reply.contentType.isEmpty())
+        head += "Content-Type: " + reply.contentType.toStdString() + "\r\n";
     // What is told as it happens ends with the connection.
     if (!reply.events)
         head += "Content-Length: " + std::to_string(reply.body.size()) + "\r\n";
@@ -39,11 +45,13 @@ HttpRequest requestFrom(const http::request<http::string_body> &message, bool fr
     request.target = toQString(message.target());
     request.host = toQString(message[http::field::host]);
     request.origin = toQString(message[http::field::origin]);
-    request.authorization = toQString(message[http::field::authorization]).toUtf8();
+    request.authorization = bytes(message[http::field::authorization]);
     request.fromPage = !request.origin.isEmpty() || !message["Sec-Fetch-Site"].empty();
     request.token = toQString(message["X-Korvel-Token"]).toUtf8();
     request.body = QByteArray::fromStdString(message.body());
     request.fromLoopback = fromLoopback;
+    for (const auto &field : message)
+        request.headers.emplace_back(bytes(field.name_string()), bytes(field.value()));
     return request;
 }
 

@@ -52,6 +52,8 @@ int closeEmbedded(void *context)
 
 void registerEmbeddedFiles()
 {
+    // Its own ways to open files are lost when the library is set up after ours.
+    xmlInitParser();
     static const int registered
         = xmlRegisterInputCallbacks(isEmbedded, openEmbedded, readEmbedded, closeEmbedded);
     if (registered < 0)

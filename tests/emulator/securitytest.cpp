@@ -1,3 +1,4 @@
+#include "tests/emulator/support/certificate.h"
 #include "tests/emulator/support/httpclient.h"
 #include "tests/emulator/support/samples.h"
 #include "tests/emulator/support/serviceprocess.h"
@@ -24,22 +25,6 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
         return file.fileName();
-    }
-
-    /// A certificate for localhost and its key, made for this test.
-    QStringList givenCertificate()
-    {
-        const QString certificate = directory.filePath(u"cert.pem"_s);
-        const QString key = directory.filePath(u"key.pem"_s);
-        QProcess openssl;
-        openssl.setStandardErrorFile(QProcess::nullDevice());
-        openssl.start(u"openssl"_s,
-            {u"req"_s, u"-x509"_s, u"-newkey"_s, u"ec"_s, u"-pkeyopt"_s,
-                u"ec_paramgen_curve:prime256v1"_s, u"-nodes"_s, u"-days"_s, u"2"_s, u"-subj"_s,
-                u"/CN=localhost"_s, u"-addext"_s, u"subjectAltName=IP:127.0.0.1"_s, u"-keyout"_s,
-                key, u"-out"_s, certificate});
-        EXPECT_TRUE(openssl.waitForFinished());
-        return {u"--tls-cert"_s, certificate, u"--tls-key"_s, key};
     }
 
     QTemporaryDir directory;
@@ -80,7 +65,7 @@ TEST_F(SecurityTest, TheDescriptionNamesTheAddressThatWasAsked)
     const QString host = u"Host: <shop>&co:1"_s;
     EXPECT_THAT(httpGet(plain.url() + u"?WSDL"_s, {{host}, {}, {}}).body.toStdString(),
         testing::HasSubstr("location=\"http://&lt;shop&gt;&amp;co:1/\""));
-    const QStringList tls = givenCertificate();
+    const QStringList tls = givenCertificate(QDir(directory.path()));
     const ServiceProcess secure(tls);
     EXPECT_THAT(httpGet(secure.url() + u"?wsdl"_s, {{}, {}, tls.at(1)}).body.toStdString(),
         testing::HasSubstr("location=\"" + secure.url().toStdString() + '"'));
@@ -154,7 +139,7 @@ TEST_F(SecurityTest, TheConsoleKnowsOnlyItsOwnHostAndIsHeldInNoFrame)
 
 TEST_F(SecurityTest, TlsIsSpokenWhenACertificateIsGiven)
 {
-    const QStringList certificate = givenCertificate();
+    const QStringList certificate = givenCertificate(QDir(directory.path()));
     const ServiceProcess service(certificate);
     EXPECT_TRUE(service.url().startsWith(u"https://127.0.0.1:"));
     const HttpOutcome outcome = httpPost(service.url(), request, {{}, {}, certificate.at(1)});
@@ -164,7 +149,7 @@ TEST_F(SecurityTest, TlsIsSpokenWhenACertificateIsGiven)
 
 TEST_F(SecurityTest, TlsAnswersAreCutAndLostToo)
 {
-    const QStringList certificate = givenCertificate();
+    const QStringList certificate = givenCertificate(QDir(directory.path()));
     const ServiceProcess service(
         certificate + QStringList{u"--fault"_s, u"all half"_s, u"--fault"_s, u"all lose"_s});
     const HttpOptions trusting{{}, {}, certificate.at(1)};
@@ -175,7 +160,7 @@ TEST_F(SecurityTest, TlsAnswersAreCutAndLostToo)
 
 TEST_F(SecurityTest, TlsSurvivesThoseWhoDoNotSpeakIt)
 {
-    const QStringList certificate = givenCertificate();
+    const QStringList certificate = givenCertificate(QDir(directory.path()));
     const ServiceProcess service(certificate);
     const QString plain = service.url().replace(u"https"_s, u"http"_s);
     EXPECT_NE(httpPost(plain, request).curlCode, CURLE_OK);

@@ -18,9 +18,12 @@ QString program()
 
 } // namespace
 
-ServiceProcess::ServiceProcess(const QStringList &arguments)
+ServiceProcess::ServiceProcess(const QStringList &arguments, const QString &errorFile)
 {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    if (errorFile.isEmpty())
+        m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    else
+        m_process.setStandardErrorFile(errorFile);
     m_process.start(program(), arguments);
     while (!m_output.contains('\n') && m_process.waitForReadyRead(greatestWait))
         m_output += m_process.readAllStandardOutput();
@@ -47,6 +50,11 @@ int ServiceProcess::terminate()
 {
     m_process.terminate();
     return waitForEnd();
+}
+
+bool ServiceProcess::isRunning()
+{
+    return m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(0);
 }
 
 int ServiceProcess::waitForEnd()

@@ -10,7 +10,9 @@ namespace emulator {
 class ServiceProcess
 {
 public:
-    explicit ServiceProcess(const QStringList &arguments = {});
+    /// What it writes on standard error goes into the file, or to the test's own when none is
+    /// named.
+    explicit ServiceProcess(const QStringList &arguments = {}, const QString &errorFile = {});
     ~ServiceProcess();
 
     QString url() const { return m_url; } ///< of the one line on standard output
@@ -18,6 +20,11 @@ public:
 
     /// Sends SIGTERM and waits; the exit status, -1 for a process that did not end by itself.
     int terminate();
+
+    /// Sends SIGTERM and does not wait.
+    void askToEnd() { m_process.terminate(); }
+
+    bool isRunning();
 
     /// Waits for an end that the service has been asked for.
     int waitForEnd();
