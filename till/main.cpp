@@ -2,7 +2,9 @@
 
 #include "till/queue/commandline.h"
 #include "till/run/run.h"
+#include "till/tilloptions.h"
 #include "till/usage.h"
+#include "till/windowstart.h"
 
 #include <QCoreApplication>
 
@@ -25,13 +27,6 @@ public:
         m_app.failure_message([](const CLI::App *app, const CLI::Error &error) {
             return till::usageError(*app, error);
         });
-        m_run->add_option("--config", m_config, "settings; without it till.ini, if there is one")
-            ->option_text("FILE");
-        m_run
-            ->add_option("--plugin", m_plugin, "the plug-in; without it the one beside the program")
-            ->option_text("FILE");
-        m_run->add_option("--state", m_state, "documents, queue, journal, receipts and log")
-            ->option_text("DIR");
         m_run
             ->add_option("--transcript", m_transcript,
                 "one JSON object per command goes there; -: standard output")
@@ -47,22 +42,27 @@ public:
         } catch (const CLI::ParseError &error) {
             return m_app.exit(error) == 0 ? 0 : wrongUsage;
         }
-        return m_queue.isWanted() ? m_queue.execute() : static_cast<int>(till::run(runOptions()));
+        if (m_queue.isWanted())
+            return m_queue.execute();
+        return static_cast<int>(m_window->parsed() ? till::startWindow(m_windowOptions.given())
+                                                   : till::run(runOptions()));
     }
 
 private:
     [[nodiscard]] till::RunOptions runOptions() const
     {
-        const auto text = [](const std::string &value) { return QString::fromStdString(value); };
-        return {text(m_config), text(m_plugin), text(m_state), text(m_transcript), text(m_script)};
+        till::RunOptions options = m_runOptions.given();
+        options.transcriptFile = QString::fromStdString(m_transcript);
+        options.scriptFile = QString::fromStdString(m_script);
+        return options;
     }
 
     CLI::App m_app{"A till that sells cheques with the loyalty plug-in.", "korvel-till"};
     till::QueueCommandLine m_queue{m_app};
     CLI::App *m_run = m_app.add_subcommand("run", "sells by a script or at a prompt");
-    std::string m_config;
-    std::string m_plugin;
-    std::string m_state;
+    till::TillOptions m_runOptions{*m_run};
+    CLI::App *m_window = m_app.add_subcommand("window", "opens the cashier's window");
+    till::TillOptions m_windowOptions{*m_window};
     std::string m_transcript;
     std::string m_script;
 };

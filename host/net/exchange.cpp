@@ -2,8 +2,11 @@
 
 #include "host/net/answercollector.h"
 #include "host/net/curlhandle.h"
+#include "host/net/exchangeprogress.h"
 #include "host/net/requestheaders.h"
 #include "host/net/restclient.h"
+
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -45,6 +48,30 @@ std::size_t onBody(const char *bytes, std::size_t, std::size_t count, void *coll
 {
     const bool taken = static_cast<AnswerCollector *>(collector)->takeBody(received(bytes, count));
     return taken ? count : CURL_WRITEFUNC_ERROR;
+}
+
+using Clock = std::chrono::steady_clock;
+
+ExchangeProgress &watcher()
+{
+    static ExchangeProgress progress;
+    return progress;
+}
+
+int onProgress(void *begun, curl_off_t, curl_off_t, curl_off_t, curl_off_t)
+{
+    const auto passed = Clock::now() - *static_cast<const Clock::time_point *>(begun);
+    watcher()(std::chrono::duration_cast<std::chrono::milliseconds>(passed));
+    return 0;
+}
+
+void setWatcher(CurlHandle &handle, Clock::time_point &begun)
+{
+    if (!watcher())
+        return;
+    handle.set(CURLOPT_NOPROGRESS, 0L);
+    handle.set(CURLOPT_XFERINFOFUNCTION, &onProgress);
+    handle.set(CURLOPT_XFERINFODATA, &begun);
 }
 
 int errorOf(CURLcode result)
@@ -110,6 +137,11 @@ ExchangeOutcome outcome(const CurlHandle &handle, CURLcode result, const AnswerC
 
 } // namespace
 
+void setExchangeProgress(ExchangeProgress progress)
+{
+    watcher() = std::move(progress);
+}
+
 ExchangeOutcome exchange(const ExchangeRequest &request, const ExchangeSettings &settings)
 {
     AnswerCollector answer(settings.maxAnswerBytes);
@@ -123,6 +155,8 @@ ExchangeOutcome exchange(const ExchangeRequest &request, const ExchangeSettings 
     handle.set(CURLOPT_HEADERDATA, &answer);
     handle.set(CURLOPT_WRITEFUNCTION, &onBody);
     handle.set(CURLOPT_WRITEDATA, &answer);
+    Clock::time_point begun = Clock::now();
+    setWatcher(handle, begun);
     const CURLcode ready = handle.setUpResult();
     return outcome(handle, ready == CURLE_OK ? curl_easy_perform(handle.get()) : ready, answer);
 }

@@ -101,9 +101,10 @@ ExitStatus execute(
 {
     const bool atTerminal = isAtTerminal(options);
     LineEditor *editor = nullptr;
-    Workplace workplace(options, makeCashier(atTerminal, editor));
-    Commands commands(workplace.till(), workplace.answers(), workplace.clock());
-    Interpreter interpreter(workplace.till(), commands, workplace.answers(), workplace.recorder());
+    const std::unique_ptr<AnswerLine> cashier = makeCashier(atTerminal, editor);
+    Workplace workplace(options, *cashier);
+    Commands commands(workplace.till(), *cashier, workplace.clock());
+    Interpreter interpreter(workplace.till(), commands, *cashier, workplace.recorder());
     Narrator narrator(std::cout, Paint::forStream(stdout));
     if (!TranscriptFile::isStandardOutput(options.transcriptFile))
         narrate(interpreter, narrator, atTerminal);

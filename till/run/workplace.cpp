@@ -11,8 +11,6 @@
 #include <QCoreApplication>
 #include <QDir>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace till {
@@ -45,11 +43,10 @@ Catalogue readCatalogue()
 
 } // namespace
 
-Workplace::Workplace(const RunOptions &options, std::unique_ptr<AnswerLine> answers)
+Workplace::Workplace(const RunOptions &options, Cashier &cashier)
     : m_store(prepare(options))
     , m_catalogue(readCatalogue())
-    , m_answers(std::move(answers))
-    , m_services(m_recorder, *m_answers)
+    , m_services(m_recorder, cashier)
     , m_plugin(pluginFile(options.pluginFile))
     , m_till(m_plugin.loyaltySystem(), m_catalogue, *m_store, m_services.exchanges())
 {

@@ -6,7 +6,7 @@
 #include "till/core/till.h"
 #include "till/pluginloading.h"
 #include "till/run/options.h"
-#include "till/script/answerline.h"
+#include "till/transcript/cashier.h"
 #include "till/transcript/recorder.h"
 #include "till/transcript/recordingservices.h"
 
@@ -21,15 +21,15 @@ class Workplace
 public:
     /// Reads the configuration, takes the state folder and loads the plug-in, in this order; the
     /// till is then ready to be started.
-    /// @param answers who answers the plug-in's dialogs; owned.
+    /// @param cashier who answers the plug-in's dialogs; not owned, must outlive this.
     /// @throws ConfigError, StorageError, CatalogueError or PluginError when one of them cannot be
     ///         used; `what()` is the one line to be told.
-    Workplace(const RunOptions &options, std::unique_ptr<AnswerLine> answers);
+    Workplace(const RunOptions &options, Cashier &cashier);
     ~Workplace();
     Q_DISABLE_COPY_MOVE(Workplace)
 
     [[nodiscard]] Till &till() { return m_till; }
-    [[nodiscard]] AnswerLine &answers() { return *m_answers; }
+    [[nodiscard]] const Exchanges &exchanges() const { return m_services.exchanges(); }
     [[nodiscard]] FrozenClock &clock() { return m_clock; }
     [[nodiscard]] Recorder &recorder() { return m_recorder; }
     [[nodiscard]] const Catalogue &catalogue() const { return m_catalogue; }
@@ -38,7 +38,6 @@ private:
     // In the order in which one needs the other; they go in the opposite one.
     std::unique_ptr<DocumentStore> m_store;
     Catalogue m_catalogue;
-    std::unique_ptr<AnswerLine> m_answers;
     Recorder m_recorder;
     FrozenClock m_clock;
     RecordingServices m_services;

@@ -1,7 +1,5 @@
 #include "till/script/answerline.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <utility>
 
@@ -36,12 +34,6 @@ std::optional<bool> AnswerLine::takeForChoice()
     const bool accepts = fitting->kind == Kind::Ok;
     m_answers.erase(fitting);
     return accepts;
-}
-
-bool AnswerLine::accepts(const InputTextFormParameters &form, const QString &text)
-{
-    const QRegularExpression whole(QRegularExpression::anchoredPattern(form.regularExpression));
-    return form.regularExpression.isEmpty() || whole.match(text).hasMatch();
 }
 
 void AnswerLine::read(const tr::Tr &) { }

@@ -29,7 +29,6 @@ protected:
     [[nodiscard]] bool hasAnswers() const { return !m_answers.isEmpty(); }
     /// Takes the first answer that fits a choice: whether it accepts; nothing when none fits.
     std::optional<bool> takeForChoice();
-    [[nodiscard]] static bool accepts(const InputTextFormParameters &form, const QString &text);
 
 private:
     enum class Kind

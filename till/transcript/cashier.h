@@ -9,6 +9,9 @@
 
 namespace till {
 
+/// Whether the whole text matches the form's expression; without one every text does.
+[[nodiscard]] bool accepts(const InputTextFormParameters &form, const QString &text);
+
 /// Who answers the dialogs that the plug-in opens.
 class Cashier
 {

@@ -37,7 +37,7 @@ TEST_F(CommandLineTest, WrongUsageIsAnError)
 
 TEST_F(CommandLineTest, CommandsAreNamedWhereOneIsMissingOrUnknown)
 {
-    const QByteArray commands = "; it is one of queue, run; see korvel-till --help\n";
+    const QByteArray commands = "; it is one of queue, run, window; see korvel-till --help\n";
     whenStarted({});
     EXPECT_EQ(errors, "korvel-till: a command is missing" + commands);
     whenStarted({u"sell"_s});

@@ -45,6 +45,9 @@ void ProgramFixture::prepare(QProcess &process) const
 {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"HOME"_s, m_folder.path());
+    // As on a desktop, but without a screen.
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    environment.insert(u"XDG_RUNTIME_DIR"_s, m_folder.path());
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_folder.path());
     process.setProgram(QStringLiteral(TILL_PROGRAM));

@@ -31,6 +31,7 @@ public:
     void setAvailablePoints(double points) { m_pointsForSpend = points; }
     [[nodiscard]] double chosenPoints() const { return m_pointsToSpend; }
     void setMessageToCashier(const QString &text) { m_messagesToCashier = QStringList{text}; }
+    void setMessageToClient(const QString &text) { m_messagesToClient = QStringList{text}; }
     void hookIn(control::EActionType type, ActionTrigger::Order order,
         const ActionTrigger::Handler &handler,
         ActionTrigger::Priority priority = ActionTrigger::Priority::First);

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "till/core/till.h"
+#include "till/transcript/cashier.h"
+#include "till/transcript/recorder.h"
+#include "till/window/chequeview.h"
+#include "till/window/function.h"
+#include "till/window/servicestate.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+namespace till {
+
+/// What the window shows, and what the cashier does in it: the till without a widget.
+///
+/// Turns keys and typed words into the till's operations, and what comes of them into texts. Knows
+/// no rule of a sale. On the host's thread; one operation at a time.
+class Desk
+{
+public:
+    /// None of these is owned; all must outlive this. The cashier is asked for what was not typed.
+    Desk(Till &till, const Exchanges &exchanges, Recorder &recorder, Cashier &cashier);
+    Q_DISABLE_COPY_MOVE(Desk)
+
+    /// Starts the till: shows the document that was left open.
+    void start();
+    /// Something was scanned, or typed and entered; a card, a coupon or an article. Blank data does
+    /// nothing.
+    /// @return whether the till took it; what it did not take is told in the messages.
+    bool enter(const QString &data);
+    /// @param typed  what stands in the input line; asked for where it is needed and empty.
+    /// @param posnum of the chosen position; nothing when none is chosen.
+    /// @return whether it was carried out; why not is told in the messages, unless the cashier
+    ///         thought better of it.
+    bool perform(Function function, const QString &typed, std::optional<int> posnum);
+
+    [[nodiscard]] const ChequeView &cheque() const { return m_cheque; }
+    /// What the cashier has not read yet, oldest first.
+    [[nodiscard]] const QStringList &messages() const { return m_messages; }
+    /// The last paper that was printed, as the printer got it; empty before the first.
+    [[nodiscard]] QString paper() const { return m_paper; }
+    [[nodiscard]] const Connection &connection() const { return m_connection; }
+    /// What waits in the outgoing queue, looked up now; why it cannot be told where that is so.
+    /// During an operation the queue is the till's, and this is as it was before.
+    [[nodiscard]] QString queueState();
+
+private:
+    bool carryOut(const std::function<Outcome()> &operation);
+    /// What was typed, otherwise what the cashier enters; nothing when that fits the form not.
+    [[nodiscard]] std::optional<QString> textFor(
+        const QString &typed, const InputTextFormParameters &form);
+    [[nodiscard]] bool isSure(const tr::Tr &question);
+
+    bool changeQuantity(const QString &typed, std::optional<int> posnum);
+    bool removePosition(std::optional<int> posnum);
+    bool presentCard(const QString &typed);
+    bool addCoupon(const QString &typed);
+    bool payWithPoints(const QString &typed);
+    bool takeBack(const QString &typed);
+    bool cancel();
+    bool endShift();
+    bool dropMessages();
+    bool performOnEmptyLine(Function function, const QString &typed, std::optional<int> posnum);
+
+    void tell(const QString &message);
+    void take(const Outcome &outcome);
+    void takeLoyaltyMessages(const AbstractDocument *document);
+
+    Till &m_till;
+    const Exchanges &m_exchanges;
+    Recorder &m_recorder;
+    Cashier &m_cashier;
+    ChequeView m_cheque;
+    QStringList m_messages;
+    QString m_paper;
+    Connection m_connection;
+    QString m_queueState;
+    bool m_isBusy = false; ///< an operation runs, maybe below one of its dialogs
+};
+
+} // namespace till

@@ -1,0 +1,65 @@
+// korvel-till-window: the cashier's window of the till.
+
+#include "till/exitstatus.h"
+#include "till/run/workplace.h"
+#include "till/tilloptions.h"
+#include "till/usage.h"
+#include "till/window/busywatch.h"
+#include "till/window/mainwindow.h"
+#include "till/window/style.h"
+#include "till/window/windowcashier.h"
+
+#include <QApplication>
+
+#include <CLI/CLI.hpp>
+
+#include <iostream>
+
+namespace {
+
+using till::ExitStatus;
+
+int show(const till::RunOptions &options)
+{
+    till::WindowCashier cashier;
+    till::Workplace workplace(options, cashier);
+    till::Desk desk(workplace.till(), workplace.exchanges(), workplace.recorder(), cashier);
+    till::applyStyle();
+    till::MainWindow window(desk);
+    const till::BusyWatch watch(window.veil());
+    cashier.sitDownAt(window, [&window] { window.uncover(); });
+    window.showMaximized();
+    desk.start();
+    window.refresh();
+    return QApplication::exec();
+}
+
+int run(const till::RunOptions &options)
+{
+    try {
+        return show(options);
+    } catch (const std::exception &error) {
+        std::cerr << "korvel-till-window: " << error.what() << std::endl;
+        return static_cast<int>(ExitStatus::Unusable);
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    CLI::App commandLine{"The cashier's window of the till.", "korvel-till-window"};
+    commandLine.set_version_flag("--version", "korvel-till-window " KORVEL_VERSION);
+    commandLine.failure_message(
+        [](const CLI::App *app, const CLI::Error &error) { return till::usageError(*app, error); });
+    till::TillOptions options(commandLine);
+    try {
+        commandLine.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        return commandLine.exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::CannotDo);
+    }
+    // The windows' library would take "--plugin" for an option of its own.
+    int programName = 1;
+    const QApplication application(programName, argv);
+    return run(options.given());
+}
