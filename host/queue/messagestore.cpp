@@ -294,7 +294,7 @@ bool MessageStore::mayTake(const Candidate &candidate, const Wanted &wanted)
 
 void MessageStore::noteOutcome(const QueueMessage &message)
 {
-    const QSqlQuery noted = database().run(
+    const int noted = database().change(
         u"UPDATE messages SET state = ?, next_attempt = ?, last_code = ?, last_error = ?, "
         u"answer = ?, answered_otherwise_since = ?, settled = ?, "
         u"lease_owner = '', lease_until = '' "
@@ -303,7 +303,7 @@ void MessageStore::noteOutcome(const QueueMessage &message)
             messagerow::present(message.lastError), messagerow::present(message.answer),
             messagerow::written(message.answeredOtherwiseSince),
             messagerow::written(message.settled), message.number, m_owner});
-    if (noted.numRowsAffected() == 0) {
+    if (noted == 0) {
         logger()->warn(
             u"message %1 was taken from its deliverer, its outcome is not noted"_s.arg(message.id));
         return;

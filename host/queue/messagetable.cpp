@@ -27,7 +27,7 @@ const QString &insertStatement()
 
 bool insert(QueueDatabase &database, const QueueMessage &message)
 {
-    return database.run(insertStatement(), messagerow::values(message)).numRowsAffected() > 0;
+    return database.change(insertStatement(), messagerow::values(message)) > 0;
 }
 
 QString select(const QStringList &columns)

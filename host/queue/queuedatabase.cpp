@@ -115,7 +115,7 @@ void QueueDatabase::setFact(const QString &name, const QString &value)
 
 void QueueDatabase::noteFact(const QString &name, const QString &value)
 {
-    run(m_dialect.noteFact, {value, name});
+    change(m_dialect.noteFact, {value, name});
 }
 
 std::chrono::steady_clock::time_point QueueDatabase::soon()
@@ -126,6 +126,25 @@ std::chrono::steady_clock::time_point QueueDatabase::soon()
 bool QueueDatabase::wasCut() const
 {
     return m_watch && m_watch->hasCut();
+}
+
+int QueueDatabase::change(const QString &statement, const QVariantList &values)
+{
+    if (m_dialect.isShared())
+        return run(statement, values).numRowsAffected();
+    auto found = m_changes.find(statement);
+    if (found == m_changes.end()) {
+        QSqlQuery query(m_connection.database());
+        if (!query.prepare(statement))
+            fail(m_fileName + u": the queue cannot be used", query.lastError());
+        found = m_changes.emplace(statement, std::move(query)).first;
+    }
+    QSqlQuery &query = found->second;
+    for (int place = 0; place < values.size(); ++place)
+        query.bindValue(place, values.at(place));
+    if (!query.exec())
+        fail(m_fileName + u": the queue cannot be used", query.lastError());
+    return query.numRowsAffected();
 }
 
 QSqlQuery QueueDatabase::run(
