@@ -4,6 +4,8 @@
 #include "host/queue/queueerror.h"
 #include "host/queue/server/connectionwatch.h"
 #include "host/queue/server/serverlookup.h"
+#include <log4qt/logger.h>
+#include <log4qt/logmanager.h>
 
 #include <QCoreApplication>
 #include <QSqlDriver>
@@ -98,6 +100,19 @@ QString find(const ServerAddress &address, std::chrono::steady_clock::time_point
     return found.networkAddress;
 }
 
+PGconn *handleOf(const QSqlDatabase &database)
+{
+    const QVariant handle = database.driver()->handle();
+    return *static_cast<PGconn *const *>(handle.constData());
+}
+
+// What the server says unasked, its end for instance. The library would print it.
+void logNotice(void *, const char *text)
+{
+    Log4Qt::LogManager::logger(u"poshost.queue"_s)
+        ->info(u"the queue's server says: "_s + QString::fromUtf8(text).simplified());
+}
+
 } // namespace
 
 void open(QSqlDatabase &database, const ServerAddress &address,
@@ -115,12 +130,12 @@ void open(QSqlDatabase &database, const ServerAddress &address,
     const ConnectionWatch watch(address, networkAddress, deadline);
     if (!database.open())
         failToReach(address, watch.hasCut() ? notAnsweredInTime : shown(database.lastError()));
+    PQsetNoticeProcessor(handleOf(database), logNotice, nullptr);
 }
 
 int socket(const QSqlDatabase &database)
 {
-    const QVariant handle = database.driver()->handle();
-    return PQsocket(*static_cast<PGconn *const *>(handle.constData()));
+    return PQsocket(handleOf(database));
 }
 
 void configure(QueueDatabase &database)

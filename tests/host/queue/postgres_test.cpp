@@ -140,6 +140,16 @@ TEST_F(PostgresTest, ServerItselfEndsWhatTakesTooLong)
     EXPECT_EQ(shown(u"idle_in_transaction_session_timeout"_s), u"10s"_s);
 }
 
+TEST_F(PostgresTest, WhatTheServerSaysUnaskedGoesToTheLogAndNotToTheTerminal)
+{
+    const LogCapture log(u"poshost.queue"_s);
+    const auto store = queueengine::openStore();
+    testing::internal::CaptureStderr();
+    store->database().run(u"DO $$ BEGIN RAISE WARNING 'tired'; END $$"_s);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_TRUE(log.has(u"INFO"_s, u"the queue's server says: WARNING: tired"_s));
+}
+
 TEST_F(PostgresTest, DatabaseThatCannotHoldEveryLanguageIsRefused)
 {
     ask(u"DROP DATABASE IF EXISTS latin"_s);
