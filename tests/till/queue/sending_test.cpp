@@ -1,11 +1,15 @@
 // deliver and watch, against a service.
 
 #include "host/queue/spillfile.h"
+#include "tests/host/storage/files.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/queue/holdingserver.h"
 #include "tests/till/queue/queueprogramfixture.h"
 
+#include <QRegularExpression>
+
 #include <csignal>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +19,8 @@ const QByteArray accepted
     = "<Envelope><ChequeResponse><ReturnCode>0</ReturnCode></ChequeResponse></Envelope>";
 const QByteArray refused
     = "<Envelope><ChequeResponse><ReturnCode>80241</ReturnCode></ChequeResponse></Envelope>";
+
+constexpr auto multiLine = QRegularExpression::MultilineOption;
 
 class SendingTest : public QueueProgramFixture
 {
@@ -66,8 +72,25 @@ public:
             }
         return process.readLine();
     }
+    /// A process that has just been started would still be ended by the signal.
+    static void waitUntilHandled(const QProcess &process, int signal)
+    {
+        const QString fileName = u"/proc/%1/status"_s.arg(process.processId());
+        const QRegularExpression handled(u"^SigCgt:\\s*([0-9a-f]+)$"_s, multiLine);
+        const QRegularExpression ended(u"^State:\\s*Z"_s, multiLine);
+        const auto bit = quint64{1} << (signal - 1);
+        for (bool isHandled = false; !isHandled; std::this_thread::yield()) {
+            const QString status = QString::fromLatin1(files::contents(fileName));
+            const QString mask = handled.match(status).captured(1);
+            constexpr int hexadecimal = 16;
+            isHandled = mask.toULongLong(nullptr, hexadecimal) & bit;
+            ASSERT_FALSE(mask.isEmpty() || ended.match(status).hasMatch())
+                << "it has ended by itself";
+        }
+    }
     static int whenSignalled(QProcess &process, int signal)
     {
+        waitUntilHandled(process, signal);
         ::kill(static_cast<pid_t>(process.processId()), signal);
         EXPECT_TRUE(process.waitForFinished());
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
