@@ -12,7 +12,8 @@ namespace emulator {
 /// - more than 256 attributes on one element: the parser compares each with all others;
 /// - more than 64 namespace declarations altogether: the parser looks each prefix up among those in
 ///   force, which can take hours for a message of 16 MiB;
-/// - more than a million tags, comments, instructions and attributes together: each takes the parser
+/// - more than a million tags, comments, instructions and attributes together: each takes the
+/// parser
 ///   some hundred bytes. A cheque of forty thousand positions has fewer.
 /// Whether the bytes are XML at all is left to the parser.
 QString complaintAboutXml(const QByteArray &bytes);
