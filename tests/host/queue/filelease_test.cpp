@@ -1,9 +1,8 @@
 // The leases of a queue's file: they end with the deliverer's process, or by this machine's clock.
 
 #include "host/queue/leaseowner.h"
-#include "host/queue/messagestore.h"
 #include "host/storage/filelock.h"
-#include "tests/host/queue/queuefixture.h"
+#include "tests/host/queue/leasefixture.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -12,8 +11,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-const QDateTime noon(QDate(2024, 11, 21), QTime(12, 0), Qt::UTC);
 
 /// The name of a deliverer whose process has ended.
 QString deadOwner()
@@ -71,36 +68,13 @@ TEST(LeaseOwnerTest, LeaseIsOverAtItsEnd)
     EXPECT_TRUE(leaseowner::isOver(deadOwner(), noon, noon.addMSecs(-1)));
 }
 
-class FileLeaseTest : public testing::Test, public QueueFixture
+class FileLeaseTest : public LeaseFixture
 {
 protected:
-    FileLeaseTest() { queue()->open(); }
-
-    void givenMessageOfLane(const QString &id, const QString &lane)
-    {
-        QueueMessage message;
-        message.id = id;
-        message.lane = lane;
-        message.enqueued = noon;
-        message.nextAttempt = noon;
-        one.append(message);
-    }
-    static QString idOf(const CheckedOut &taken)
-    {
-        return taken.message ? taken.message->id : u"none"_s;
-    }
     static void givenLeaseOf(const QString &owner)
     {
         ask(u"UPDATE messages SET lease_owner = ? WHERE state = 'sending'"_s, {owner});
     }
-    static QVariantList stateOf(const QString &id)
-    {
-        return ask(u"SELECT state, attempts, deliverers_lost FROM messages WHERE id = ?"_s, {id});
-    }
-
-    MessageStore one{databaseFile()};
-    MessageStore other{databaseFile()};
-    Wanted wanted{noon};
 };
 
 TEST_F(FileLeaseTest, LeaseNamesOwnerAndEnd)

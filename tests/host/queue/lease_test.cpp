@@ -1,8 +1,6 @@
 // Several deliverers: a message is in one's hands at a time, and comes back from a dead one.
 
-#include "host/queue/messagestore.h"
-#include "tests/host/queue/queueengine.h"
-#include "tests/host/queue/queuefixture.h"
+#include "tests/host/queue/leasefixture.h"
 #include "tests/support/logcapture.h"
 
 #include <gmock/gmock.h>
@@ -12,42 +10,15 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QDateTime noon(QDate(2024, 11, 21), QTime(12, 0), Qt::UTC);
-
-class LeaseTest : public testing::Test, public QueueFixture
+class LeaseTest : public LeaseFixture
 {
 protected:
-    LeaseTest() { queue()->open(); }
-
-    void givenMessageOfLane(const QString &id, const QString &lane)
-    {
-        QueueMessage message;
-        message.id = id;
-        message.lane = lane;
-        message.enqueued = noon;
-        message.nextAttempt = noon;
-        one.append(message);
-    }
-    static QString idOf(const CheckedOut &taken)
-    {
-        return taken.message ? taken.message->id : u"none"_s;
-    }
     /// The lease of what is in hand is another one's, and over.
     static void givenEndedLeaseOfAnother()
     {
         ask(u"UPDATE messages SET lease_owner = 'another', "
             u"lease_until = '2024-11-21T11:59:59.999Z' WHERE state = 'sending'"_s);
     }
-    static QVariantList stateOf(const QString &id)
-    {
-        return ask(u"SELECT state, attempts, deliverers_lost FROM messages WHERE id = ?"_s, {id});
-    }
-
-    const std::unique_ptr<MessageStore> ownStore = queueengine::openStore();
-    const std::unique_ptr<MessageStore> otherStore = queueengine::openStore();
-    MessageStore &one = *ownStore;
-    MessageStore &other = *otherStore;
-    Wanted wanted{noon};
 };
 
 TEST_F(LeaseTest, AMessageInHandIsNotGivenToAnother)
