@@ -106,7 +106,10 @@ void ConnectionWatch::cut()
         if (m_before.contains(number))
             continue;
         const Descriptor socket(number);
-        if (peerOf(socket.number()) == m_peer && ::shutdown(socket.number(), SHUT_RDWR) == 0)
-            m_hasCut = true;
+        if (peerOf(socket.number()) != m_peer)
+            continue;
+        // Before it is cut: whoever waits for it goes on at once, and asks.
+        m_hasCut = true;
+        ::shutdown(socket.number(), SHUT_RDWR);
     }
 }
