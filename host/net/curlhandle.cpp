@@ -1,5 +1,7 @@
 #include "host/net/curlhandle.h"
 
+#include "host/net/exchangememory.h"
+
 namespace {
 
 constexpr long on = 1;
@@ -23,8 +25,20 @@ CurlHandle::CurlHandle(
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_FOLLOWLOCATION, off);
     set(CURLOPT_TIMEOUT_MS, long{limit.count()});
+    share(settings);
     setConnection(settings);
     setTls(settings);
+}
+
+void CurlHandle::share(const ExchangeSettings &settings)
+{
+    m_share = ExchangeMemory::instance().recall(settings, std::chrono::steady_clock::now());
+    set(CURLOPT_SHARE, m_share->get());
+}
+
+void CurlHandle::forgetShared()
+{
+    ExchangeMemory::instance().forget(m_share);
 }
 
 void CurlHandle::setConnection(const ExchangeSettings &settings)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/net/curlshare.h"
 #include "host/net/exchangesettings.h"
 
 #include <QByteArray>
@@ -13,7 +14,8 @@
 
 /// One libcurl easy handle with what every exchange of the host has in common: a connection of its
 /// own that is never used again, HTTP/1.1 over http or https, no redirects, nothing taken from the
-/// environment, verified certificates, no signals.
+/// environment, verified certificates, no signals. Names and TLS sessions come from the exchanges
+/// before it and go to those after it: see `ExchangeMemory`.
 ///
 /// To be used from one thread at a time. Options that fail are remembered:
 /// `setUpResult`.
@@ -38,6 +40,8 @@ public:
     /// What libcurl says about a failure, in English; never empty for one.
     [[nodiscard]] QByteArray errorText(CURLcode result) const;
     [[nodiscard]] CURL *get() const { return m_handle.get(); }
+    /// Hands nothing on to the exchanges after this one, whose end was a failure.
+    void forgetShared();
 
 private:
     struct Cleanup
@@ -46,10 +50,12 @@ private:
     };
 
     void note(CURLcode result);
+    void share(const ExchangeSettings &settings);
     void setConnection(const ExchangeSettings &settings);
     void setTls(const ExchangeSettings &settings);
 
     std::array<char, CURL_ERROR_SIZE> m_errorText{};
+    std::shared_ptr<CurlShare> m_share; ///< outlives the handle
     std::unique_ptr<CURL, Cleanup> m_handle;
     CURLcode m_setUpResult = CURLE_OK;
 };
