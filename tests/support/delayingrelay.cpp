@@ -61,6 +61,7 @@ public:
     { }
 
     [[nodiscard]] pollfd watched() const { return {m_ended ? -1 : m_from, POLLIN, 0}; }
+    [[nodiscard]] bool hasEnded() const { return m_ended; }
     [[nodiscard]] bool isDone() const { return m_ended && m_travelling.empty(); }
     [[nodiscard]] std::optional<Clock::time_point> nextArrival() const
     {
@@ -192,7 +193,9 @@ void DelayingRelay::passOn(int client, qsizetype number)
             break;
         if (watched[0].revents != 0)
             isAsking = asked.take(hasHeard ? m_oneWay : m_oneWay + setUp) || isAsking;
-        if (watched[1].revents != 0 && answered.take(m_oneWay) && std::exchange(isAsking, false))
+        // Who has ended waits for nothing more; a server may still say farewell.
+        const bool isAnswered = watched[1].revents != 0 && answered.take(m_oneWay);
+        if (isAnswered && std::exchange(isAsking, false) && !asked.hasEnded())
             noteRoundTrip(number);
         asked.deliver(Clock::now());
         hasHeard = answered.deliver(Clock::now()) || hasHeard;

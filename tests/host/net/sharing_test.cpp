@@ -137,12 +137,12 @@ TEST_F(SharingTest, DistrustsAServerWhoseAuthorityWasReplaced)
 
 TEST_F(SharingTest, ForgetsTheSessionOfAnotherCertificateOfItsOwn)
 {
+    const QString certificate = copyOf(m_tlsServer.certificateFile(), u"certificate.pem"_s);
     const QString key = copyOf(m_tlsServer.keyFile(), u"key.pem"_s);
+    givenSetting(u"RestClient:clientCert"_s, certificate);
     givenSetting(u"RestClient:clientKey"_s, key);
-    givenSetting(u"RestClient:clientCert"_s, m_tlsServer.certificateFile());
     whenAsked();
-    givenSetting(
-        u"RestClient:clientCert"_s, copyOf(m_tlsServer.certificateFile(), u"certificate.pem"_s));
+    givenReplaced(certificate, m_tlsServer.certificateFile());
     whenAsked();
     givenReplaced(key, m_tlsServer.keyFile());
     whenAsked();
