@@ -6,8 +6,11 @@
 
 #include "client/interface.h"
 #include "common/host/services.h"
+#include "tests/host/net/tlsserver.h"
 
 #include <QDomDocument>
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 #include <curl/curl.h>
@@ -65,7 +68,8 @@ curl_slist *headersOf(const korvelLoyaltyOnline::Interface &client)
     return lines;
 }
 
-QByteArray postWithFreshHandle(const QByteArray &url, const QByteArray &body, curl_slist *headers)
+QByteArray postWithFreshHandle(const QByteArray &url, const QByteArray &body, curl_slist *headers,
+    const QByteArray &authorities = {})
 {
     QByteArray answer;
     CURL *const handle = curl_easy_init();
@@ -75,6 +79,8 @@ QByteArray postWithFreshHandle(const QByteArray &url, const QByteArray &body, cu
     curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headers);
     curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &append);
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, &answer);
+    if (!authorities.isEmpty())
+        curl_easy_setopt(handle, CURLOPT_CAINFO, authorities.constData());
     curl_easy_perform(handle);
     curl_easy_cleanup(handle);
     return answer;
@@ -104,6 +110,48 @@ void sendByHand(benchmark::State &state)
     curl_slist_free_all(headers);
 }
 
+/// The system's authorities and the server's certificate, which is none of theirs.
+QByteArray authorities(const QTemporaryDir &folder, const TlsServer &server)
+{
+    const QString name = folder.filePath(u"authorities.pem"_s);
+    QFile file(name);
+    QFile system(QString::fromLocal8Bit(curl_version_info(CURLVERSION_NOW)->cainfo));
+    QFile own(server.certificateFile());
+    if (file.open(QIODevice::WriteOnly) && system.open(QIODevice::ReadOnly)
+        && own.open(QIODevice::ReadOnly))
+        file.write(system.readAll() + own.readAll());
+    return QFile::encodeName(name);
+}
+
+void postWithTls(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const TlsServer server;
+    Singleton<Config>::instance()->set(
+        u"RestClient:caFile"_s, QFile::decodeName(authorities(folder, server)));
+    const auto post = [&] {
+        const auto client = MockFactory<RestClient>::create();
+        client->post(server.url(), "<a/>", {});
+        if (client->errorCode() != RestClient::None)
+            state.SkipWithError("the exchange failed");
+    };
+    // The first of a till reads the authorities.
+    post();
+    for (auto _ : state)
+        post();
+    Singleton<Config>::reset();
+}
+
+void postWithTlsByHand(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const TlsServer server;
+    const QByteArray url = server.url().toEncoded();
+    const QByteArray file = authorities(folder, server);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(postWithFreshHandle(url, "<a/>", nullptr, file));
+}
+
 void usePositions(benchmark::internal::Benchmark *cases)
 {
     cases->Arg(10)->Arg(1000)->Unit(benchmark::kMicrosecond)->UseRealTime();
@@ -112,5 +160,7 @@ void usePositions(benchmark::internal::Benchmark *cases)
 BENCHMARK(sendRequest)->Apply(usePositions);
 BENCHMARK(sendAndParseByHand)->Apply(usePositions);
 BENCHMARK(sendByHand)->Apply(usePositions);
+BENCHMARK(postWithTls)->Unit(benchmark::kMicrosecond)->UseRealTime();
+BENCHMARK(postWithTlsByHand)->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace

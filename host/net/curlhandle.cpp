@@ -25,20 +25,23 @@ CurlHandle::CurlHandle(
     set(CURLOPT_PROTOCOLS_STR, "http,https");
     set(CURLOPT_FOLLOWLOCATION, off);
     set(CURLOPT_TIMEOUT_MS, long{limit.count()});
-    share(settings);
     setConnection(settings);
     setTls(settings);
+    share(url, settings);
 }
 
-void CurlHandle::share(const ExchangeSettings &settings)
+void CurlHandle::share(const QUrl &url, const ExchangeSettings &settings)
 {
-    m_share = ExchangeMemory::instance().recall(settings, std::chrono::steady_clock::now());
-    set(CURLOPT_SHARE, m_share->get());
+    m_shared = ExchangeMemory::instance().recall(settings, std::chrono::steady_clock::now());
+    set(CURLOPT_SHARE, m_shared->namesAndSessions.get());
+    // A proxy with TLS has authorities of its own, which these would take the place of.
+    if (url.scheme() == QLatin1String("https") && settings.proxy.isEmpty())
+        m_shared->authorities->useFor(m_handle.get());
 }
 
 void CurlHandle::forgetShared()
 {
-    ExchangeMemory::instance().forget(m_share);
+    ExchangeMemory::instance().forget(m_shared);
 }
 
 void CurlHandle::setConnection(const ExchangeSettings &settings)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/net/curlshare.h"
 #include "host/net/exchangesettings.h"
 
 #include <QByteArray>
@@ -12,10 +11,12 @@
 #include <chrono>
 #include <memory>
 
+struct SharedKnowledge;
+
 /// One libcurl easy handle with what every exchange of the host has in common: a connection of its
 /// own that is never used again, HTTP/1.1 over http or https, no redirects, nothing taken from the
-/// environment, verified certificates, no signals. Names and TLS sessions come from the exchanges
-/// before it and go to those after it: see `ExchangeMemory`.
+/// environment, verified certificates, no signals. Names, TLS sessions and authorities come from
+/// the exchanges before it and go to those after it: see `ExchangeMemory`.
 ///
 /// To be used from one thread at a time. Options that fail are remembered:
 /// `setUpResult`.
@@ -50,12 +51,12 @@ private:
     };
 
     void note(CURLcode result);
-    void share(const ExchangeSettings &settings);
+    void share(const QUrl &url, const ExchangeSettings &settings);
     void setConnection(const ExchangeSettings &settings);
     void setTls(const ExchangeSettings &settings);
 
     std::array<char, CURL_ERROR_SIZE> m_errorText{};
-    std::shared_ptr<CurlShare> m_share; ///< outlives the handle
+    std::shared_ptr<SharedKnowledge> m_shared; ///< outlives the handle
     std::unique_ptr<CURL, Cleanup> m_handle;
     CURLcode m_setUpResult = CURLE_OK;
 };

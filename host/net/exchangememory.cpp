@@ -11,21 +11,27 @@ ExchangeMemory &ExchangeMemory::instance()
     return memory;
 }
 
-std::shared_ptr<CurlShare> ExchangeMemory::recall(const ExchangeSettings &settings, TimePoint now)
+std::shared_ptr<SharedKnowledge> ExchangeMemory::recall(
+    const ExchangeSettings &settings, TimePoint now)
 {
     TrustBasis basis = trustBasis(settings);
     const std::lock_guard lock(m_mutex);
-    if (m_share && m_basis == basis && now - m_begun < longest)
-        return m_share;
-    m_basis = std::move(basis);
-    m_begun = now;
-    m_share = std::make_shared<CurlShare>();
-    return m_share;
+    if (!m_authorities || m_basis != basis || now - m_begun >= longest) {
+        m_basis = std::move(basis);
+        m_begun = now;
+        m_authorities = std::make_shared<Authorities>(settings);
+        m_knowledge.reset();
+    }
+    if (!m_knowledge) {
+        m_knowledge = std::make_shared<SharedKnowledge>();
+        m_knowledge->authorities = m_authorities;
+    }
+    return m_knowledge;
 }
 
-void ExchangeMemory::forget(const std::shared_ptr<CurlShare> &share)
+void ExchangeMemory::forget(const std::shared_ptr<SharedKnowledge> &knowledge)
 {
     const std::lock_guard lock(m_mutex);
-    if (m_share == share)
-        m_share.reset();
+    if (m_knowledge == knowledge)
+        m_knowledge.reset();
 }

@@ -198,7 +198,7 @@ TEST_F(SharingTest, LooksANameUpAgainAfterAnExchangeThatFailed)
 class ExchangeMemoryTest : public testing::Test
 {
 protected:
-    std::shared_ptr<CurlShare> recalled(ExchangeMemory::TimePoint now = {})
+    std::shared_ptr<SharedKnowledge> recalled(ExchangeMemory::TimePoint now = {})
     {
         return m_memory.recall(m_settings, now);
     }
@@ -211,7 +211,7 @@ TEST_F(ExchangeMemoryTest, IsTheSameForEveryExchange)
 {
     const auto first = recalled();
 
-    EXPECT_NE(first->get(), nullptr);
+    EXPECT_NE(first->namesAndSessions.get(), nullptr);
     EXPECT_EQ(recalled(), first);
 }
 
@@ -229,6 +229,16 @@ TEST_F(ExchangeMemoryTest, IsAnotherBehindAProxy)
     m_settings.proxy = "http://127.0.0.1:3128";
 
     EXPECT_NE(recalled(), first);
+}
+
+TEST_F(ExchangeMemoryTest, ReadsTheAuthoritiesAgainWhenTheyChangeOnly)
+{
+    const auto first = recalled();
+    m_memory.forget(first);
+    EXPECT_EQ(recalled()->authorities, first->authorities);
+
+    m_settings.caFile = "/other/authorities.pem";
+    EXPECT_NE(recalled()->authorities, first->authorities);
 }
 
 TEST_F(ExchangeMemoryTest, KeepsWhatFollowedTheForgotten)

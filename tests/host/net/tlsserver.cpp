@@ -45,7 +45,13 @@ void addExtension(X509 &certificate, int id, const QByteArray &value)
     X509_EXTENSION_free(extension);
 }
 
-Certificate selfSigned(EVP_PKEY &key, const QString &address)
+void setName(X509_NAME &name, std::string_view text)
+{
+    X509_NAME_add_entry_by_txt(&name, "CN", MBSTRING_ASC,
+        reinterpret_cast<const unsigned char *>(text.data()), static_cast<int>(text.size()), -1, 0);
+}
+
+Certificate unsignedCertificate(EVP_PKEY &key, const QString &address)
 {
     Certificate certificate(X509_new());
     X509_set_version(certificate.get(), X509_VERSION_3);
@@ -53,14 +59,26 @@ Certificate selfSigned(EVP_PKEY &key, const QString &address)
     X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -lifetimeSeconds);
     X509_gmtime_adj(X509_getm_notAfter(certificate.get()), lifetimeSeconds);
     X509_set_pubkey(certificate.get(), &key);
-    X509_NAME *const name = X509_get_subject_name(certificate.get());
-    const std::array<unsigned char, 4> commonName{'t', 'e', 's', 't'};
-    X509_NAME_add_entry_by_txt(
-        name, "CN", MBSTRING_ASC, commonName.data(), static_cast<int>(commonName.size()), -1, 0);
-    X509_set_issuer_name(certificate.get(), name);
+    setName(*X509_get_subject_name(certificate.get()), "test");
     addExtension(*certificate, NID_subject_alt_name, "IP:" + address.toLatin1());
+    return certificate;
+}
+
+Certificate selfSigned(EVP_PKEY &key, const QString &address)
+{
+    Certificate certificate = unsignedCertificate(key, address);
+    X509_set_issuer_name(certificate.get(), X509_get_subject_name(certificate.get()));
     addExtension(*certificate, NID_basic_constraints, "critical,CA:TRUE");
     require(X509_sign(certificate.get(), &key, EVP_sha256()) > 0);
+    return certificate;
+}
+
+Certificate signedByAnother(EVP_PKEY &key, const QString &address)
+{
+    Certificate certificate = unsignedCertificate(key, address);
+    setName(*X509_get_issuer_name(certificate.get()), "another");
+    const Key another(EVP_EC_gen("P-256"));
+    require(X509_sign(certificate.get(), another.get(), EVP_sha256()) > 0);
     return certificate;
 }
 
@@ -84,7 +102,8 @@ struct TlsServer::Private
 
     Private(Manner givenManner, const QString &address)
         : manner(givenManner)
-        , certificate(selfSigned(*key, address))
+        , certificate(manner == Manner::VouchedForByAnother ? signedByAnother(*key, address)
+                                                            : selfSigned(*key, address))
     {
         setUp();
     }
@@ -187,6 +206,8 @@ void TlsServer::serveConnection(int socket)
         return;
     SSL_new_session_ticket(connection.get());
     SSL_write(connection.get(), answer.data(), static_cast<int>(answer.size()));
+    // Says no farewell, which could cross the client's, but keeps the session.
+    SSL_set_quiet_shutdown(connection.get(), 1);
     SSL_shutdown(connection.get());
 }
 

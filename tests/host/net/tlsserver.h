@@ -30,7 +30,8 @@ public:
         Answers,
         AsksForCertificate, ///< answers only who shows the server's own
         HangsUp, ///< after the handshake
-        SpeaksTls12 ///< and nothing newer
+        SpeaksTls12, ///< and nothing newer
+        VouchedForByAnother ///< its certificate is not self-signed
     };
 
     /// @param address that the certificate is made out to, an IP address.
