@@ -65,6 +65,7 @@ TEST_F(TlsTest, RefusesWhenTheTrustedCertificatesCannotBeRead)
     whenPosted(server.url());
 
     thenFailedWith(RestClient::TlsFailed);
+    EXPECT_TRUE(m_log.lines().join(u'\n').contains(u"/no/such/file.pem"));
 }
 
 TEST_F(TlsTest, ShowsItsOwnCertificateToAServerThatAsks)
