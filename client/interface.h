@@ -27,6 +27,7 @@ class Logger;
 namespace korvelLoyaltyOnline {
 
 class AnswerIndex;
+struct ConfiguredSection;
 
 /// The client of the loyalty service: composes requests, sends or queues them, reads the answers.
 ///
@@ -156,12 +157,16 @@ private:
     void readForbiddenCardStatuses(const Config &config);
 
     QDomElement formItem(const QSharedPointer<GoodsItem> &position,
-        const QMap<QString, QVariant> &data, QDomDocument &request) const;
+        const QMap<QString, QVariant> &data, QDomDocument &request,
+        const QList<ConfiguredSection> &sections) const;
     double minimumPrice(const GoodsItem &position) const;
     QList<QDomElement> formStoredAttributes(
         const QMap<QString, QVariant> &data, QDomDocument &request) const;
-    QList<QDomElement> formConfiguredAttributes(
-        const QSharedPointer<GoodsItem> &position, QDomDocument &request) const;
+    QList<QDomElement> formPositionAttributes(const QMap<QString, QVariant> &data,
+        QDomDocument &request, const QSharedPointer<GoodsItem> &position,
+        const QList<ConfiguredSection> &sections) const;
+    QList<QDomElement> formConfiguredAttributes(const QSharedPointer<GoodsItem> &position,
+        QDomDocument &request, const QList<ConfiguredSection> &sections) const;
     QList<QDomElement> formOptionAttributes(const GoodsItem &position, QDomDocument &request) const;
     QDomElement formExtendedAttribute(
         QDomDocument &request, const QMap<QString, QString> &attributes) const;
