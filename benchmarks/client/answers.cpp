@@ -54,6 +54,17 @@ void parseAndReadAnswer(benchmark::State &state)
     }
 }
 
+void readAnswer(benchmark::State &state)
+{
+    const korvelLoyaltyOnline::Interface client;
+    const QDomDocument document = parsedAnswerOf(positionsOf(state));
+    for (auto _ : state) {
+        Values result;
+        client.fillRequestResult(document, result);
+        benchmark::DoNotOptimize(result);
+    }
+}
+
 void readAnswerAndCoupons(benchmark::State &state)
 {
     const korvelLoyaltyOnline::Interface client;
@@ -104,6 +115,7 @@ void useChequeSizes(benchmark::internal::Benchmark *cases)
 BENCHMARK(guardAnswer)->Apply(useChequeSizes);
 BENCHMARK(parseAnswer)->Apply(useChequeSizes);
 BENCHMARK(parseAndReadAnswer)->Apply(useChequeSizes);
+BENCHMARK(readAnswer)->Apply(useChequeSizes);
 BENCHMARK(readAnswerAndCoupons)->Apply(useChequeSizes);
 BENCHMARK(buildMap)->Apply(useChequeSizes);
 
