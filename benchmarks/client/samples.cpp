@@ -26,11 +26,18 @@ double priceOf(int number)
     return 0.9 + number % differentPrices;
 }
 
-QByteArray figures(double sum)
+QByteArray sums(double sum)
 {
     return line("Summ", amount(sum)) + line("Discount", "10.00")
-        + line("SummDiscounted", amount(0.9 * sum)) + line("ActiveChargedBonus", amount(0.05 * sum))
-        + line("ChargedStatusBonus", amount(0.01 * sum)) + line("WriteoffBonus", "0.00");
+        + line("SummDiscounted", amount(0.9 * sum));
+}
+
+QByteArray chequeFigures(double sum)
+{
+    return line("TransactionID", "0000000001") + line("Processed", "2024-03-05T17:04:10")
+        + sums(sum) + line("AvailablePayment", "371.03") + line("CardNormalActiveBalance", "432.11")
+        + line("ChargedStatusBonus", "6.42") + line("ActiveChargedBonus", "38.53")
+        + line("WriteoffBonus", "0.00");
 }
 
 QByteArray couponNumber(int number)
@@ -48,13 +55,25 @@ QByteArray messages()
 
 QByteArray couponElements()
 {
-    QByteArray elements;
-    for (int number = 1; number <= coupons; ++number)
-        elements += "     <Coupon>\n" + line("Number", "99" + QByteArray::number(number))
-            + line("EmissionID", "SPRING") + line("ApplicabilityCode", "1")
-            + "     </Coupon>\n     <InstantCoupon>\n" + line("Number", couponNumber(number))
-            + "     </InstantCoupon>\n";
-    return elements;
+    QByteArray used;
+    QByteArray given;
+    for (int number = 1; number <= coupons; ++number) {
+        used += "      <Coupon>\n" + line("Number", "99" + QByteArray::number(number))
+            + line("EmissionID", "SPRING") + line("ApplicabilityCode", "1") + "      </Coupon>\n";
+        given += "      <InstantCoupon>\n" + line("Number", couponNumber(number))
+            + "      </InstantCoupon>\n";
+    }
+    return "     <Coupons>\n" + used + "     </Coupons>\n     <InstantCoupons>\n" + given
+        + "     </InstantCoupons>\n";
+}
+
+QByteArray item(int number)
+{
+    const double sum = priceOf(number);
+    return "     <Item>\n" + line("PositionNumber", QByteArray::number(number)) + sums(sum)
+        + line("ActiveChargedBonus", amount(0.05 * sum))
+        + line("ChargedStatusBonus", amount(0.01 * sum)) + line("WriteoffBonus", "0.00")
+        + "     </Item>\n";
 }
 
 } // namespace
@@ -66,13 +85,10 @@ QByteArray answerOf(int positions)
                         " <soap:Body>\n  <ProcessRequestResponse "
                         "xmlns=\"http://schemas.korvel.example/loyalty/processing\">\n"
                         "   <ProcessRequestResult>\n    <ChequeResponse>\n";
-    answer += line("ReturnCode", "0") + line("Message", "") + line("TransactionID", "0000000001")
-        + line("Processed", "2024-03-05T17:04:10") + figures(priceOf(positions))
-        + line("AvailablePayment", "371.03") + line("CardNormalActiveBalance", "432.11")
+    answer += line("ReturnCode", "0") + line("Message", "") + chequeFigures(priceOf(positions))
         + messages() + couponElements();
     for (int number = 1; number <= positions; ++number)
-        answer += "     <Item>\n" + line("PositionNumber", QByteArray::number(number))
-            + figures(priceOf(number)) + "     </Item>\n";
+        answer += item(number);
     return answer
         + "    </ChequeResponse>\n   </ProcessRequestResult>\n  </ProcessRequestResponse>\n"
           " </soap:Body>\n</soap:Envelope>\n";

@@ -1,5 +1,6 @@
 #include "client/answer/answerindex.h"
 
+#include "client/answer/decimal.h"
 #include "client/names.h"
 #include "common/names.h"
 
@@ -64,7 +65,7 @@ std::optional<Field> fieldNamed(const QString &text)
     if (length >= candidates.size())
         return std::nullopt;
     for (const Name &name : candidates[length])
-        if (name.text == text)
+        if (name.text.front() == text.front() && name.text == text)
             return name.field;
     return std::nullopt;
 }
@@ -145,6 +146,12 @@ QString AnswerIndex::text(Field field, Span span) const
 {
     const std::size_t place = next(field, span.begin, span.end);
     return place == span.end ? QString() : m_findings[place].text;
+}
+
+double AnswerIndex::number(Field field, Span span) const
+{
+    const std::size_t place = next(field, span.begin, span.end);
+    return place == span.end ? 0.0 : decimal(m_findings[place].text);
 }
 
 std::vector<QDomElement> AnswerIndex::attributes(Span span) const

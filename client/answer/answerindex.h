@@ -60,6 +60,8 @@ public:
     /// Text of the first such element in the span; null when there is none, and not null otherwise.
     /// Only for fields that hold no others.
     [[nodiscard]] QString text(Field field, Span span) const;
+    /// The same text as a number, 0 for what is none.
+    [[nodiscard]] double number(Field field, Span span) const;
     /// The elements "ExtendedAttribute" in the span, in document order.
     [[nodiscard]] std::vector<QDomElement> attributes(Span span) const;
     /// Likewise the direct children of the scope's first "ChequeResponse".

@@ -1,5 +1,4 @@
 #include "client/answer/answerindex.h"
-#include "client/answer/decimal.h"
 #include "client/couponmessage.h"
 #include "client/interface.h"
 #include "client/names.h"
@@ -26,7 +25,7 @@ void readFigures(const AnswerIndex &answer, Values &result)
         result.insert(name, answer.text(field, answer.whole()));
     };
     const auto number = [&](const QString &name, Field field) {
-        result.insert(name, decimal(answer.text(field, answer.whole())));
+        result.insert(name, answer.number(field, answer.whole()));
     };
     text(result::availablePayment, Field::AvailablePayment);
     text(result::cardNormalActiveBalance, Field::CardNormalActiveBalance);
@@ -73,7 +72,7 @@ Values readPosition(const AnswerIndex &answer, Span item)
     Values position = none;
     auto value = position.begin();
     for (const Figure &figure : positionFigures)
-        (value++)->setValue(decimal(answer.text(figure.field, item)));
+        (value++)->setValue(answer.number(figure.field, item));
     return position;
 }
 
