@@ -78,6 +78,8 @@ QJsonObject writeHead(const AbstractDocument &document)
     };
     if (document.isRegistrationBegun())
         head.insert(u"registrationBegun"_s, true);
+    if (document.isBookingUnknown())
+        head.insert(u"bookingUnknown"_s, true);
     return head;
 }
 
@@ -93,6 +95,8 @@ void readHead(const JsonField &field, AbstractDocument &document)
     document.setChequeText(field.at(u"chequeText"_s).text());
     if (const auto begun = field.find(u"registrationBegun"_s))
         document.setRegistrationBegun(begun->flag());
+    if (const auto unknown = field.find(u"bookingUnknown"_s))
+        document.setBookingUnknown(unknown->flag());
 }
 
 QJsonArray writePositions(const AbstractDocument &document)
