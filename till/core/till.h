@@ -137,6 +137,8 @@ private:
     void payRest();
     [[nodiscard]] bool confirmClosing(Outcome &outcome);
     void registerSale(Outcome &outcome);
+    [[nodiscard]] QString takeDoubtfulBooking() const;
+    void noteThatRollbackBegins();
     [[nodiscard]] bool settleBegunRegistration(Outcome &outcome);
     void putOut(Outcome &outcome);
     [[nodiscard]] receipt::Booking booking() const;
