@@ -59,15 +59,16 @@ QString statusOf(const AbstractDocument &document, const DocumentCardRecord &rec
                                              : texts::cardRegistered.ui();
 }
 
-CustomerView customerOf(const AbstractDocument &document)
+CustomerView customerOf(const AbstractDocument &document, const QString &refusedCard)
 {
     CustomerView view;
-    view.status = texts::cardMissing.ui();
+    view.status = refusedCard.isEmpty() ? texts::cardMissing.ui() : refusedCard;
     const auto record = document.getCardRecord(ECardMode::OnlineLoyalty);
     if (!record)
         return view;
     view.card = record->getNumber().toString();
-    view.status = statusOf(document, *record);
+    if (refusedCard.isEmpty())
+        view.status = statusOf(document, *record);
     if (const auto client = record->getCard()->getClient())
         view.type = client->getName();
     // A return's record has the balance of the sale, which is not the one of now.
@@ -83,17 +84,17 @@ CustomerView customerOf(const AbstractDocument &document)
 
 } // namespace
 
-ChequeView chequeView(const AbstractDocument *document)
+ChequeView chequeView(const AbstractDocument *document, const QString &refusedCard)
 {
     ChequeView view;
     view.title = texts::emptyDesk.ui();
     view.total = amountText(0.0);
-    view.customer.status = texts::cardMissing.ui();
+    view.customer.status = refusedCard.isEmpty() ? texts::cardMissing.ui() : refusedCard;
     if (!document)
         return view;
     view.title = titleOf(*document);
     view.total = amountText(document->getSumAfterDiscounts());
-    view.customer = customerOf(*document);
+    view.customer = customerOf(*document, refusedCard);
     const auto goods = document->getGoods();
     for (const auto &position : goods)
         view.positions.append(rowOf(*position));

@@ -32,7 +32,7 @@ Desk::Desk(Till &till, const Exchanges &exchanges, Recorder &recorder, Cashier &
     , m_exchanges(exchanges)
     , m_recorder(recorder)
     , m_cashier(cashier)
-    , m_cheque(chequeView(nullptr))
+    , m_cheque(chequeView(nullptr, {}))
 { }
 
 void Desk::start()
@@ -190,7 +190,8 @@ bool Desk::carryOut(const std::function<Outcome()> &operation)
     }
     m_isBusy = false;
     m_connection.observe(m_exchanges.count(), m_exchanges.lastSucceeded(), now());
-    m_cheque = chequeView(m_till.document().get());
+    m_cheque = chequeView(m_till.document().get(), m_refusedCard);
+    m_preview = m_till.receiptPreview();
     return isDone;
 }
 
@@ -204,8 +205,8 @@ void Desk::tell(const QString &message)
 void Desk::take(const Outcome &outcome)
 {
     const Recording recording = m_recorder.take();
-    for (const QString &paper : recording.screen)
-        m_paper = paper;
+    takePaper(outcome, recording.screen);
+    noteCard(outcome);
     if (std::any_of(recording.events.cbegin(), recording.events.cend(), asksLoyaltySystem))
         takeLoyaltyMessages((outcome.left ? outcome.left : m_till.document()).get());
     if (outcome.refusal)
@@ -214,6 +215,23 @@ void Desk::take(const Outcome &outcome)
         tell(texts::stopped.ui());
     for (const tr::Tr &notice : outcome.notices)
         tell(notice.ui());
+}
+
+void Desk::takePaper(const Outcome &outcome, const QStringList &sheets)
+{
+    if (outcome.left || !sheets.isEmpty())
+        m_printed = sheets.join(QString());
+}
+
+// A refused card leaves nothing on the cheque that would tell of it.
+void Desk::noteCard(const Outcome &outcome)
+{
+    if (!outcome.presentedCard.isEmpty())
+        m_refusedCard = outcome.refusal
+            ? texts::cardRefused.arg(outcome.presentedCard).arg(outcome.refusal->message.ui()).ui()
+            : QString();
+    else if (outcome.left)
+        m_refusedCard.clear();
 }
 
 void Desk::takeLoyaltyMessages(const AbstractDocument *document)

@@ -41,8 +41,11 @@ public:
     [[nodiscard]] const ChequeView &cheque() const { return m_cheque; }
     /// What the cashier has not read yet, oldest first.
     [[nodiscard]] const QStringList &messages() const { return m_messages; }
-    /// The last paper that was printed, as the printer got it; empty before the first.
-    [[nodiscard]] QString paper() const { return m_paper; }
+    /// What the printer would get for the open document as it is now; at an empty desk what it got
+    /// for the last one, which is nothing where that was cancelled.
+    [[nodiscard]] QString paper() const { return isPreview() ? m_preview : m_printed; }
+    /// Whether the paper is still to be printed.
+    [[nodiscard]] bool isPreview() const { return !m_preview.isEmpty(); }
     [[nodiscard]] const Connection &connection() const { return m_connection; }
     /// What waits in the outgoing queue, looked up now; why it cannot be told where that is so.
     /// During an operation the queue is the till's, and this is as it was before.
@@ -68,6 +71,8 @@ private:
 
     void tell(const QString &message);
     void take(const Outcome &outcome);
+    void takePaper(const Outcome &outcome, const QStringList &sheets);
+    void noteCard(const Outcome &outcome);
     void takeLoyaltyMessages(const AbstractDocument *document);
 
     Till &m_till;
@@ -76,7 +81,9 @@ private:
     Cashier &m_cashier;
     ChequeView m_cheque;
     QStringList m_messages;
-    QString m_paper;
+    QString m_preview; ///< empty: no document is open
+    QString m_printed;
+    QString m_refusedCard; ///< the last card that was presented and refused, with the reason
     Connection m_connection;
     QString m_queueState;
     bool m_isBusy = false; ///< an operation runs, maybe below one of its dialogs

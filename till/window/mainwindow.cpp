@@ -67,6 +67,7 @@ MainWindow::MainWindow(Desk &desk)
     , m_total(makeLabel(u"total"_s))
     , m_customer(new CustomerPanel)
     , m_coupons(makeList(u"coupons"_s, couponsHeight))
+    , m_paperName(makeLabel(u"heading"_s))
     , m_paper(new QPlainTextEdit)
     , m_serviceState(makeLabel(u"serviceState"_s))
     , m_queueState(makeLabel(u"queueState"_s))
@@ -126,7 +127,7 @@ QWidget *MainWindow::makeCustomerSide()
     rows->addWidget(m_customer);
     rows->addWidget(makeLabel(u"heading"_s, texts::coupons.ui()));
     rows->addWidget(m_coupons);
-    rows->addWidget(makeLabel(u"heading"_s, texts::paper.ui()));
+    rows->addWidget(m_paperName);
     m_paper->setObjectName(u"paper"_s);
     m_paper->setReadOnly(true);
     m_paper->setFocusPolicy(Qt::NoFocus);
@@ -171,6 +172,7 @@ void MainWindow::refresh()
     fill(*m_coupons, cheque.coupons);
     fill(*m_messages, m_desk.messages());
     m_messages->setVisible(!m_desk.messages().isEmpty());
+    m_paperName->setText(m_desk.isPreview() ? texts::preview.ui() : texts::paper.ui());
     m_paper->setPlainText(m_desk.paper());
     refreshState();
     m_input->setFocus();

@@ -56,6 +56,7 @@ private:
     QLabel *m_total;
     CustomerPanel *m_customer;
     QListWidget *m_coupons;
+    QLabel *m_paperName;
     QPlainTextEdit *m_paper;
     QLabel *m_serviceState;
     QLabel *m_queueState;

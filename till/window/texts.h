@@ -22,6 +22,8 @@ inline const tr::Tr cardAccepted(
     QStringLiteral("windowCardAccepted"), QStringLiteral("карта принята"));
 inline const tr::Tr cardRegistered(
     QStringLiteral("windowCardRegistered"), QStringLiteral("чек зарегистрирован"));
+inline const tr::Tr cardRefused(
+    QStringLiteral("windowCardRefused"), QStringLiteral("карта %1 не принята: %2"));
 inline const tr::Tr cardOfSale(
     QStringLiteral("windowCardOfSale"), QStringLiteral("карта из чека продажи"));
 
@@ -124,6 +126,8 @@ inline const tr::Tr customerStatus(
     QStringLiteral("windowCustomerStatus"), QStringLiteral("Состояние"));
 inline const tr::Tr coupons(QStringLiteral("windowCoupons"), QStringLiteral("Купоны"));
 inline const tr::Tr paper(QStringLiteral("windowPaper"), QStringLiteral("Напечатано"));
+inline const tr::Tr preview(
+    QStringLiteral("windowPreview"), QStringLiteral("Так напечатается чек"));
 inline const tr::Tr total(QStringLiteral("windowTotal"), QStringLiteral("ИТОГО"));
 inline const tr::Tr inputHint(
     QStringLiteral("windowInputHint"), QStringLiteral("Товар, карта, купон"));
