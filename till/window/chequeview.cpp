@@ -1,7 +1,7 @@
 #include "till/window/chequeview.h"
 
 #include "host/documents/money.h"
-#include "till/core/amounttext.h"
+#include "till/language/localetext.h"
 #include "till/window/texts.h"
 
 using namespace Qt::StringLiterals;
@@ -12,7 +12,7 @@ namespace {
 
 QString amountOrNothing(double amount)
 {
-    return money::counts(amount) ? amountText(amount) : QString();
+    return money::counts(amount) ? amountForEyes(amount) : QString();
 }
 
 QString titleOf(const AbstractDocument &document)
@@ -38,10 +38,10 @@ PositionRow rowOf(const GoodsItem &position)
     row.posnum = position.getPosnum();
     row.code = position.getCode();
     row.name = position.getName();
-    row.quantity = quantityText(position.getBquant()) + u' ' + position.getUnitName();
-    row.price = amountText(position.getPrice());
+    row.quantity = quantityForEyes(position.getBquant()) + u' ' + position.getUnitName();
+    row.price = amountForEyes(position.getPrice());
     row.discount = amountOrNothing(position.getSumn() - position.getSumb() - points);
-    row.sum = amountText(position.getSumb());
+    row.sum = amountForEyes(position.getSumb());
     row.points = amountOrNothing(points);
     return row;
 }
@@ -74,7 +74,7 @@ CustomerView customerOf(const AbstractDocument &document, const QString &refused
     // A return's record has the balance of the sale, which is not the one of now.
     const QVariant balance = record->getBonusBalance();
     if (balance.isValid() && !comesBack(document))
-        view.balance = amountText(balance.toDouble());
+        view.balance = amountForEyes(balance.toDouble());
     const LoyaltyEffects &effects = document.getEffects();
     view.available = amountOrNothing(effects.pointsAvailable);
     view.chosen = amountOrNothing(document.getPointsPaid());
@@ -88,12 +88,12 @@ ChequeView chequeView(const AbstractDocument *document, const QString &refusedCa
 {
     ChequeView view;
     view.title = texts::emptyDesk.ui();
-    view.total = amountText(0.0);
+    view.total = amountForEyes(0.0);
     view.customer.status = refusedCard.isEmpty() ? texts::cardMissing.ui() : refusedCard;
     if (!document)
         return view;
     view.title = titleOf(*document);
-    view.total = amountText(document->getSumAfterDiscounts());
+    view.total = amountForEyes(document->getSumAfterDiscounts());
     view.customer = customerOf(*document, refusedCard);
     const auto goods = document->getGoods();
     for (const auto &position : goods)

@@ -1,9 +1,11 @@
 #include "till/window/desk.h"
 
+#include "host/documents/money.h"
 #include "host/framework/currenttime.h"
 #include "host/queue/dbqueuebroker.h"
 #include "host/storage/storageerror.h"
 #include "till/core/cannotdo.h"
+#include "till/language/localetext.h"
 #include "till/window/forms.h"
 #include "till/window/texts.h"
 
@@ -86,7 +88,7 @@ bool Desk::performOnEmptyLine(Function function, const QString &typed, std::opti
     case Function::Total:
         return carryOut([this] { return m_till.calculate(); });
     case Function::Close:
-        return carryOut([this] { return m_till.close(); });
+        return close();
     case Function::Cancel:
         return cancel();
     case Function::EndShift:
@@ -142,6 +144,38 @@ bool Desk::takeBack(const QString &typed)
     return number && carryOut([&] {
         return number->isEmpty() ? m_till.openReturn() : m_till.openReturnOf(*number);
     });
+}
+
+bool Desk::close()
+{
+    double change = 0.0;
+    if (m_paymentForm && !takeMoney(change))
+        return false;
+    if (!carryOut([this] { return m_till.close(); }))
+        return false;
+    if (money::counts(change))
+        tell(texts::change.arg(amountForEyes(change)).ui());
+    return true;
+}
+
+// The till pays by itself, in cash, what nothing was paid of. What was paid in part stays so until
+// the cheque changes.
+bool Desk::takeMoney(double &change)
+{
+    while (m_till.document() && m_till.document()->getType() == EDocumentType::Sale
+        && money::counts(m_till.rest())) {
+        const double rest = m_till.rest();
+        const auto tender = m_paymentForm(rest);
+        if (!tender)
+            return false;
+        const bool isRestInCash = tender->kind == PaymentKind::Cash && !tender->amount;
+        if (isRestInCash && m_till.document()->getPayments().isEmpty())
+            return true;
+        if (!carryOut([&] { return m_till.pay(tender->kind, tender->amount); }))
+            return false;
+        change = std::max(tender->amount.value_or(rest) - rest, 0.0);
+    }
+    return true;
 }
 
 bool Desk::cancel()
@@ -245,9 +279,24 @@ void Desk::takeLoyaltyMessages(const AbstractDocument *document)
             tell(texts::toCustomer.arg(message).ui());
 }
 
+bool Desk::isQueueShared()
+{
+    return Singleton<DBQueueBroker>::instance()->isShared();
+}
+
+void Desk::takeQueueState(const QueueOffice::Status &status)
+{
+    m_queueState = queueText(status, now());
+}
+
+void Desk::takeQueueFailure(const QString &reason)
+{
+    m_queueState = texts::queueUnusable.arg(reason).ui();
+}
+
 QString Desk::queueState()
 {
-    if (m_isBusy)
+    if (m_isBusy || isQueueShared())
         return m_queueState;
     try {
         const auto status = Singleton<DBQueueBroker>::instance()->inOffice(

@@ -288,7 +288,7 @@ TEST_F(DeskTest, TheQueueIsToldAndLeftAloneDuringAnOperation)
     };
     whenPressed(Function::Total);
     EXPECT_EQ(during, u"Очередь отправки пуста");
-    EXPECT_TRUE(desk.queueState().startsWith(u"Ждут отправки: 1"));
+    EXPECT_TRUE(desk.queueState().startsWith(u"Ждут отправки 1 "));
 }
 
 TEST_F(DeskTest, ADocumentThatWasLeftOpenIsShownAtTheStart)
