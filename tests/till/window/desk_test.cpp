@@ -291,6 +291,21 @@ TEST_F(DeskTest, TheQueueIsToldAndLeftAloneDuringAnOperation)
     EXPECT_TRUE(desk.queueState().startsWith(u"Ждут отправки 1 "));
 }
 
+TEST_F(DeskTest, ASharedQueueIsLookedAtBySomebodyElse)
+{
+    EXPECT_FALSE(till::Desk::isQueueShared());
+    Singleton<DBQueueBroker>::reset();
+    givenSetting(u"Queue:database"_s, u"postgresql://user@127.0.0.1:1/queue"_s);
+    ASSERT_TRUE(till::Desk::isQueueShared());
+    EXPECT_EQ(desk.queueState(), QString());
+    QueueOffice::Status status;
+    status.unreached = u"no route"_s;
+    desk.takeQueueState(status);
+    EXPECT_EQ(desk.queueState(), u"Очередь отправки пуста · сервер очереди недоступен");
+    desk.takeQueueFailure(u"no program"_s);
+    EXPECT_EQ(desk.queueState(), u"Очередь отправки недоступна: no program");
+}
+
 TEST_F(DeskTest, ADocumentThatWasLeftOpenIsShownAtTheStart)
 {
     givenSale({u"1001"_s});

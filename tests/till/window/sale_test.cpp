@@ -3,6 +3,8 @@
 #include "tests/support/printers.h"
 #include "tests/till/window/salefixture.h"
 
+#include <QDesktopServices>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -116,6 +118,32 @@ TEST_F(SaleTest, TheExchangesOfTheSaleCanBeLookedAtMeanwhile)
     EXPECT_FALSE(part<QPlainTextEdit>("request")->toPlainText().contains(u"Authorization"));
 }
 
+/// Stands in for the browser.
+class Browser : public QObject
+{
+    Q_OBJECT
+
+public:
+    Browser() { QDesktopServices::setUrlHandler(u"http"_s, this, "open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler(u"http"_s); }
+    Q_INVOKABLE void open(const QUrl &url) { opened = url; }
+
+    QUrl opened;
+};
+
+TEST_F(SaleTest, TheServicesPageIsOpenedByKeyAndByButton)
+{
+    for (const bool byKey : {true, false}) {
+        Browser browser;
+        if (byKey)
+            whenKeyPressed(Qt::Key_K, Qt::ControlModifier);
+        else
+            whenClicked("servicePageButton");
+        EXPECT_EQ(browser.opened.path(), u"/console");
+        EXPECT_GT(browser.opened.port(), 0);
+    }
+}
+
 class ConfirmedSaleTest : public SaleTest
 {
 public:
@@ -164,3 +192,5 @@ TEST_F(ConfirmedSaleTest, AWrongCodeIsToldAndNoPointsPay)
 }
 
 } // namespace
+
+#include "sale_test.moc"

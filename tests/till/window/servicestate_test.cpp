@@ -60,6 +60,13 @@ TEST(QueueTextTest, TellsWhatWaitsAndForHowLong)
         u"Ждут отправки 3 сообщений, самое старое — 12 мин · идёт отправка");
 }
 
+TEST(QueueTextTest, AServerThatIsNotReachedIsTold)
+{
+    QueueOffice::Status status;
+    status.unreached = u"no route"_s;
+    EXPECT_EQ(till::queueText(status, noon), u"Очередь отправки пуста · сервер очереди недоступен");
+}
+
 TEST(QueueTextTest, WhatAPersonMustLookAtIsTold)
 {
     QueueOffice::Status status;
