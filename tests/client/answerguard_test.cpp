@@ -245,6 +245,8 @@ TEST(AnswerGuardTest, TheLengthOfADocumentTypeIsLimited)
     thenIsRefused(type(repeated(u"x"_s, longest + 1)), tooLongType);
     for (const QString &declaration : {u"<!-- -->"_s, u"<?p?>"_s, u"<!ELEMENT a ANY>"_s, u"%b;"_s})
         thenIsRefused(u"<!DOCTYPE a [%1]><a/>"_s.arg(repeated(declaration, longest)), tooLongType);
+    thenIsRefused(
+        u"<!DOCTYPE a [%1<!ENTITY b 'c'>]><a/>"_s.arg(repeated(u"%b;"_s, longest)), tooLongType);
 }
 
 TEST(AnswerGuardTest, OtherDocumentTypesPass)
