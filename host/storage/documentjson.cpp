@@ -142,13 +142,38 @@ void readCoupons(const JsonField &field, AbstractDocument &document)
     }
 }
 
+// The code that a customer has told the cashier. It serves the registration; a closed document is
+// kept for years, and nothing asks it for the code.
+bool isCustomersCode(const QString &name)
+{
+    return name.compare(u"verificationCode"_s, Qt::CaseInsensitive) == 0;
+}
+
+QVariant withoutCustomersCode(const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QVariantMap)
+        return value;
+    QVariantMap kept;
+    const QVariantMap all = value.toMap();
+    for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
+        if (!isCustomersCode(entry.key()))
+            kept.insert(entry.key(), withoutCustomersCode(entry.value()));
+    return kept;
+}
+
+QVariantMap keptOf(const QVariantMap &values, EDocumentState state)
+{
+    return state == EDocumentState::Closed ? withoutCustomersCode(values).toMap() : values;
+}
+
 QJsonObject writePluginData(const AbstractDocument &document)
 {
     QJsonObject groups;
     const auto stored = document.getStoredValues();
     for (auto group = stored.cbegin(); group != stored.cend(); ++group) {
         QJsonObject values;
-        for (auto value = group->cbegin(); value != group->cend(); ++value)
+        const QVariantMap kept = keptOf(*group, document.getState());
+        for (auto value = kept.cbegin(); value != kept.cend(); ++value)
             values.insert(value.key(), fromVariant(value.value()));
         groups.insert(group.key(), values);
     }
