@@ -1,6 +1,7 @@
 #include "till/configuration.h"
 
 #include "host/config/config.h"
+#include "till/language/language.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -16,6 +17,7 @@ void readConfiguration(const QString &given)
         Singleton<Config>::instance()->load(given);
     else if (QFileInfo::exists(usual))
         Singleton<Config>::instance()->load(usual);
+    speakAsConfigured();
 }
 
 QString stateFolder(const QString &given)

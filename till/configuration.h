@@ -5,8 +5,8 @@
 namespace till {
 
 /// Reads the settings into `Singleton<Config>`: the given file, otherwise "till.ini" of the current
-/// folder, otherwise nothing.
-/// @throws ConfigError when the file cannot be read or used.
+/// folder, otherwise nothing; from then on the till speaks the language that they say.
+/// @throws ConfigError when the file cannot be read or used, or names no language of the till.
 void readConfiguration(const QString &given);
 
 /// The state folder: the given one, otherwise that of the settings, otherwise the one below the

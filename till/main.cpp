@@ -1,5 +1,6 @@
 // korvel-till: sells cheques with the loyalty plug-in, and looks after what waits for the service.
 
+#include "till/language/language.h"
 #include "till/queue/commandline.h"
 #include "till/run/run.h"
 #include "till/tilloptions.h"
@@ -71,6 +72,8 @@ private:
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
+    // As the system has it, until the settings are read.
+    till::speakAsConfigured();
     return CommandLine().execute(argc, argv);
 }

@@ -11,21 +11,26 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString statusMessageId = u"korvelForbiddenCardStatus%1"_s;
 const QString flagIsSet = u"1"_s;
 const QString emailIsAllowed = u"true"_s;
 
-/// Text of a forbidden status that the service has given a meaning of its own; otherwise a text
-/// with the number.
-QString statusText(int status)
+/// What a cashier reads about a forbidden status: of its own where the service has given the status
+/// a meaning, otherwise with the number. Each status has an id of its own.
+tr::Tr forbiddenStatus(int status)
 {
-    static const QMap<int, QString> texts = {
-        {3, u"Карта заблокирована"_s},
-        {5, u"Завершена"_s},
-        {6, u"Карта удалена"_s},
-        {9, u"Незарегистрированная карта"_s},
-    };
-    return texts.value(status, u"Запрещенный статус карты '%1'"_s.arg(status));
+    switch (status) {
+    case 3:
+        return {u"korvelForbiddenCardStatus3"_s, u"Карта заблокирована"_s};
+    case 5:
+        return {u"korvelForbiddenCardStatus5"_s, u"Завершена"_s};
+    case 6:
+        return {u"korvelForbiddenCardStatus6"_s, u"Карта удалена"_s};
+    case 9:
+        return {u"korvelForbiddenCardStatus9"_s, u"Незарегистрированная карта"_s};
+    default:
+        return {u"korvelForbiddenCardStatus%1"_s.arg(status),
+            u"Запрещенный статус карты '%1'"_s.arg(status)};
+    }
 }
 
 /// The keys of the element's pairs that are configured and set. Children are taken two by two: a
@@ -66,8 +71,7 @@ void Interface::checkCardStatus(const QDomDocument &response) const
     if (forbidden == m_forbiddenCardStatuses.cend())
         return;
     m_logger->error(u"Запрещенный статус карты: %1"_s.arg(status));
-    // Both texts are filled here: each status is a message of its own to the translators.
-    KorvelException refusal(tr::Tr(statusMessageId.arg(status), statusText(status)));
+    KorvelException refusal(forbiddenStatus(status));
     refusal.setFlag(*forbidden);
     throw refusal;
 }

@@ -176,15 +176,14 @@ const Config::Value *Config::find(const QString &key) const
     return value == section->values.cend() ? nullptr : &*value;
 }
 
-void Config::warn(const QString &key, const Value &value, const QString &problem) const
+void Config::warn(const QString &key, const QString &problem) const
 {
     if (m_warnedKeys.contains(key))
         return;
     m_warnedKeys.insert(key);
-    const QString place = value.fileName.isEmpty()
-        ? QString()
-        : QString(value.fileName + u':' + QString::number(value.line) + u": ");
-    m_warnings.append(place + u"key %1: %2"_s.arg(key, problem));
+    const QString place = placeOf(key);
+    m_warnings.append(
+        (place.isEmpty() ? place : place + u": ") + u"key %1: %2"_s.arg(key, problem));
     logger()->warn(m_warnings.last());
 }
 
@@ -196,7 +195,7 @@ T Config::read(const QString &key, T defaultValue, const QString &expected, Read
         return defaultValue;
     const std::optional<T> result = reader(value->text);
     if (!result)
-        warn(key, *value, u"expected %1, using the default"_s.arg(expected));
+        warn(key, u"expected %1, using the default"_s.arg(expected));
     return result.value_or(defaultValue);
 }
 
@@ -242,7 +241,7 @@ QList<int> Config::getIntList(const QString &key, const QList<int> &defaultValue
         if (const auto parsed = config::integer(item))
             result.append(*parsed);
         else
-            warn(key, *value, u"expected whole numbers, leaving out \"%1\""_s.arg(item));
+            warn(key, u"expected whole numbers, leaving out \"%1\""_s.arg(item));
     }
     return result;
 }
@@ -263,6 +262,14 @@ QStringList Config::getKeys(const QString &name) const
         if (section.name == name)
             return section.keys;
     return {};
+}
+
+QString Config::placeOf(const QString &key) const
+{
+    const Value *value = find(key);
+    return value && !value->fileName.isEmpty()
+        ? QString(value->fileName + u':' + QString::number(value->line))
+        : QString();
 }
 
 QString Config::getPath(const QString &key, const QString &defaultValue) const

@@ -62,6 +62,8 @@ public:
     [[nodiscard]] virtual QStringList getSections(const QString &pattern) const;
     /// Keys of a section, without its name, in file order; none when there is no such section.
     [[nodiscard]] virtual QStringList getKeys(const QString &section) const;
+    /// Where the value stands, as "file:line"; empty for one from `set` and where there is none.
+    [[nodiscard]] QString placeOf(const QString &key) const;
     /// The value as a path: relative ones are relative to the folder of the file that the setting
     /// stands in. The default, an empty value and a value from `set` come as they are.
     [[nodiscard]] QString getPath(const QString &key, const QString &defaultValue) const;
@@ -92,7 +94,7 @@ private:
         QList<Section> &sections, const QString &name, const QString &key, const Value &value);
     static void readFile(const QString &fileName, Contents &contents);
     [[nodiscard]] const Value *find(const QString &key) const;
-    void warn(const QString &key, const Value &value, const QString &problem) const;
+    void warn(const QString &key, const QString &problem) const;
     template <typename T, typename Reader>
     [[nodiscard]] T read(
         const QString &key, T defaultValue, const QString &expected, Reader reader) const;

@@ -1,8 +1,12 @@
 #include "host/framework/tr.h"
 
+#include <QLocale>
 #include <QMap>
 #include <QRegularExpression>
+#include <QStringList>
 #include <QtGlobal>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace tr {
 
@@ -43,6 +47,22 @@ QString filled(const QString &text, const QStringList &arguments)
     return result + QStringView(text).mid(end);
 }
 
+// Texts of the arguments; those that are messages in the language that `spoken` gives.
+template <typename Spoken> QStringList textsOf(const QVariantList &arguments, Spoken spoken)
+{
+    QStringList texts;
+    for (const QVariant &argument : arguments)
+        texts.append(argument.metaType() == QMetaType::fromType<Tr>() ? spoken(argument.value<Tr>())
+                                                                      : argument.toString());
+    return texts;
+}
+
+QString withCount(QString text, int count)
+{
+    return text.replace(u"%n"_s, QString::number(count))
+        .replace(u"%Ln"_s, QLocale().toString(count));
+}
+
 } // namespace
 
 Tr::Tr(const QString &id, const QString &text)
@@ -57,16 +77,33 @@ Tr Tr::arg(const QString &argument) const
     return result;
 }
 
+Tr Tr::arg(const Tr &argument) const
+{
+    Tr result = *this;
+    result.m_arguments.append(QVariant::fromValue(argument));
+    return result;
+}
+
 QString Tr::ru() const
 {
-    return filled(m_text, m_arguments);
+    return filled(m_text, textsOf(m_arguments, [](const Tr &message) { return message.ru(); }));
 }
 
 QString Tr::ui() const
 {
-    const QByteArray id = m_id.toUtf8();
-    const QString translated = qtTrId(id.constData());
-    return filled(translated == m_id ? m_text : translated, m_arguments);
+    const QString translated = qtTrId(m_id.toUtf8().constData());
+    return filledForInterface(translated == m_id ? m_text : translated);
+}
+
+QString Tr::ui(int count) const
+{
+    const QString translated = qtTrId(m_id.toUtf8().constData(), count);
+    return filledForInterface(translated == m_id ? withCount(m_text, count) : translated);
+}
+
+QString Tr::filledForInterface(const QString &text) const
+{
+    return filled(text, textsOf(m_arguments, [](const Tr &message) { return message.ui(); }));
 }
 
 Tr::operator QVariant() const

@@ -4,8 +4,8 @@
 
 #include <QMetaType>
 #include <QString>
-#include <QStringList>
 #include <QVariant>
+#include <QVariantList>
 
 namespace tr {
 
@@ -26,12 +26,17 @@ public:
 
     /// Returns this message with the next free placeholder filled.
     [[nodiscard]] Tr arg(const QString &argument) const;
+    /// The same with a message, which comes in the language that the whole is asked for in.
+    [[nodiscard]] Tr arg(const Tr &argument) const;
 
     [[nodiscard]] QString id() const { return m_id; }
     /// The Russian text, arguments filled.
     [[nodiscard]] QString ru() const;
     /// The text in the language of the interface, arguments filled; Russian where none is loaded.
     [[nodiscard]] QString ui() const;
+    /// The same of a text with "%n": the plural form for the count, which is filled in, as "%Ln" by
+    /// the locale. The Russian text itself is the form for many.
+    [[nodiscard]] QString ui(int count) const;
     [[nodiscard]] bool isEmpty() const { return m_text.isEmpty(); }
 
     /// The message as a value of an event's arguments.
@@ -40,9 +45,11 @@ public:
     friend bool operator==(const Tr &left, const Tr &right) = default;
 
 private:
+    [[nodiscard]] QString filledForInterface(const QString &text) const;
+
     QString m_id;
     QString m_text;
-    QStringList m_arguments;
+    QVariantList m_arguments; ///< texts and messages
 };
 
 } // namespace tr

@@ -10,9 +10,9 @@ namespace till {
 
 namespace {
 
-Refusal unexpected(const QString &text)
+tr::Tr unexpected()
 {
-    return {tr::Tr(tr::undefined, text), false};
+    return {u"tillPluginFailed"_s, u"Непредвиденная ошибка подключаемого модуля"_s};
 }
 
 Refusal currentException()
@@ -22,9 +22,9 @@ Refusal currentException()
     } catch (const BasicException &error) {
         return {error.tr(), error.flag()};
     } catch (const std::exception &error) {
-        return unexpected(QString::fromUtf8(error.what()));
+        return {tr::Tr(tr::undefined, QString::fromUtf8(error.what())), false};
     } catch (...) {
-        return unexpected(u"Непредвиденная ошибка подключаемого модуля"_s);
+        return {unexpected(), false};
     }
 }
 

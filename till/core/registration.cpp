@@ -30,23 +30,35 @@ bool isDelivered(const QueueMessage &message)
     return message.state == MessageState::Delivered;
 }
 
-QString stateText(const QueueMessage &message)
+tr::Tr stateText(const QueueMessage &message)
 {
     if (!message.movedTo.isEmpty())
-        return u"перенесено в файл "_s + message.movedTo;
+        return tr::Tr(u"tillMessageMoved"_s, u"перенесено в файл %1"_s).arg(message.movedTo);
     switch (message.state) {
     case MessageState::Pending:
-        return u"ждёт отправки"_s;
+        return {u"tillMessagePending"_s, u"ждёт отправки"_s};
     case MessageState::Sending:
-        return u"отправляется"_s;
+        return {u"tillMessageSending"_s, u"отправляется"_s};
     case MessageState::Delivered:
-        return u"доставлено"_s;
+        return {u"tillMessageDelivered"_s, u"доставлено"_s};
     case MessageState::Refused:
-        return u"отклонено"_s;
+        return {u"tillMessageRefused"_s, u"отклонено"_s};
     case MessageState::Parked:
         break;
     }
-    return u"отложено до решения администратора"_s;
+    return {u"tillMessageParked"_s, u"отложено до решения администратора"_s};
+}
+
+tr::Tr stateText(const std::optional<QueueMessage> &message)
+{
+    return message ? stateText(*message) : tr::Tr(u"tillMessageMissing"_s, u"нет в очереди"_s);
+}
+
+tr::Tr errorText(const std::optional<QueueMessage> &message)
+{
+    const QString error = message ? message->lastError.simplified() : QString();
+    return error.isEmpty() ? tr::Tr(u"tillMessageWithoutError"_s, u"нет"_s)
+                           : tr::Tr(tr::undefined, error);
 }
 
 } // namespace
@@ -77,14 +89,13 @@ tr::Tr describe(const Unconfirmed &unconfirmed)
         : tr::Tr(u"tillShiftUnconfirmedSale"_s,
             u"Не подтверждена продажа %1 от %2: сумма %3, баллы: начислено %4, списано %5, "
             u"сообщение: %6, ошибка: %7"_s);
-    const QString error = message ? message->lastError.simplified() : QString();
     return line.arg(document.getNumber())
         .arg(document.getClosed().toString(u"dd.MM.yyyy HH:mm"))
         .arg(amountText(document.getSumAfterDiscounts()))
         .arg(amountText(document.getEffects().pointsEarned))
         .arg(amountText(document.getPointsPaid()))
-        .arg(message ? stateText(*message) : u"нет в очереди"_s)
-        .arg(error.isEmpty() ? u"нет"_s : error);
+        .arg(stateText(message))
+        .arg(errorText(message));
 }
 
 } // namespace till

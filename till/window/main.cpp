@@ -1,6 +1,7 @@
 // korvel-till-window: the cashier's window of the till.
 
 #include "till/exitstatus.h"
+#include "till/language/language.h"
 #include "till/run/workplace.h"
 #include "till/tilloptions.h"
 #include "till/usage.h"
@@ -61,5 +62,6 @@ int main(int argc, char *argv[])
     // The windows' library would take "--plugin" for an option of its own.
     int programName = 1;
     const QApplication application(programName, argv);
+    till::speakAsConfigured();
     return run(options.given());
 }

@@ -31,6 +31,18 @@ TEST_F(ConfigTest, FindsValuesBySectionAndKey)
     EXPECT_EQ(m_config.fileName(), pathOf(mainFile));
 }
 
+TEST_F(ConfigTest, TellsWhereAValueStands)
+{
+    givenFile(mainFile + u".d/site.ini"_s, "[S]\nother=1\n\nkey=2\n");
+    givenLoaded("[S]\nfirst=1\nkey=1\n");
+    m_config.set(u"S:set"_s, u"1"_s);
+
+    EXPECT_EQ(m_config.placeOf(u"S:first"_s), pathOf(mainFile) + u":2"_s);
+    EXPECT_EQ(m_config.placeOf(u"S:key"_s), pathOf(mainFile + u".d/site.ini:4"_s));
+    EXPECT_EQ(m_config.placeOf(u"S:set"_s), QString());
+    EXPECT_EQ(m_config.placeOf(u"S:absent"_s), QString());
+}
+
 TEST_F(ConfigTest, TakesTheDefaultOnlyWhenTheKeyIsAbsent)
 {
     givenLoaded("[S]\nempty=\n");

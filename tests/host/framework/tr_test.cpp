@@ -1,6 +1,7 @@
 #include "host/framework/tr.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
@@ -11,13 +12,16 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Translates one id.
+/// Translates one id, and one with a count.
 class OneTranslation : public QTranslator
 {
 public:
     [[nodiscard]] bool isEmpty() const override { return false; }
-    [[nodiscard]] QString translate(const char *, const char *id, const char *, int) const override
+    [[nodiscard]] QString translate(
+        const char *, const char *id, const char *, int count) const override
     {
+        if (QLatin1String(id) == u"korvelCount"_s)
+            return count == 1 ? u"%1: %n cheque"_s : u"%1: %n cheques"_s;
         return QLatin1String(id) == u"korvelTest"_s ? u"%2 and %1"_s : QString();
     }
 };
@@ -91,6 +95,37 @@ TEST_F(TrTest, FillsTheTranslationLikeTheRussianText)
     EXPECT_EQ(message.ui(), u"б and а"_s);
     EXPECT_EQ(message.ru(), u"а и б"_s);
     EXPECT_EQ(tr::Tr(u"other"_s, u"текст"_s).ui(), u"текст"_s);
+}
+
+TEST_F(TrTest, FillsAPlaceholderWithAMessageInTheLanguageOfTheWhole)
+{
+    OneTranslation translator;
+    QCoreApplication::installTranslator(&translator);
+    const tr::Tr inner = tr::Tr(u"korvelTest"_s, u"%1 и %2"_s).arg(u"а"_s).arg(u"б"_s);
+    const tr::Tr message = tr::Tr(u"other"_s, u"(%1)"_s).arg(inner);
+
+    EXPECT_EQ(message.ru(), u"(а и б)"_s);
+    EXPECT_EQ(message.ui(), u"(б and а)"_s);
+    EXPECT_EQ(message, tr::Tr(u"other"_s, u"(%1)"_s).arg(inner));
+    EXPECT_NE(message, tr::Tr(u"other"_s, u"(%1)"_s).arg(tr::Tr()));
+}
+
+TEST_F(TrTest, FillsTheCountIntoTheRussianTextWhereNothingIsTranslated)
+{
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    const tr::Tr message = tr::Tr(u"id"_s, u"%1: %n чеков, %Ln"_s).arg(u"%n"_s);
+
+    EXPECT_EQ(message.ui(5000), u"%n: 5000 чеков, 5,000"_s);
+}
+
+TEST_F(TrTest, AsksForThePluralFormOfTheCount)
+{
+    OneTranslation translator;
+    QCoreApplication::installTranslator(&translator);
+    const tr::Tr message = tr::Tr(u"korvelCount"_s, u"%n чеков в %1"_s).arg(u"%n"_s);
+
+    EXPECT_EQ(message.ui(1), u"%n: 1 cheque"_s);
+    EXPECT_EQ(message.ui(2), u"%n: 2 cheques"_s);
 }
 
 TEST_F(TrTest, TravelsInAVariant)
