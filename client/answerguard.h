@@ -21,7 +21,7 @@ inline constexpr int attributes = 256; ///< on one element
 inline constexpr int nodes = 200'000;
 /// The first attribute of an element takes as much memory as five elements, each further one as
 /// one.
-inline constexpr int nodesPerAttribute = 4;
+inline constexpr qsizetype nodesPerAttribute = 4;
 inline constexpr int documentType = 64 * 1024; ///< characters of its declaration
 } // namespace answerlimits
 

@@ -23,7 +23,7 @@ std::optional<QString> MarkupScanner::scan()
 {
     while (!atEnd()) {
         skipText();
-        if (const auto refusal = scanConstruct())
+        if (auto refusal = scanConstruct())
             return refusal;
         if (m_nodes > answerlimits::nodes)
             return u"More than %1 nodes."_s.arg(answerlimits::nodes);
@@ -87,7 +87,7 @@ std::optional<QString> MarkupScanner::scanDocumentType()
     while (!atEnd() && next() != '>') {
         if (next() != '[')
             skipCharacterOrQuoted();
-        else if (const auto refusal = scanSubset())
+        else if (auto refusal = scanSubset())
             return refusal;
         if (m_next - m_position > answerlimits::documentType)
             return u"The document type is longer than %1 characters."_s.arg(

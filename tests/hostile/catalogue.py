@@ -181,6 +181,10 @@ def answered():
     """What the parser takes and the readers have to work through."""
     item = "<Item><PositionNumber>{}</PositionNumber><Summ>1</Summ></Item>"
     yield "sixty thousand positions", HANDLED, envelope("".join(item.format(n) for n in range(60_000)))
+    for name in ("Item", "ExtendedAttribute", "Coupon"):
+        levels = 250
+        yield f"elements {name} at every level over as many leaves as allowed", HANDLED, (
+            f"<{name}>" * levels + "<Key/>" * (ELEMENTS - levels) + f"</{name}>" * levels)
     coupon = "<Coupon><Number>{}</Number><ApplicabilityCode>1</ApplicabilityCode></Coupon>"
     yield "sixty thousand coupons", HANDLED, envelope("".join(coupon.format(n) for n in range(60_000)))
     instant = "<InstantCoupon><Number>{}</Number></InstantCoupon>"
