@@ -16,15 +16,31 @@ using Encoding = QStringConverter::Encoding;
 /// The bytes of an answer as a scanner wants them.
 struct Markup
 {
-    QByteArray text; ///< one byte per character, without byte order mark
+    QByteArray text; ///< without byte order mark; ASCII characters are one byte each
     QStringList honestEncodings; ///< that such bytes can declare, in lower case
+    bool isUtf8 = false; ///< otherwise every character of 16 bits is one byte
 };
+
+/// The encodings in the XML declaration, in lower case. An honest one has one at most.
+QStringList declaredEncodings(const QByteArray &text)
+{
+    static const QRegularExpression pattern(uR"(encoding\s*=\s*(["'])(.*?)\1)"_s);
+    if (!text.startsWith("<?xml"))
+        return {};
+    const QString declaration = QString::fromLatin1(text.left(text.indexOf("?>")));
+    QStringList encodings;
+    for (auto found = pattern.globalMatch(declaration); found.hasNext();)
+        encodings.append(found.next().captured(2));
+    return encodings;
+}
 
 Markup narrowMarkup(const QByteArray &answer)
 {
     const QByteArray mark = "\xEF\xBB\xBF"_ba;
-    return {answer.startsWith(mark) ? answer.sliced(mark.size()) : answer,
-        {u"utf-8"_s, u"windows-1251"_s, u"iso-8859-1"_s}};
+    const QByteArray text = answer.startsWith(mark) ? answer.sliced(mark.size()) : answer;
+    const QStringList declared = declaredEncodings(text);
+    const bool isUtf8 = declared.isEmpty() || declared.first().toLower() == u"utf-8";
+    return {text, {u"utf-8"_s, u"windows-1251"_s, u"iso-8859-1"_s}, isUtf8};
 }
 
 /// One byte per UTF-16 unit; what has no byte of its own becomes one above ASCII.
@@ -57,29 +73,24 @@ std::optional<Markup> markupOf(const QByteArray &answer)
     return std::nullopt;
 }
 
-/// The first encoding in the XML declaration that such bytes cannot be in; null when there is none.
-/// The reader changes over to the declared encoding in the middle of the bytes: behind one that
-/// does not fit them it would see other tags than the scanner.
+/// The first declared encoding that such bytes cannot be in; null when there is none. The reader
+/// changes over to the declared encoding in the middle of the bytes: behind one that does not fit
+/// them it would see other tags than the scanner.
 QString misfitEncoding(const Markup &markup)
 {
-    static const QRegularExpression pattern(uR"(encoding\s*=\s*(["'])(.*?)\1)"_s);
-    if (!markup.text.startsWith("<?xml"))
-        return {};
-    const qsizetype end = markup.text.indexOf("?>");
-    const QString declaration = QString::fromLatin1(markup.text.left(end));
-    for (auto found = pattern.globalMatch(declaration); found.hasNext();) {
-        const QString encoding = found.next().captured(2);
+    for (const QString &encoding : declaredEncodings(markup.text))
         if (!markup.honestEncodings.contains(encoding.toLower()))
             return encoding;
-    }
     return {};
 }
 
-AnswerDefect defectAt(const QByteArray &text, qsizetype position, const QString &reason)
+AnswerDefect defectAt(const Markup &markup, qsizetype position, const QString &reason)
 {
-    const QByteArray before = text.left(position);
-    const qsizetype column = position - before.lastIndexOf('\n');
-    return {static_cast<int>(before.count('\n')) + 1, static_cast<int>(column), reason};
+    // Either line break of XML is one: CR, LF or both together.
+    const QByteArray before = markup.text.left(position).replace("\r\n", "\n").replace('\r', '\n');
+    const QByteArray line = before.sliced(before.lastIndexOf('\n') + 1);
+    const qsizetype column = markup.isUtf8 ? QString::fromUtf8(line).size() : line.size();
+    return {static_cast<int>(before.count('\n')) + 1, static_cast<int>(column) + 1, reason};
 }
 
 } // namespace
@@ -88,14 +99,13 @@ std::optional<AnswerDefect> findDefect(const QByteArray &answer)
 {
     const auto markup = markupOf(answer);
     if (!markup)
-        return defectAt(answer, 0, u"Encoding UTF-32 is not accepted."_s);
+        return defectAt({}, 0, u"Encoding UTF-32 is not accepted."_s);
     const QString encoding = misfitEncoding(*markup);
     if (!encoding.isNull())
-        return defectAt(
-            markup->text, 0, u"Encoding %1 is not accepted in these bytes."_s.arg(encoding));
+        return defectAt(*markup, 0, u"Encoding %1 is not accepted in these bytes."_s.arg(encoding));
     MarkupScanner scanner(markup->text);
     if (const auto refusal = scanner.scan())
-        return defectAt(markup->text, scanner.position(), *refusal);
+        return defectAt(*markup, scanner.position(), *refusal);
     return std::nullopt;
 }
 

@@ -21,36 +21,52 @@ MarkupScanner::MarkupScanner(QByteArrayView markup)
 
 std::optional<QString> MarkupScanner::scan()
 {
-    while ((m_position = m_markup.indexOf('<', m_next)) >= 0) {
-        m_next = m_position;
-        if (const auto refusal = scanConstruct())
+    while (!atEnd()) {
+        skipText();
+        if (auto refusal = scanConstruct())
             return refusal;
+        if (m_nodes > answerlimits::nodes)
+            return u"More than %1 nodes."_s.arg(answerlimits::nodes);
     }
     return std::nullopt;
 }
 
+/// Up to the next bracket. Where a document type may have its declarations elsewhere, the reader
+/// makes a node of each reference to what it does not know.
+void MarkupScanner::skipText()
+{
+    const qsizetype bracket = m_markup.indexOf('<', m_next);
+    m_position = bracket < 0 ? m_markup.size() : bracket;
+    if (m_hasDocumentType)
+        m_nodes += m_markup.sliced(m_next, m_position - m_next).count('&');
+    m_next = m_position;
+}
+
 std::optional<QString> MarkupScanner::scanConstruct()
 {
+    if (atEnd())
+        return std::nullopt;
+    if (startsWith("<!DOCTYPE"))
+        return scanDocumentType();
+    if (startsWith("</")) {
+        skipBehind("</", ">");
+        --m_depth;
+        return std::nullopt;
+    }
+    ++m_nodes;
     if (startsWith("<!--"))
         skipBehind("<!--", "-->");
     else if (startsWith("<![CDATA["))
         skipBehind("<![CDATA[", "]]>");
     else if (startsWith("<?"))
         skipBehind("<?", "?>");
-    else if (startsWith("<!DOCTYPE"))
-        return scanDocumentType();
-    else if (startsWith("</")) {
-        skipBehind("</", ">");
-        --m_depth;
-    } else
+    else
         return scanOpeningTag();
     return std::nullopt;
 }
 
 std::optional<QString> MarkupScanner::scanOpeningTag()
 {
-    if (++m_elements > answerlimits::elements)
-        return u"More than %1 elements."_s.arg(answerlimits::elements);
     if (++m_depth > answerlimits::depth)
         return u"Elements are nested deeper than %1."_s.arg(answerlimits::depth);
     int attributes = 0;
@@ -59,6 +75,7 @@ std::optional<QString> MarkupScanner::scanOpeningTag()
             return u"More than %1 attributes on one element."_s.arg(answerlimits::attributes);
         skipCharacterOrQuoted();
     }
+    m_nodes += answerlimits::nodesPerAttribute * attributes;
     if (m_markup.at(m_next - 1) == '/')
         --m_depth;
     return std::nullopt;
@@ -66,31 +83,46 @@ std::optional<QString> MarkupScanner::scanOpeningTag()
 
 std::optional<QString> MarkupScanner::scanDocumentType()
 {
+    m_hasDocumentType = true;
     while (!atEnd() && next() != '>') {
         if (next() != '[')
             skipCharacterOrQuoted();
-        else if (const auto refusal = scanSubset())
+        else if (auto refusal = scanSubset())
             return refusal;
+        if (m_next - m_position > answerlimits::documentType)
+            return u"The document type is longer than %1 characters."_s.arg(
+                answerlimits::documentType);
     }
     return std::nullopt;
 }
 
-/// The declarations in the brackets of a document type. They have no brackets of their own.
+/// The declarations in the brackets of a document type. They have no brackets of their own. Ends
+/// behind what makes the document type too long.
 std::optional<QString> MarkupScanner::scanSubset()
 {
-    while (!atEnd() && next() != ']') {
+    while (!atEnd() && next() != ']' && m_next - m_position <= answerlimits::documentType) {
         if (startsWith("<!--")) {
             skipBehind("<!--", "-->");
         } else if (startsWith("<?")) {
             skipBehind("<?", "?>");
-        } else if (startsWith("<!ENTITY")) {
+        } else if (const char *refused = refusedDeclaration()) {
             m_position = m_next;
-            return u"The document type defines entities."_s;
+            return u"The document type declares %1."_s.arg(QLatin1StringView(refused));
         } else {
             skipCharacterOrQuoted();
         }
     }
     return std::nullopt;
+}
+
+/// What is declared next, when the reader would multiply or collect it; null otherwise.
+const char *MarkupScanner::refusedDeclaration() const
+{
+    if (startsWith("<!ENTITY"))
+        return "entities";
+    if (startsWith("<!ATTLIST"))
+        return "attributes";
+    return startsWith("<!NOTATION") ? "notations" : nullptr;
 }
 
 bool MarkupScanner::startsWith(QByteArrayView text) const

@@ -24,10 +24,12 @@ public:
     [[nodiscard]] qsizetype position() const { return m_position; }
 
 private:
+    void skipText();
     std::optional<QString> scanConstruct();
     std::optional<QString> scanOpeningTag();
     std::optional<QString> scanDocumentType();
     std::optional<QString> scanSubset();
+    [[nodiscard]] const char *refusedDeclaration() const;
     [[nodiscard]] bool startsWith(QByteArrayView text) const;
     void skipBehind(QByteArrayView opening, QByteArrayView closing);
     void skipCharacterOrQuoted();
@@ -38,7 +40,8 @@ private:
     qsizetype m_position = 0; ///< beginning of the construct in hand
     qsizetype m_next = 0; ///< first character that is not scanned yet
     int m_depth = 0;
-    int m_elements = 0;
+    qsizetype m_nodes = 0; ///< what was seen, as `answerlimits::nodes` counts it
+    bool m_hasDocumentType = false;
 };
 
 } // namespace korvelLoyaltyOnline

@@ -63,14 +63,23 @@ bool isQuoted(const QString &value)
     return value.size() >= bothQuotes && value.startsWith(u'"') && value.endsWith(u'"');
 }
 
+/// The file that the value stands in; empty when it stands in the setting itself.
+QString valueFile(const ini::Setting &setting, const QString &fileName)
+{
+    return setting.value.startsWith(fileMark)
+        ? besideFile(setting.value.mid(fileMark.size()).trimmed(), fileName)
+        : QString();
+}
+
 QString resolved(const ini::Setting &setting, const QString &fileName)
 {
     if (isQuoted(setting.value))
         return setting.value.mid(1, setting.value.size() - 2);
-    if (!setting.value.startsWith(fileMark))
+    const QString path = valueFile(setting, fileName);
+    if (path.isEmpty())
         return setting.value;
     try {
-        return readValueFile(besideFile(setting.value.mid(fileMark.size()).trimmed(), fileName));
+        return readValueFile(path);
     } catch (const ConfigError &error) {
         throw ConfigError(u"%1:%2:%3: %4"_s.arg(fileName, QString::number(setting.line),
             QString::number(setting.column), QString::fromUtf8(error.what())));
@@ -105,6 +114,7 @@ void Config::load(const QString &fileName)
                 put(contents.sections, section.name, key, value);
 
     m_fileName = fileName;
+    m_fileNames.swap(contents.fileNames);
     m_sections.swap(contents.sections);
     m_warnings.swap(contents.warnings);
     m_warnedKeys.clear();
@@ -115,6 +125,7 @@ void Config::load(const QString &fileName)
 void Config::readFile(const QString &fileName, Contents &contents)
 {
     QMap<QString, int> lines;
+    contents.fileNames.append(fileName);
     for (const ini::Section &section : ini::parse(contentsOf(fileName), fileName)) {
         sectionOf(contents.sections, section.name);
         for (const ini::Setting &setting : section.settings) {
@@ -124,6 +135,8 @@ void Config::readFile(const QString &fileName, Contents &contents)
                     u"%1:%2: key %3: given before in line %4, this one counts"_s.arg(fileName,
                         QString::number(setting.line), name, QString::number(lines.value(name))));
             lines.insert(name, setting.line);
+            if (const QString path = valueFile(setting, fileName); !path.isEmpty())
+                contents.fileNames.append(path);
             put(contents.sections, section.name, setting.key,
                 {resolved(setting, fileName), fileName, setting.line});
         }

@@ -38,6 +38,8 @@ public:
     void set(const QString &key, const QString &value);
     /// Path of the file that `load` was given; empty before.
     [[nodiscard]] QString fileName() const { return m_fileName; }
+    /// Every file that `load` read: the main one, those over it, and those of values "@file:".
+    [[nodiscard]] QStringList fileNames() const { return m_fileNames; }
     /// Warnings so far, one per malformed value and per key given twice in one file, as
     /// "file:line: …".
     [[nodiscard]] QStringList warnings() const { return m_warnings; }
@@ -84,6 +86,7 @@ private:
     {
         QList<Section> sections;
         QStringList warnings;
+        QStringList fileNames;
     };
 
     static Section &sectionOf(QList<Section> &sections, const QString &name);
@@ -97,6 +100,7 @@ private:
         const QString &key, T defaultValue, const QString &expected, Reader reader) const;
 
     QString m_fileName;
+    QStringList m_fileNames;
     QList<Section> m_sections;
     mutable QStringList m_warnings;
     mutable QSet<QString> m_warnedKeys;

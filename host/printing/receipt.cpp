@@ -2,6 +2,7 @@
 
 #include "host/documents/money.h"
 #include "host/printing/columns.h"
+#include "host/text/plaintext.h"
 
 #include <QRegularExpression>
 
@@ -36,7 +37,8 @@ QString quantity(double value)
 
 QString line(const QString &left, const QString &right)
 {
-    return columns::spread(left, right, paperWidth);
+    // What stands beside an amount must not begin a line of its own, which may look like another.
+    return columns::spread(plaintext::line(left), plaintext::line(right), paperWidth);
 }
 
 void addCounting(QStringList &lines, const QString &left, double value, bool isTaken)

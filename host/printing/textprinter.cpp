@@ -9,6 +9,7 @@
 #include "host/storage/posixfile.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
+#include "host/text/plaintext.h"
 
 #include <QCoreApplication>
 
@@ -73,7 +74,7 @@ QString TextPrinter::sheets(const QString &templateName, const QString &text,
         ? printtemplate::fill(
             printtemplate::load(templateName, templateFolders()), data, templateName)
         : text;
-    const QString sheet = withLineEnd(contents) + (cut ? cutLine() : QString());
+    const QString sheet = withLineEnd(plaintext::block(contents)) + (cut ? cutLine() : QString());
     return sheet.repeated(copies == defaultCopies ? 1 : copies);
 }
 

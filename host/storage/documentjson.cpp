@@ -124,6 +124,30 @@ void readCoupons(const JsonField &field, AbstractDocument &document)
     }
 }
 
+// The code that a customer has told the cashier. It serves the registration; a closed document is
+// kept for years, and nothing asks it for the code.
+bool isCustomersCode(const QString &name)
+{
+    return name.compare(u"verificationCode"_s, Qt::CaseInsensitive) == 0;
+}
+
+QVariant withoutCustomersCode(const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QVariantMap)
+        return value;
+    QVariantMap kept;
+    const QVariantMap all = value.toMap();
+    for (auto entry = all.cbegin(); entry != all.cend(); ++entry)
+        if (!isCustomersCode(entry.key()))
+            kept.insert(entry.key(), withoutCustomersCode(entry.value()));
+    return kept;
+}
+
+QVariantMap keptOf(const QVariantMap &values, EDocumentState state)
+{
+    return state == EDocumentState::Closed ? withoutCustomersCode(values).toMap() : values;
+}
+
 void writePluginData(JsonWriter &json, const AbstractDocument &document)
 {
     json.beginObject();
@@ -131,7 +155,8 @@ void writePluginData(JsonWriter &json, const AbstractDocument &document)
     for (auto group = stored.cbegin(); group != stored.cend(); ++group) {
         json.key(group.key());
         json.beginObject();
-        for (auto value = group->cbegin(); value != group->cend(); ++value) {
+        const QVariantMap kept = keptOf(*group, document.getState());
+        for (auto value = kept.cbegin(); value != kept.cend(); ++value) {
             json.key(value.key());
             variantjson::write(json, value.value());
         }

@@ -11,6 +11,7 @@
 /// where it was. The format is described in docs/state-folder.md.
 namespace documentjson {
 
+/// A closed document is written without the verification code that a plug-in keeps on it.
 /// @throws StorageError when a stored value is of a kind that the format does not know.
 [[nodiscard]] POSHOST_EXPORT QByteArray write(AbstractDocument &document);
 

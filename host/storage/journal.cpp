@@ -7,6 +7,7 @@
 #include "host/storage/posixfile.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
+#include "host/text/plaintext.h"
 #include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
@@ -65,7 +66,7 @@ QByteArray lineFor(const QString &kind, const QVariantMap &values)
     line[u"kind"_s] = kind;
     line[u"correlationId"_s] = document ? QJsonValue(document->getCorrelationId()) : QJsonValue();
     line[u"document"_s] = document ? QJsonValue(document->getNumber()) : QJsonValue();
-    return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
+    return plaintext::json(QJsonDocument(line).toJson(QJsonDocument::Compact)) + '\n';
 }
 
 // What a power cut has torn off must not swallow what is written behind it.

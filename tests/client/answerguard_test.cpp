@@ -108,10 +108,19 @@ void thenIsRefused(const QString &answer, const QString &reason)
     }
 }
 
+void thenIsAt(const QByteArray &answer, int line, int column)
+{
+    const auto defect = findDefect(answer);
+    ASSERT_TRUE(defect);
+    EXPECT_EQ(defect->line, line);
+    EXPECT_EQ(defect->column, column);
+}
+
 const QString tooDeep = u"Elements are nested deeper than 256."_s;
 const QString tooManyAttributes = u"More than 256 attributes on one element."_s;
-const QString tooManyElements = u"More than 200000 elements."_s;
-const QString entities = u"The document type defines entities."_s;
+const QString tooManyNodes = u"More than 200000 nodes."_s;
+const QString tooLongType = u"The document type is longer than 65536 characters."_s;
+const QString entities = u"The document type declares entities."_s;
 
 } // namespace
 
@@ -156,23 +165,49 @@ TEST(AnswerGuardTest, EqualSignsInsideValuesAndTextsAreNotAttributes)
 TEST(AnswerGuardTest, ElementsAreLimited)
 {
     EXPECT_EQ(refusalOf(withElements(200'000)), QString());
-    EXPECT_EQ(refusalOf(withElements(200'001)), tooManyElements);
+    EXPECT_EQ(refusalOf(withElements(200'001)), tooManyNodes);
 }
 
 TEST(AnswerGuardTest, ElementsAreLimitedInSixteenBitsToo)
 {
-    EXPECT_EQ(
-        refusalOf(encoded(withElements(200'001), Coding::BigEndianWithMark)), tooManyElements);
+    EXPECT_EQ(refusalOf(encoded(withElements(200'001), Coding::BigEndianWithMark)), tooManyNodes);
 }
 
-TEST(AnswerGuardTest, ADocumentTypeMayNotDefineEntities)
+TEST(AnswerGuardTest, WhateverTheReaderMakesANodeOfCounts)
+{
+    struct Row
+    {
+        QString node;
+        int count; ///< of the document, of the node's element where it needs one, of the node
+    };
+    const QList<Row> rows = {{u"<!---->"_s, 1}, {u"<![CDATA[]]>"_s, 1}, {u"<?p?>"_s, 1},
+        {u"<b></b>"_s, 1}, {u"<b c=''/>"_s, 5}, {u"<b c='' d=''>"_s + u"</b>"_s, 9}};
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.node.toStdString());
+        const QString most = repeated(row.node, (200'000 - 1) / row.count);
+        EXPECT_EQ(refusalOf(u"<r>"_s + most + u"</r>"_s), QString());
+        EXPECT_EQ(refusalOf(u"<r>"_s + most + row.node + u"</r>"_s), tooManyNodes);
+    }
+}
+
+TEST(AnswerGuardTest, ReferencesAreNodesOnlyWhereSomethingMayHaveDeclaredThem)
+{
+    const QString many = repeated(u"&b;"_s, 200'000);
+    EXPECT_EQ(refusalOf(u"<a>"_s + many + u"</a>"_s), QString());
+    const QString type = u"<!DOCTYPE a SYSTEM 'x'><a>"_s;
+    EXPECT_EQ(refusalOf(type + many + u"</a>"_s), tooManyNodes);
+    EXPECT_EQ(refusalOf(type + many), tooManyNodes);
+    EXPECT_EQ(refusalOf(type + repeated(u"&b;"_s, 199'999) + u"</a>"_s), QString());
+}
+
+TEST(AnswerGuardTest, ADocumentTypeMayNotDeclareEntities)
 {
     const QList<QString> types = {
         u"[<!ENTITY b 'c'>]"_s,
         u"[\n<!ENTITY % b 'c'>]"_s,
         u"SYSTEM 'x' [<!ENTITY b SYSTEM 'c'>]"_s,
         u"[<!ELEMENT a ANY><!ENTITY b 'c'>]"_s,
-        u"[<!ATTLIST a b CDATA ']>'><!ENTITY b 'c'>]"_s,
+        u"[<!ELEMENT a ANY ']>'><!ENTITY b 'c'>]"_s,
         u"[<!-- ' ]> --><!ENTITY b 'c'>]"_s,
         u"[<?p ' ]> ?><!ENTITY b 'c'>]"_s,
     };
@@ -180,6 +215,38 @@ TEST(AnswerGuardTest, ADocumentTypeMayNotDefineEntities)
         SCOPED_TRACE(type.toStdString());
         thenIsRefused(u"<!DOCTYPE a %1><a/>"_s.arg(type), entities);
     }
+}
+
+TEST(AnswerGuardTest, ADocumentTypeMayNotDeclareAttributes)
+{
+    const QString attributes = u"The document type declares attributes."_s;
+    for (const QString &type :
+        {u"[<!ATTLIST a b CDATA 'c'>]"_s, u"[<!ATTLIST a b CDATA #IMPLIED>]"_s,
+            u"[<!ELEMENT a ANY>\n<!ATTLIST a xmlns CDATA 'u'>]"_s}) {
+        SCOPED_TRACE(type.toStdString());
+        thenIsRefused(u"<!DOCTYPE a %1><a/>"_s.arg(type), attributes);
+    }
+}
+
+TEST(AnswerGuardTest, ADocumentTypeMayNotDeclareNotations)
+{
+    thenIsRefused(u"<!DOCTYPE a [<!NOTATION b SYSTEM 'c'>]><a/>"_s,
+        u"The document type declares notations."_s);
+}
+
+TEST(AnswerGuardTest, TheLengthOfADocumentTypeIsLimited)
+{
+    const auto type = [](const QString &filling) {
+        return QString(u"<!DOCTYPE a SYSTEM '"_s + filling + u"' [ ]><a/>"_s);
+    };
+    const QString rest = u"<!DOCTYPE a SYSTEM '' [ ]"_s;
+    const int longest = 64 * 1024 - static_cast<int>(rest.size());
+    thenPasses(type(repeated(u"x"_s, longest)));
+    thenIsRefused(type(repeated(u"x"_s, longest + 1)), tooLongType);
+    for (const QString &declaration : {u"<!-- -->"_s, u"<?p?>"_s, u"<!ELEMENT a ANY>"_s, u"%b;"_s})
+        thenIsRefused(u"<!DOCTYPE a [%1]><a/>"_s.arg(repeated(declaration, longest)), tooLongType);
+    thenIsRefused(
+        u"<!DOCTYPE a [%1<!ENTITY b 'c'>]><a/>"_s.arg(repeated(u"%b;"_s, longest)), tooLongType);
 }
 
 TEST(AnswerGuardTest, OtherDocumentTypesPass)
@@ -191,7 +258,7 @@ TEST(AnswerGuardTest, OtherDocumentTypesPass)
         u"[<!ELEMENT a (#PCDATA)>]"_s,
         u"[<!-- <!ENTITY b 'c'> -->]"_s,
         u"[<?p <!ENTITY b 'c'> ?>]"_s,
-        u"[<!ATTLIST a x CDATA ']> !ENTITY'>]"_s,
+        u"[<!-- ']> <!ATTLIST a x CDATA 'c'> -->]"_s,
         u"[<!-- don't -->]"_s,
         u"[<?p don't ?>]"_s,
     };
@@ -203,8 +270,7 @@ TEST(AnswerGuardTest, OtherDocumentTypesPass)
 
 TEST(AnswerGuardTest, TagsBehindADocumentTypeAreStillCounted)
 {
-    thenIsRefused(
-        u"<!DOCTYPE a SYSTEM \"x'>\" [<!ATTLIST a b CDATA '>'>]>"_s + nested(257), tooDeep);
+    thenIsRefused(u"<!DOCTYPE a SYSTEM \"x'>\" [<!ELEMENT a ANY>]>"_s + nested(257), tooDeep);
 }
 
 TEST(AnswerGuardTest, WhatLooksLikeTagsInCommentsSectionsAndInstructionsDoesNotCount)
@@ -319,7 +385,7 @@ TEST(AnswerGuardTest, BrokenAnswersAreLeftToTheReader)
 
 TEST(AnswerGuardTest, BrokenDocumentTypesDoNotOverwhelmIt)
 {
-    EXPECT_EQ(refusalOf(repeated(u"<!DOCTYPE a ["_s, 300'000)), QString());
+    EXPECT_EQ(refusalOf(repeated(u"<!DOCTYPE a ["_s, 300'000)), tooLongType);
 }
 
 TEST(AnswerGuardTest, TheDefectSaysWhereItIs)
@@ -343,11 +409,45 @@ TEST(AnswerGuardTest, TheDefectSaysWhereItIs)
     }
 }
 
+TEST(AnswerGuardTest, EveryLineBreakOfXmlIsOne)
+{
+    for (const QString &lineBreak : {u"\n"_s, u"\r"_s, u"\r\n"_s})
+        thenIsAt(u"<r>%1%1 <b%2/></r>"_s.arg(lineBreak, repeated(u" c=''"_s, 257)).toUtf8(), 3, 2);
+}
+
 TEST(AnswerGuardTest, PlacesDoNotDependOnTheEncoding)
 {
+    // A character of two bytes, one of three, and one of four, which is two UTF-16 units.
+    const QString tooDeepBehindOthers = u"<r>\nЖ\u2013\U0001F600"_s + nested(257);
     for (const Coding coding : allCodings) {
-        const auto defect = findDefect(encoded(u"<r>\nЖ<a>"_s + nested(257), coding));
-        ASSERT_TRUE(defect);
-        EXPECT_EQ(defect->line, 2);
+        SCOPED_TRACE(static_cast<int>(coding));
+        thenIsAt(encoded(tooDeepBehindOthers, coding), 2, 770);
+    }
+}
+
+TEST(AnswerGuardTest, PlacesAreThoseOfTheDeclaredEncoding)
+{
+    // Two characters of one byte each; read as UTF-8 they would be one.
+    const QByteArray twoBytes = "\xD0\x96";
+    for (const QByteArray &name : {"windows-1251"_ba, "ISO-8859-1"_ba}) {
+        const QByteArray head = "<?xml version='1.0' encoding='" + name + "'?>\n<r>" + twoBytes;
+        thenIsAt(head + nested(257).toLatin1(), 2, 771);
+    }
+    const QByteArray head = "<?xml version='1.0' encoding='UTF-8'?>\n<r>" + twoBytes;
+    thenIsAt(head + nested(257).toLatin1(), 2, 770);
+}
+
+TEST(AnswerGuardTest, PlacesAreThoseOfTheReader)
+{
+    // The reader tells a place behind what it stumbles over, here one character.
+    for (const Coding coding : allCodings) {
+        SCOPED_TRACE(static_cast<int>(coding));
+        const QString before = u"<r>\r\nЖ\u2013\U0001F600<b></b>"_s;
+        int line = 0;
+        int column = 0;
+        EXPECT_FALSE(
+            QDomDocument().setContent(encoded(before + u"<<"_s, coding), nullptr, &line, &column));
+        thenIsAt(
+            encoded(before + u"<b%1/>"_s.arg(repeated(u" c=''"_s, 257)), coding), line, column - 1);
     }
 }

@@ -116,7 +116,7 @@ TEST_F(TransportTest, AnAnswerThatTheGuardRefusesIsLikeOneThatIsNoXml)
     givenBytes("<!DOCTYPE a [\n <!ENTITY b 'c'>]>\n<a>&b;</a>");
     thenAnswerIsRefused();
     EXPECT_EQ(logged(u"ERROR"_s).first(),
-        u"Не удалось интерпретировать ответ от сервера([2, 2] The document type defines entities.)"_s);
+        u"Не удалось интерпретировать ответ от сервера([2, 2] The document type declares entities.)"_s);
 }
 
 TEST_F(TransportTest, APlaceholderInTheParsersTextIsNotFilled)

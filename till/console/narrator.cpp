@@ -1,5 +1,6 @@
 #include "till/console/narrator.h"
 
+#include "host/text/plaintext.h"
 #include "till/console/documentwords.h"
 
 #include <QMap>
@@ -72,7 +73,8 @@ Narrator::Narrator(std::ostream &out, Paint paint)
 
 void Narrator::tellRemark(const QString &remark)
 {
-    m_out << (m_inRemark ? "" : "\n") << m_paint(Colour::Green, remark).toStdString() << '\n';
+    m_out << (m_inRemark ? "" : "\n")
+          << m_paint(Colour::Green, plaintext::line(remark)).toStdString() << '\n';
     m_inRemark = true;
     m_out.flush();
 }
@@ -81,7 +83,8 @@ void Narrator::tell(const ExecutedCommand &command)
 {
     m_inRemark = false;
     if (!m_atPrompt)
-        m_out << m_paint(Colour::Bold, u"> "_s + command.text).toStdString() << '\n';
+        m_out << m_paint(Colour::Bold, u"> "_s + plaintext::line(command.text)).toStdString()
+              << '\n';
     tellHappenings(command.recording);
     tellRefusal(command.outcome);
     tellDocument(command);
@@ -97,7 +100,7 @@ void Narrator::tellHappenings(const Recording &recording)
         if (entry.startsWith(u"dialog "))
             tellDialog(*dialog++);
         else if (const QString text = happening(entry); !text.isEmpty())
-            line(m_paint(Colour::Faint, text));
+            line(Colour::Faint, text);
     }
     for (const QString &paper : recording.screen)
         tellPaper(paper);
@@ -109,21 +112,21 @@ void Narrator::tellPaper(const QString &paper)
     while (!rows.isEmpty() && rows.constLast().isEmpty())
         rows.removeLast();
     for (const QString &row : std::as_const(rows))
-        line(m_paint(Colour::Faint, u"│ "_s) + row);
+        write(m_paint(Colour::Faint, u"│ "_s) + plaintext::line(row));
 }
 
 void Narrator::tellDialog(const RecordedDialog &dialog)
 {
     if (!m_atPrompt)
-        line(m_paint(Colour::Yellow, questionAndAnswer(dialog)));
+        line(Colour::Yellow, questionAndAnswer(dialog));
 }
 
 void Narrator::tellRefusal(const Outcome &outcome)
 {
     if (outcome.refusal)
-        line(m_paint(Colour::Red, u"Refused: «%1»"_s.arg(outcome.refusal->message.ui())));
+        line(Colour::Red, u"Refused: «%1»"_s.arg(outcome.refusal->message.ui()));
     else if (outcome.result.typeId() == QMetaType::Int)
-        line(m_paint(Colour::Red, u"The plug-in stopped it."_s));
+        line(Colour::Red, u"The plug-in stopped it."_s);
 }
 
 void Narrator::tellDocument(const ExecutedCommand &command)
@@ -139,6 +142,16 @@ void Narrator::tellDocument(const ExecutedCommand &command)
 }
 
 void Narrator::line(const QString &text)
+{
+    write(plaintext::block(text));
+}
+
+void Narrator::line(Colour colour, const QString &text)
+{
+    write(m_paint(colour, plaintext::block(text)));
+}
+
+void Narrator::write(const QString &text)
 {
     // Texts of several lines, messages of the service for one, stay indented.
     m_out << "    " << QString(text).replace(u'\n', u"\n    "_s).toStdString() << '\n';

@@ -30,7 +30,11 @@ private:
     void tellDialog(const RecordedDialog &dialog);
     void tellRefusal(const Outcome &outcome);
     void tellDocument(const ExecutedCommand &command);
+    /// Texts of the service and of documents come with a mark in place of what would work the
+    /// terminal.
     void line(const QString &text);
+    void line(Paint::Colour colour, const QString &text);
+    void write(const QString &text);
 
     std::ostream &m_out;
     Paint m_paint;

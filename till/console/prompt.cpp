@@ -1,5 +1,6 @@
 #include "till/console/prompt.h"
 
+#include "host/text/plaintext.h"
 #include "till/core/cannotdo.h"
 
 #include <ostream>
@@ -15,9 +16,9 @@ void runPrompt(LineEditor &editor, Interpreter &interpreter, std::ostream &error
         editor.remember(*line);
         try {
             if (const auto failure = interpreter.execute(++number, *line))
-                errors << failure->toStdString() << std::endl;
+                errors << plaintext::block(*failure).toStdString() << std::endl;
         } catch (const CannotDo &error) {
-            errors << error.text().toStdString() << std::endl;
+            errors << plaintext::block(error.text()).toStdString() << std::endl;
         }
     }
 }

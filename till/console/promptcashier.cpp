@@ -1,5 +1,7 @@
 #include "till/console/promptcashier.h"
 
+#include "host/text/plaintext.h"
+
 #include <ostream>
 #include <utility>
 
@@ -14,7 +16,7 @@ PromptCashier::PromptCashier(std::ostream &out, ReadLine readLine)
 
 void PromptCashier::say(const QString &text)
 {
-    m_out << text.toStdString() << std::endl;
+    m_out << plaintext::block(text).toStdString() << std::endl;
 }
 
 void PromptCashier::read(const tr::Tr &message)
@@ -27,7 +29,7 @@ bool PromptCashier::choose(const tr::Tr &question, const tr::Tr &accept, const t
     say(question.ui());
     if (const auto given = takeForChoice())
         return *given;
-    const QString prompt = u"1 %1, 2 %2 [1]: "_s.arg(accept.ui(), reject.ui());
+    const QString prompt = plaintext::line(u"1 %1, 2 %2 [1]: "_s.arg(accept.ui(), reject.ui()));
     while (const auto line = m_readLine(prompt)) {
         if (line->isEmpty() || *line == u"1")
             return true;
@@ -42,7 +44,8 @@ std::optional<QString> PromptCashier::enter(const InputTextFormParameters &form)
     say(form.title.ui());
     if (hasAnswers())
         return AnswerLine::enter(form);
-    const QString prompt = u"%1 (empty: %2): "_s.arg(form.message.ui(), form.cancelButton.ui());
+    const QString prompt
+        = plaintext::line(u"%1 (empty: %2): "_s.arg(form.message.ui(), form.cancelButton.ui()));
     while (const auto line = m_readLine(prompt)) {
         if (line->isEmpty())
             return std::nullopt;

@@ -1,6 +1,7 @@
 #include "till/queue/looking.h"
 
 #include "host/framework/currenttime.h"
+#include "host/text/plaintext.h"
 #include "till/exitstatus.h"
 #include "till/queue/backlog.h"
 #include "till/queue/identification.h"
@@ -48,14 +49,14 @@ void forEachPage(QueueOffice &office, const QList<MessageState> &states,
 
 void printArray(QueueOffice &office, const QList<MessageState> &states)
 {
-    const char *before = "[\n";
+    QString before = u"[\n"_s;
     forEachPage(office, states, [&before](const QList<QueueMessage> &messages) {
         for (const QueueMessage &message : messages) {
-            std::fputs((before + listedMessage(message).dump()).c_str(), stdout);
-            before = ",\n";
+            print(before + jsonText(listedMessage(message)));
+            before = u",\n"_s;
         }
     });
-    std::fputs(*before == '[' ? "[]\n" : "\n]\n", stdout);
+    print(before.startsWith(u'[') ? u"[]\n"_s : u"\n]\n"_s);
 }
 
 void printTable(QueueOffice &office, const QList<MessageState> &states)
@@ -104,7 +105,7 @@ int status(const QueueOptions &options)
     if (options.json)
         print(statusObject(figures, now, backlog));
     else
-        print(printable(statusText(figures, now, backlog)));
+        print(plaintext::block(statusText(figures, now, backlog)));
     return static_cast<int>(backlog.level);
 }
 

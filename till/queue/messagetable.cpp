@@ -1,5 +1,6 @@
 #include "till/queue/messagetable.h"
 
+#include "host/text/plaintext.h"
 #include "till/queue/messagetext.h"
 
 #include <libsmartcols.h>
@@ -54,7 +55,7 @@ QStringList rowOf(const QueueMessage &message, const QList<Column> &columns)
         value = column.isNumber ? value.rightJustified(column.width)
                                 : value.leftJustified(column.width, u' ', true);
     }
-    return row << reasonText(message).simplified();
+    return row << plaintext::line(reasonText(message)).simplified();
 }
 
 using Table = std::unique_ptr<libscols_table, decltype(&scols_unref_table)>;

@@ -1,8 +1,8 @@
 #include "till/queue/messagetext.h"
 
-#include <QPair>
+#include "host/text/plaintext.h"
 
-#include <algorithm>
+#include <QPair>
 
 using namespace Qt::StringLiterals;
 
@@ -40,7 +40,7 @@ QString linesText(const QList<Line> &lines)
     QString text;
     for (const auto &[name, value] : lines)
         if (!value.isEmpty())
-            text += name + u": "_s + value + u'\n';
+            text += plaintext::line(name + u": "_s + value) + u'\n';
     return text;
 }
 
@@ -62,24 +62,12 @@ QString blockText(const QString &title, const QByteArray &contents)
     return u'\n' + title + u":\n"_s + text + (text.endsWith(u'\n') ? u""_s : u"\n"_s);
 }
 
-bool isControl(QChar character)
-{
-    return character.category() == QChar::Other_Control && character != u'\n' && character != u'\t';
-}
-
 } // namespace
 
 QString messageText(const QueueMessage &message)
 {
-    return printable(linesText(linesOf(message) + headersOf(message))
+    return plaintext::block(linesText(linesOf(message) + headersOf(message))
         + blockText(u"body"_s, message.body) + blockText(u"answer"_s, message.answer));
-}
-
-QString printable(const QString &text)
-{
-    QString shown = text;
-    std::replace_if(shown.begin(), shown.end(), isControl, QChar(QChar::ReplacementCharacter));
-    return shown;
 }
 
 QString timeText(const QDateTime &time)

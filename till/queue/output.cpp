@@ -1,6 +1,6 @@
 #include "till/queue/output.h"
 
-#include "till/queue/messagetext.h"
+#include "host/text/plaintext.h"
 
 #include <cstdio>
 
@@ -14,14 +14,19 @@ void print(const QString &text)
     std::fflush(stdout);
 }
 
+QString jsonText(const Json &object)
+{
+    return QString::fromUtf8(plaintext::json(QByteArray::fromStdString(object.dump())));
+}
+
 void print(const Json &object)
 {
-    print(QString::fromStdString(object.dump()) + u'\n');
+    print(jsonText(object) + u'\n');
 }
 
 void complain(const QString &line)
 {
-    const QString whole = u"korvel-till: "_s + printable(line) + u'\n';
+    const QString whole = u"korvel-till: "_s + plaintext::line(line) + u'\n';
     std::fputs(whole.toUtf8().constData(), stderr);
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/config/config.h"
 #include "host/logging/logsetup.h"
+#include "host/storage/privacy.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
 #include "till/configuration.h"
@@ -35,12 +36,14 @@ void checkFolder(const QString &folder)
 
 DBQueueBroker &openQueue(const QueueOptions &options, const QString &logFolder)
 {
+    privacy::leaveNoCore();
     readConfiguration(options.configFile);
     auto *folder = Singleton<StateFolder>::instance();
     folder->setPath(stateFolder(options.stateFolder));
     checkFolder(folder->path());
     logging::setUp(folder->log() + u'/' + logFolder,
         Singleton<Config>::instance()->getPath(u"Queue:logProperties"_s, {}));
+    privacy::warnOfLooseRights();
     auto *queue = Singleton<DBQueueBroker>::instance();
     judgeLoyaltyMessages(*queue);
     for (const tr::Tr &notice : queue->open())

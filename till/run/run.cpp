@@ -1,6 +1,7 @@
 #include "till/run/run.h"
 
 #include "host/storage/statefolder.h"
+#include "host/text/plaintext.h"
 #include "till/console/narrator.h"
 #include "till/console/prompt.h"
 #include "till/console/promptcashier.h"
@@ -88,7 +89,7 @@ void narrate(Interpreter &interpreter, Narrator &narrator, bool atTerminal)
 
 void complain(const QString &what)
 {
-    std::cerr << u"korvel-till: "_s.append(what).toStdString() << std::endl;
+    std::cerr << u"korvel-till: "_s.append(plaintext::block(what)).toStdString() << std::endl;
 }
 
 ExitStatus statusFor(bool hasOpenEnds)

@@ -4,6 +4,7 @@
 #include "host/framework/session.h"
 #include "host/logging/logsetup.h"
 #include "host/queue/dbqueuebroker.h"
+#include "host/storage/privacy.h"
 #include "host/storage/statefolder.h"
 #include "till/configuration.h"
 #include "till/core/loyaltyverdict.h"
@@ -26,12 +27,14 @@ QString pluginFile(const QString &given)
 // The configuration says where the state is, and only who holds the state folder may log into it.
 std::unique_ptr<DocumentStore> prepare(const RunOptions &options)
 {
+    privacy::leaveNoCore();
     readConfiguration(options.configFile);
     auto *folder = Singleton<StateFolder>::instance();
     folder->setPath(stateFolder(options.stateFolder));
     auto store = std::make_unique<DocumentStore>();
     logging::setUp(
         folder->log(), Singleton<Config>::instance()->getPath(u"Till:logProperties"_s, {}));
+    privacy::warnOfLooseRights();
     return store;
 }
 

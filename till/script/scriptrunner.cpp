@@ -1,5 +1,6 @@
 #include "till/script/scriptrunner.h"
 
+#include "host/text/plaintext.h"
 #include "till/core/cannotdo.h"
 
 #include <QStringDecoder>
@@ -29,7 +30,8 @@ ExitStatus runScript(
     std::istream &script, const QString &name, Interpreter &interpreter, std::ostream &errors)
 {
     const auto tell = [&](int line, const QString &what) {
-        errors << u"%1:%2: %3"_s.arg(name).arg(line).arg(what).toStdString() << std::endl;
+        errors << plaintext::block(u"%1:%2: %3"_s.arg(name).arg(line).arg(what)).toStdString()
+               << std::endl;
     };
     auto status = ExitStatus::Success;
     std::string bytes;

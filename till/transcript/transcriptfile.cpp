@@ -1,6 +1,7 @@
 #include "till/transcript/transcriptfile.h"
 
 #include "host/storage/storageerror.h"
+#include "host/text/plaintext.h"
 #include "till/core/cannotdo.h"
 
 #include <cstdio>
@@ -28,9 +29,8 @@ TranscriptFile::TranscriptFile(const QString &fileName)
 
 void TranscriptFile::write(const Json &object)
 {
-    const std::string line = object.dump() + '\n';
-    const auto length = static_cast<qint64>(line.size());
-    if (m_file.write(line.data(), length) != length || !m_file.flush())
+    const QByteArray line = plaintext::json(QByteArray::fromStdString(object.dump())) + '\n';
+    if (m_file.write(line) != line.size() || !m_file.flush())
         throw StorageError(u"the transcript %1 cannot be written: %2; make room for it"_s.arg(
             m_name, m_file.errorString()));
 }

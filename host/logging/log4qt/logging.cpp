@@ -23,10 +23,12 @@ log4cplus::tstring narrow(const QString &text)
     return text.toStdString();
 }
 
-bool breaksLine(QChar character)
+bool isWrittenAsCode(QChar character)
 {
+    // Format characters are invisible, and some turn the reading order of what stands behind them.
     return (character.category() == QChar::Other_Control && character != u'\t')
-        || character == QChar::LineSeparator || character == QChar::ParagraphSeparator;
+        || character.category() == QChar::Other_Format || character == QChar::LineSeparator
+        || character == QChar::ParagraphSeparator;
 }
 
 // One line per message: a text from outside could otherwise pass for lines of the log itself.
@@ -39,7 +41,7 @@ QString onOneLine(const QString &message)
             line.append(u"\\n"_s);
         else if (character == u'\r')
             line.append(u"\\r"_s);
-        else if (breaksLine(character))
+        else if (isWrittenAsCode(character))
             line.append(
                 u"\\u%1"_s.arg(uint{character.unicode()}, codeDigits, hexadecimal, QChar(u'0')));
         else

@@ -75,6 +75,18 @@ TEST_F(OverlayTest, AValueFileThatCannotBeReadIsNamedWithItsSetting)
         at(2) + u"12: " + pathOf(u"none"_s) + u": the file cannot be read: "));
 }
 
+TEST_F(OverlayTest, EveryFileThatWasReadIsKnown)
+{
+    givenFile(u"secret"_s, "x\n");
+    givenFile(u"till.ini.d/10-site.ini"_s, "[S]\nuser=a\n");
+    givenFile(mainFile, "[S]\npassword=@file:secret\nplain=\"@file:other\"\n");
+    whenLoaded();
+    whenLoaded();
+
+    EXPECT_EQ(m_config.fileNames(),
+        QStringList({pathOf(mainFile), pathOf(u"secret"_s), pathOf(u"till.ini.d/10-site.ini"_s)}));
+}
+
 TEST_F(OverlayTest, AValueFileMustBeInUtf8)
 {
     givenFile(u"secret"_s, "\xD5\xEB\n");

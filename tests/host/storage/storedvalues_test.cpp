@@ -34,6 +34,28 @@ protected:
     }
 };
 
+TEST_F(StoredValuesTest, TheCustomersCodeIsKeptWhileTheDocumentIsOpen)
+{
+    document()->setStoredValue(u"group"_s, u"verificationCode"_s, u"4829"_s);
+    document()->setState(EDocumentState::Open);
+    EXPECT_TRUE(documentjson::write(*document()).contains("4829"));
+    document()->setState(EDocumentState::Cancelled);
+    EXPECT_TRUE(documentjson::write(*document()).contains("4829"));
+}
+
+TEST_F(StoredValuesTest, AClosedDocumentIsKeptWithoutTheCustomersCode)
+{
+    document()->setStoredValue(u"group"_s, u"verificationCode"_s, u"4829"_s);
+    document()->setState(EDocumentState::Closed);
+    const QVariantMap nested{{u"VerificationCode"_s, u"4829"_s}, {u"other"_s, 1}};
+    const QVariant kept = whenKept(QVariantMap{
+        {u"deep"_s, nested}, {u"VerificationCode"_s, QVariant()}, {u"code"_s, u"17"_s}});
+    EXPECT_EQ(kept,
+        QVariant(QVariantMap{{u"deep"_s, QVariantMap{{u"other"_s, 1}}}, {u"code"_s, u"17"_s}}));
+    EXPECT_FALSE(documentjson::write(*document()).contains("4829"));
+    EXPECT_EQ(document()->getStoredValue(u"group"_s, u"verificationCode"_s, {}), u"4829"_s);
+}
+
 TEST_F(StoredValuesTest, ComeBackWithValueAndType)
 {
     const QDateTime local(QDate(2024, 2, 29), QTime(23, 59, 58, 7));

@@ -66,10 +66,18 @@ TEST(MessageTextTest, WhatIsNotThereHasNone)
 
 TEST(MessageTextTest, NoTextWorksTheTerminal)
 {
-    EXPECT_EQ(printable(u"a\x1b[2Jb\rc\td\n\x85"_s), u"a\uFFFD[2Jb\uFFFDc\td\n\uFFFD"_s);
     QueueMessage message;
     message.answer = "\x1b[2J";
     EXPECT_FALSE(messageText(message).contains(u'\x1b'));
+}
+
+TEST(MessageTextTest, NoValueLooksLikeAnotherLine)
+{
+    QueueMessage message;
+    message.state = MessageState::Refused;
+    message.lastError = u"no\nstate: delivered"_s;
+    EXPECT_EQ(
+        messageText(message), u"state: refused\nattempts: 0\nlast error: no state: delivered\n"_s);
 }
 
 TEST(MessageTextTest, ProgramsReadEveryValue)
