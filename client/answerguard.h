@@ -16,9 +16,11 @@ namespace korvelLoyaltyOnline {
 namespace answerlimits {
 inline constexpr int depth = 256; ///< levels of elements, the root being the first
 inline constexpr int attributes = 256; ///< on one element
+inline constexpr int elements = 200'000;
 /// Elements, comments, sections and instructions together, and what attributes count for. So many
-/// take the reader about 100 MiB and a fifth of a second.
-inline constexpr int nodes = 200'000;
+/// take the reader some 120 MiB and a quarter of a second. An answer with as many elements as are
+/// allowed may still have the attributes of an envelope.
+inline constexpr int nodes = 240'000;
 /// The first attribute of an element takes as much memory as five elements, each further one as
 /// one.
 inline constexpr qsizetype nodesPerAttribute = 4;

@@ -67,6 +67,8 @@ std::optional<QString> MarkupScanner::scanConstruct()
 
 std::optional<QString> MarkupScanner::scanOpeningTag()
 {
+    if (++m_elements > answerlimits::elements)
+        return u"More than %1 elements."_s.arg(answerlimits::elements);
     if (++m_depth > answerlimits::depth)
         return u"Elements are nested deeper than %1."_s.arg(answerlimits::depth);
     int attributes = 0;

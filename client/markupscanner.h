@@ -40,6 +40,7 @@ private:
     qsizetype m_position = 0; ///< beginning of the construct in hand
     qsizetype m_next = 0; ///< first character that is not scanned yet
     int m_depth = 0;
+    int m_elements = 0;
     qsizetype m_nodes = 0; ///< what was seen, as `answerlimits::nodes` counts it
     bool m_hasDocumentType = false;
 };

@@ -29,6 +29,7 @@ CustomerPanel::CustomerPanel(QWidget *parent)
 QLabel *CustomerPanel::addLine(QFormLayout &form, const QString &name, const QString &objectName)
 {
     auto *value = new QLabel;
+    value->setTextFormat(Qt::PlainText);
     value->setObjectName(objectName);
     value->setWordWrap(true);
     form.addRow(name, value);

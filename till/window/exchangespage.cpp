@@ -89,6 +89,7 @@ ExchangesPage::ExchangesPage(QWidget *parent)
     m_outcome->setWordWrap(true);
     m_outcome->setTextFormat(Qt::PlainText);
     m_note->setObjectName(u"exchangeNote"_s);
+    m_note->setTextFormat(Qt::PlainText);
     auto *messages = new QVBoxLayout;
     messages->addWidget(m_outcome);
     messages->addWidget(makeHeading(texts::exchangeRequest.ui()));
@@ -112,6 +113,7 @@ QHBoxLayout *ExchangesPage::makeHead()
     auto *head = new QHBoxLayout;
     auto *title = new QLabel(texts::exchanges.ui());
     title->setObjectName(u"exchangesTitle"_s);
+    title->setTextFormat(Qt::PlainText);
     head->addWidget(title);
     head->addStretch();
     head->addWidget(m_note);

@@ -40,6 +40,7 @@ constexpr int customerSideWidth = 340;
 QLabel *makeLabel(const QString &objectName, const QString &text = {})
 {
     auto *label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
     label->setObjectName(objectName);
     return label;
 }

@@ -48,6 +48,16 @@ TEST_F(MainWindowTest, ACardAndACouponAreShown)
     EXPECT_EQ(items("coupons"), QStringList{u"990001"_s});
 }
 
+// Card types and names come from the service.
+TEST_F(MainWindowTest, MarkupInATextIsShownAsItIs)
+{
+    const auto labels = window.findChildren<QLabel *>();
+    ASSERT_FALSE(labels.isEmpty());
+    for (const QLabel *label : labels)
+        if (!label->objectName().isEmpty())
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+}
+
 TEST_F(MainWindowTest, EveryFunctionHasALargeButtonThatNamesItsKey)
 {
     for (const till::FunctionKey &key : till::functionKeys()) {
