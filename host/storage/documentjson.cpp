@@ -70,6 +70,8 @@ void readHead(const JsonField &field, AbstractDocument &document)
     document.setChequeText(field.at(u"chequeText"_s).text());
     if (const auto begun = field.find(u"registrationBegun"_s))
         document.setRegistrationBegun(begun->flag());
+    if (const auto unknown = field.find(u"bookingUnknown"_s))
+        document.setBookingUnknown(unknown->flag());
 }
 
 void writePositions(JsonWriter &json, const AbstractDocument &document)
@@ -190,6 +192,8 @@ QList<Payment> readPayments(const JsonField &field)
 // Members stand in the order of their names.
 void writeFirstMembers(JsonWriter &json, AbstractDocument &document)
 {
+    if (document.isBookingUnknown())
+        json.member("bookingUnknown"_L1, true);
     json.key("cards"_L1);
     writeCards(json, document);
     json.member("chequeText"_L1, document.getChequeText());
