@@ -119,10 +119,10 @@ void AnswerIndex::add(Field field, const QDomElement &element, QString text)
 {
     if (field == Field::ExtendedAttribute)
         m_attributes.push_back({m_fields.size(), element});
+    else if (text.isNull() && !holdsOthers(field))
+        m_composed.push_back({m_fields.size(), element});
     if (field == Field::ChequeResponse && m_cheque.isNull())
         m_cheque = element;
-    if (text.isNull() && !holdsOthers(field))
-        text = element.text();
     m_fields.push_back(field);
     m_findings.push_back({std::move(text), 0});
 }
@@ -142,25 +142,35 @@ std::vector<AnswerIndex::Span> AnswerIndex::insidesOf(Field field, Span span) co
     return insides;
 }
 
+AnswerIndex::Places::const_iterator AnswerIndex::firstFrom(const Places &places, std::size_t index)
+{
+    const auto isBefore = [](const Place &one, std::size_t wanted) { return one.index < wanted; };
+    return std::lower_bound(places.cbegin(), places.cend(), index, isBefore);
+}
+
+QString AnswerIndex::textAt(std::size_t index) const
+{
+    const QString &text = m_findings[index].text;
+    return text.isNull() ? firstFrom(m_composed, index)->element.text() : text;
+}
+
 QString AnswerIndex::text(Field field, Span span) const
 {
     const std::size_t place = next(field, span.begin, span.end);
-    return place == span.end ? QString() : m_findings[place].text;
+    return place == span.end ? QString() : textAt(place);
 }
 
 double AnswerIndex::number(Field field, Span span) const
 {
     const std::size_t place = next(field, span.begin, span.end);
-    return place == span.end ? 0.0 : decimal(m_findings[place].text);
+    return place == span.end ? 0.0 : decimal(textAt(place));
 }
 
 std::vector<QDomElement> AnswerIndex::attributes(Span span) const
 {
-    const auto isBefore = [](const Attribute &one, std::size_t place) { return one.place < place; };
     std::vector<QDomElement> elements;
-    for (auto found
-         = std::lower_bound(m_attributes.cbegin(), m_attributes.cend(), span.begin, isBefore);
-         found != m_attributes.cend() && found->place < span.end; ++found)
+    for (auto found = firstFrom(m_attributes, span.begin);
+         found != m_attributes.cend() && found->index < span.end; ++found)
         elements.push_back(found->element);
     return elements;
 }

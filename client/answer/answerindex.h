@@ -70,25 +70,31 @@ public:
 private:
     struct Finding
     {
-        QString text; ///< null for an element that holds fields
+        QString text; ///< null for an element that holds more or less than one text
         std::size_t end = 0; ///< of its insides, which begin behind it
     };
-    struct Attribute
+    struct Place
     {
-        std::size_t place = 0;
+        std::size_t index = 0; ///< among the findings
         QDomElement element;
     };
+    using Places = std::vector<Place>;
 
     void visit(const QDomNode &parent);
     void visitElement(const QDomElement &element);
     void add(Field field, const QDomElement &element, QString text);
+    [[nodiscard]] static Places::const_iterator firstFrom(const Places &places, std::size_t index);
     [[nodiscard]] std::size_t next(Field field, std::size_t from, std::size_t end) const;
+    [[nodiscard]] QString textAt(std::size_t index) const;
 
     // One entry for each element that was found, in document order. The fields stand apart so that
     // the search for one passes little memory.
     std::vector<Field> m_fields;
     std::vector<Finding> m_findings;
-    std::vector<Attribute> m_attributes; ///< of these entries those that are asked for as elements
+    Places m_attributes; ///< of these entries those that are asked for as elements
+    // Their texts are put together when they are asked for: fields nested in one another would hold
+    // the text of the innermost as often as they are deep.
+    Places m_composed;
     QDomElement m_cheque; ///< the first "ChequeResponse"; null when there is none
 };
 

@@ -113,6 +113,25 @@ receipt::Booking Till::booking() const
     return isBooked ? receipt::Booking::Done : receipt::Booking::Later;
 }
 
+// An open sale is booked when it is closed, as long as the service answers.
+receipt::Booking Till::expectedBooking() const
+{
+    return isRegistered() || m_exchanges.lastSucceeded() ? receipt::Booking::Done
+                                                         : receipt::Booking::Later;
+}
+
+QString Till::receiptPreview() const
+{
+    if (!document())
+        return {};
+    try {
+        return TextPrinter::sheets(receipt::templateName, {},
+            receipt::data(*document(), expectedBooking()), TextPrinter::defaultCopies, true);
+    } catch (const BasicException &error) {
+        return error.tr().ui();
+    }
+}
+
 // Not by the factory's printer, which is the plug-in's.
 void Till::printReceipt(Outcome &outcome) const
 {

@@ -83,6 +83,10 @@ public:
     /// What is still to be paid.
     [[nodiscard]] double rest() const;
 
+    /// What the printer would get if the open document, as it is now, were printed; empty at an
+    /// empty desk. Where the template cannot be used, why. Prints nothing and asks nobody.
+    [[nodiscard]] QString receiptPreview() const;
+
     Outcome close();
     Outcome cancel();
 
@@ -142,6 +146,7 @@ private:
     [[nodiscard]] bool settleBegunRegistration(Outcome &outcome);
     void putOut(Outcome &outcome);
     [[nodiscard]] receipt::Booking booking() const;
+    [[nodiscard]] receipt::Booking expectedBooking() const;
     void printReceipt(Outcome &outcome) const;
     void deliverAfterClose(Outcome &outcome);
     [[nodiscard]] static QList<tr::Tr> openQueue();
