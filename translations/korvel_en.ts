@@ -171,6 +171,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>Не удалось установить защищённое соединение с сервером %1</source>
         <translation>No secure connection with the server %1 could be made</translation>
     </message>
+    <message id="tillChequeQueued">
+        <source>Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат</source>
+        <translation>The cheque is in the outgoing queue already and will be registered. Close the cheque and make a return</translation>
+    </message>
     <message id="tillDelivered">
         <source>Отправка очереди: доставлено %1, отклонено %2, ждут %3</source>
         <translation>Outgoing queue: delivered %1, refused %2, waiting %3</translation>
@@ -234,6 +238,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
     <message id="tillRegistrationUnknown">
         <source>Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек и оформите возврат</source>
         <translation>The cheque may be registered with the loyalty service already, and there is no connection with it. Close the cheque and make a return</translation>
+    </message>
+    <message id="tillReturnUnknown">
+        <source>Возврат, возможно, уже проведён в системе лояльности. Закройте его</source>
+        <translation>The return may be booked with the loyalty service already. Close it</translation>
     </message>
     <message id="tillShiftOpenDocument">
         <source>Открыт документ %1</source>

@@ -171,6 +171,10 @@
         <source>Не удалось установить защищённое соединение с сервером %1</source>
         <translation>Не удалось установить защищённое соединение с сервером %1</translation>
     </message>
+    <message id="tillChequeQueued">
+        <source>Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат</source>
+        <translation>Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат</translation>
+    </message>
     <message id="tillDelivered">
         <source>Отправка очереди: доставлено %1, отклонено %2, ждут %3</source>
         <translation>Отправка очереди: доставлено %1, отклонено %2, ждут %3</translation>
@@ -234,6 +238,10 @@
     <message id="tillRegistrationUnknown">
         <source>Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек и оформите возврат</source>
         <translation>Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек и оформите возврат</translation>
+    </message>
+    <message id="tillReturnUnknown">
+        <source>Возврат, возможно, уже проведён в системе лояльности. Закройте его</source>
+        <translation>Возврат, возможно, уже проведён в системе лояльности. Закройте его</translation>
     </message>
     <message id="tillShiftOpenDocument">
         <source>Открыт документ %1</source>

@@ -100,7 +100,7 @@ void Till::requireChangeable() const
         throw CannotDo(
             u"the till ended while it registered the cheque with the loyalty service; the "
             u"cheque cannot be changed"_s,
-            u"close or cancel it"_s);
+            document()->getType() == EDocumentType::Sale ? u"close or cancel it"_s : u"close it"_s);
 }
 
 void Till::notify(Outcome &outcome, const Event &event) const
