@@ -71,7 +71,7 @@ QVariant readDate(const JsonField &field)
         return QDate();
     const QDate date = QDate::fromString(field.text(), Qt::ISODate);
     if (!date.isValid())
-        field.fail(u"a date or null"_s);
+        field.fail({u"jsonDate"_s, u"дата или null"_s});
     return date;
 }
 
@@ -85,7 +85,7 @@ template <typename Integer> QVariant readFromText(const JsonField &field)
 {
     QVariant number(field.text());
     if (!number.convert(QMetaType::fromType<Integer>()))
-        field.fail(u"an integer as a text"_s);
+        field.fail({u"jsonIntegerText"_s, u"целое число в виде текста"_s});
     return number;
 }
 
@@ -148,8 +148,9 @@ QJsonValue fromVariant(const QVariant &value)
     const auto kind = std::find_if(
         kinds().cbegin(), kinds().cend(), [type](const Kind &other) { return other.type == type; });
     if (kind == kinds().cend())
-        throw StorageError(u"values of the type %1 cannot be kept in a document"_s.arg(
-            QString::fromLatin1(value.typeName())));
+        throw StorageError(
+            tr::Tr(u"documentTypeNotKept"_s, u"значения типа %1 нельзя хранить в документе"_s)
+                .arg(QString::fromLatin1(value.typeName())));
     return QJsonObject{{kind->name, kind->write(value)}};
 }
 
@@ -166,7 +167,7 @@ QVariant toVariant(const JsonField &field)
     const auto kind = std::find_if(kinds().cbegin(), kinds().cend(),
         [&names](const Kind &other) { return names == QStringList{other.name}; });
     if (kind == kinds().cend())
-        field.fail(u"a value of a known kind"_s);
+        field.fail({u"jsonKnownKind"_s, u"значение известного вида"_s});
     return kind->read(field.at(kind->name));
 }
 

@@ -21,9 +21,10 @@ TranscriptFile::TranscriptFile(const QString &fileName)
     const bool opened = isStandardOutput(fileName) ? m_file.open(stdout, QIODevice::WriteOnly)
                                                    : m_file.open(QIODevice::WriteOnly);
     if (!opened)
-        throw CannotDo(
-            u"the transcript %1 cannot be written: %2"_s.arg(m_name, m_file.errorString()),
-            u"name a file in a folder that can be written"_s);
+        throw CannotDo(tr::Tr(u"cannotWriteTranscript"_s, u"не удаётся записать протокол %1: %2"_s)
+                           .arg(m_name)
+                           .arg(m_file.errorString()),
+            {u"cannotWriteTranscriptRemedy"_s, u"укажите файл в папке, доступной для записи"_s});
 }
 
 void TranscriptFile::write(const Json &object)
@@ -31,8 +32,10 @@ void TranscriptFile::write(const Json &object)
     const std::string line = object.dump() + '\n';
     const auto length = static_cast<qint64>(line.size());
     if (m_file.write(line.data(), length) != length || !m_file.flush())
-        throw StorageError(u"the transcript %1 cannot be written: %2; make room for it"_s.arg(
-            m_name, m_file.errorString()));
+        throw StorageError(
+            tr::Tr(u"transcriptFull"_s, u"не удаётся записать протокол %1: %2; освободите место"_s)
+                .arg(m_name)
+                .arg(m_file.errorString()));
 }
 
 } // namespace till
