@@ -16,6 +16,8 @@
 #include <QUrl>
 #include <QVariant>
 
+#include <vector>
+
 class Config;
 
 namespace Log4Qt {
@@ -23,6 +25,9 @@ class Logger;
 }
 
 namespace korvelLoyaltyOnline {
+
+class AnswerIndex;
+struct ConfiguredSection;
 
 /// The client of the loyalty service: composes requests, sends or queues them, reads the answers.
 ///
@@ -152,17 +157,22 @@ private:
     void readForbiddenCardStatuses(const Config &config);
 
     QDomElement formItem(const QSharedPointer<GoodsItem> &position,
-        const QMap<QString, QVariant> &data, QDomDocument &request) const;
+        const QMap<QString, QVariant> &data, QDomDocument &request,
+        const QList<ConfiguredSection> &sections) const;
     double minimumPrice(const GoodsItem &position) const;
     QList<QDomElement> formStoredAttributes(
         const QMap<QString, QVariant> &data, QDomDocument &request) const;
-    QList<QDomElement> formConfiguredAttributes(
-        const QSharedPointer<GoodsItem> &position, QDomDocument &request) const;
+    QList<QDomElement> formPositionAttributes(const QMap<QString, QVariant> &data,
+        QDomDocument &request, const QSharedPointer<GoodsItem> &position,
+        const QList<ConfiguredSection> &sections) const;
+    QList<QDomElement> formConfiguredAttributes(const QSharedPointer<GoodsItem> &position,
+        QDomDocument &request, const QList<ConfiguredSection> &sections) const;
     QList<QDomElement> formOptionAttributes(const GoodsItem &position, QDomDocument &request) const;
     QDomElement formExtendedAttribute(
         QDomDocument &request, const QMap<QString, QString> &attributes) const;
-    QMap<QString, QVariant> readPosition(const QDomElement &item) const;
-    QMap<QString, QVariant> readPositions(const QDomDocument &response) const;
+    QMap<QString, QVariant> readAttributes(const std::vector<QDomElement> &elements) const;
+    QList<QVariant> couponsToPrint(const QString &message, const QStringList &numbers) const;
+    QMap<QString, QVariant> readPositions(const AnswerIndex &answer) const;
 
     static constexpr int defaultTimeoutSeconds = 15;
     static constexpr int noIndexPrice = -1;

@@ -10,14 +10,22 @@ using namespace Qt::StringLiterals;
 
 namespace till {
 
+namespace {
+
+const QString usualFile = u"till.ini"_s;
+
+} // namespace
+
 void readConfiguration(const QString &given)
 {
-    const QString usual = u"till.ini"_s;
-    if (!given.isEmpty())
-        Singleton<Config>::instance()->load(given);
-    else if (QFileInfo::exists(usual))
-        Singleton<Config>::instance()->load(usual);
+    if (isConfigured(given))
+        Singleton<Config>::instance()->load(given.isEmpty() ? usualFile : given);
     speakAsConfigured();
+}
+
+bool isConfigured(const QString &given)
+{
+    return !given.isEmpty() || QFileInfo::exists(usualFile);
 }
 
 QString stateFolder(const QString &given)

@@ -9,6 +9,9 @@ namespace till {
 /// @throws ConfigError when the file cannot be read or used, or names no language of the till.
 void readConfiguration(const QString &given);
 
+/// Whether there is a configuration to read: the given file, or "till.ini" of the current folder.
+[[nodiscard]] bool isConfigured(const QString &given);
+
 /// The state folder: the given one, otherwise that of the settings, otherwise the one below the
 /// user's home. Nothing is created.
 [[nodiscard]] QString stateFolder(const QString &given);

@@ -1577,6 +1577,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>%1 с</source>
         <translation>%1 s</translation>
     </message>
+    <message id="windowAnswerFirst">
+        <source>Скан не принят: сначала ответьте на вопрос</source>
+        <translation>The scan was not taken: answer the question first</translation>
+    </message>
     <message id="windowAskCancel">
         <source>Отменить открытый документ?</source>
         <translation>Cancel the open document?</translation>
@@ -1605,6 +1609,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>Номер чека продажи; пусто — возврат без чека</source>
         <translation>Number of the sale's cheque; empty: a return without a sale</translation>
     </message>
+    <message id="windowBack">
+        <source>К продаже</source>
+        <translation>To the sale</translation>
+    </message>
     <message id="windowBusy">
         <source>Обращение к системе лояльности</source>
         <translation>Asking the loyalty service</translation>
@@ -1629,9 +1637,21 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>карта из чека продажи</source>
         <translation>card of the sale</translation>
     </message>
+    <message id="windowCardPaysNoMore">
+        <source>Картой можно оплатить не больше %1</source>
+        <translation>A card can pay no more than %1</translation>
+    </message>
+    <message id="windowCardRefused">
+        <source>карта %1 не принята: %2</source>
+        <translation>card %1 was refused: %2</translation>
+    </message>
     <message id="windowCardRegistered">
         <source>чек зарегистрирован</source>
         <translation>cheque registered</translation>
+    </message>
+    <message id="windowChange">
+        <source>Сдача: %1</source>
+        <translation>Change: %1</translation>
     </message>
     <message id="windowColumnCode">
         <source>Артикул</source>
@@ -1664,6 +1684,14 @@ Cancel the payment, go back to the cheque and pay with points again</translation
     <message id="windowColumnSum">
         <source>Сумма</source>
         <translation>Sum</translation>
+    </message>
+    <message id="windowCopied">
+        <source>Скопировано, номера карт скрыты</source>
+        <translation>Copied, card numbers are hidden</translation>
+    </message>
+    <message id="windowCopy">
+        <source>Копировать</source>
+        <translation>Copy</translation>
     </message>
     <message id="windowCorrection">
         <source>Коррекция № %1</source>
@@ -1705,9 +1733,93 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>Тип карты</source>
         <translation>Card type</translation>
     </message>
+    <message id="windowDemoBand">
+        <source>Демонстрация. Товары 1001–1010, карта 2900000000017, код подтверждения 4829. Сервис: %1</source>
+        <translation>Demonstration. Articles 1001–1010, card 2900000000017, verification code 4829. Service: %1</translation>
+    </message>
+    <message id="windowDemoDecline">
+        <source>Выйти</source>
+        <translation>Quit</translation>
+    </message>
+    <message id="windowDemoOffer">
+        <source>Настройки не найдены: не указан --config, и в текущей папке нет till.ini.
+
+Запустить демонстрацию? На этом компьютере запустится сервис лояльности с примерами карт и товаров. Всё, что продано в демонстрации, забывается, когда окно закрывается.</source>
+        <translation>There are no settings: no --config was given, and the current folder has no till.ini.
+
+Start the demonstration? A loyalty service with sample cards and articles will run on this computer. Whatever is sold in the demonstration is forgotten when the window is closed.</translation>
+    </message>
+    <message id="windowDemoStart">
+        <source>Запустить демонстрацию</source>
+        <translation>Start the demonstration</translation>
+    </message>
+    <message id="windowDemoStarting">
+        <source>Запускается сервис лояльности…</source>
+        <translation>The loyalty service is starting…</translation>
+    </message>
     <message id="windowEmptyDesk">
         <source>Касса свободна</source>
         <translation>The till is free</translation>
+    </message>
+    <message id="windowExchangeAnswer">
+        <source>Ответ</source>
+        <translation>Answer</translation>
+    </message>
+    <message id="windowExchangeBalance">
+        <source>Баланс</source>
+        <translation>Balance</translation>
+    </message>
+    <message id="windowExchangeCalculation">
+        <source>Расчёт</source>
+        <translation>Calculation</translation>
+    </message>
+    <message id="windowExchangeDone">
+        <source>%1 · успешно</source>
+        <translation>%1 · success</translation>
+    </message>
+    <message id="windowExchangeFailed">
+        <source>нет ответа (%1): %2</source>
+        <translation>no answer (%1): %2</translation>
+    </message>
+    <message id="windowExchangeMilliseconds">
+        <source>%1 мс</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message id="windowExchangeOperation">
+        <source>Операция</source>
+        <translation>Operation</translation>
+    </message>
+    <message id="windowExchangeOther">
+        <source>Другое</source>
+        <translation>Other</translation>
+    </message>
+    <message id="windowExchangeOutcome">
+        <source>Результат</source>
+        <translation>Outcome</translation>
+    </message>
+    <message id="windowExchangeRegistration">
+        <source>Регистрация</source>
+        <translation>Registration</translation>
+    </message>
+    <message id="windowExchangeRequest">
+        <source>Запрос</source>
+        <translation>Request</translation>
+    </message>
+    <message id="windowExchangeReturn">
+        <source>Возврат</source>
+        <translation>Return</translation>
+    </message>
+    <message id="windowExchangeRollback">
+        <source>Отмена</source>
+        <translation>Rollback</translation>
+    </message>
+    <message id="windowExchangeTime">
+        <source>Время</source>
+        <translation>Time</translation>
+    </message>
+    <message id="windowExchanges">
+        <source>Обмены</source>
+        <translation>Exchanges</translation>
     </message>
     <message id="windowFunctionCancel">
         <source>Отменить чек</source>
@@ -1757,6 +1869,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>Итог</source>
         <translation>Total</translation>
     </message>
+    <message id="windowGivenHint">
+        <source>Получено; пусто — без сдачи</source>
+        <translation>Given; empty: the exact sum</translation>
+    </message>
     <message id="windowInputHint">
         <source>Товар, карта, купон</source>
         <translation>Article, card, coupon</translation>
@@ -1768,6 +1884,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
     <message id="windowNo">
         <source>Нет</source>
         <translation>No</translation>
+    </message>
+    <message id="windowNoExchanges">
+        <source>Обменов с системой лояльности ещё не было</source>
+        <translation>There were no exchanges with the loyalty service yet</translation>
     </message>
     <message id="windowNoPositionChosen">
         <source>Выберите позицию чека</source>
@@ -1781,6 +1901,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>Введите число, например 2 или 1,5</source>
         <translation>Enter a number such as 2 or 1.5</translation>
     </message>
+    <message id="windowNotASum">
+        <source>Введите сумму, например 500 или 99,50</source>
+        <translation>Enter a sum, such as 500 or 99.50</translation>
+    </message>
     <message id="windowOfflineSign">
         <source>НЕТ СВЯЗИ С СИСТЕМОЙ ЛОЯЛЬНОСТИ. Продавать можно: чеки ждут отправки. Скидки, оплата баллами и купоны могут быть недоступны</source>
         <translation>NO CONNECTION WITH THE LOYALTY SERVICE. You can go on selling: cheques wait to be sent. Discounts, payment with points and coupons may not be available</translation>
@@ -1792,6 +1916,22 @@ Cancel the payment, go back to the cheque and pay with points again</translation
     <message id="windowPaper">
         <source>Напечатано</source>
         <translation>Printed</translation>
+    </message>
+    <message id="windowPayCard">
+        <source>Картой</source>
+        <translation>By card</translation>
+    </message>
+    <message id="windowPayCash">
+        <source>Наличными</source>
+        <translation>Cash</translation>
+    </message>
+    <message id="windowPayment">
+        <source>К оплате</source>
+        <translation>To be paid</translation>
+    </message>
+    <message id="windowPreview">
+        <source>Так напечатается чек</source>
+        <translation>The receipt to be printed</translation>
     </message>
     <message id="windowQueueEmpty">
         <source>Очередь отправки пуста</source>
@@ -1805,13 +1945,20 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>идёт отправка</source>
         <translation>being delivered</translation>
     </message>
+    <message id="windowQueueUnreached">
+        <source>сервер очереди недоступен</source>
+        <translation>the queue's server cannot be reached</translation>
+    </message>
     <message id="windowQueueUnusable">
         <source>Очередь отправки недоступна: %1</source>
         <translation>The outgoing queue cannot be used: %1</translation>
     </message>
-    <message id="windowQueueWaiting">
-        <source>Ждут отправки: %1, самое старое ждёт %2</source>
-        <translation>Waiting to be sent: %1, the oldest for %2</translation>
+    <message id="windowQueueWaiting" numerus="yes">
+        <source>Ждут отправки %n сообщений, самое старое — %1</source>
+        <translation>
+            <numerusform>%n message waits to be sent, the oldest for %1</numerusform>
+            <numerusform>%n messages wait to be sent, the oldest for %1</numerusform>
+        </translation>
     </message>
     <message id="windowReturnOfSale">
         <source>Возврат № %1 по чеку № %2</source>
@@ -1836,6 +1983,18 @@ Cancel the payment, go back to the cheque and pay with points again</translation
     <message id="windowServiceOnline">
         <source>Система лояльности: на связи</source>
         <translation>Loyalty service: connected</translation>
+    </message>
+    <message id="windowServicePage">
+        <source>Страница сервиса</source>
+        <translation>The service's page</translation>
+    </message>
+    <message id="windowServicePageNotOpened">
+        <source>Не удалось открыть браузер. Страница сервиса: %1</source>
+        <translation>No browser could be opened. The service's page: %1</translation>
+    </message>
+    <message id="windowStillMissing">
+        <source>Останется доплатить: %1</source>
+        <translation>Still to be paid: %1</translation>
     </message>
     <message id="windowStopped">
         <source>Система лояльности не разрешила операцию</source>

@@ -1579,6 +1579,10 @@
         <source>%1 с</source>
         <translation>%1 с</translation>
     </message>
+    <message id="windowAnswerFirst">
+        <source>Скан не принят: сначала ответьте на вопрос</source>
+        <translation>Скан не принят: сначала ответьте на вопрос</translation>
+    </message>
     <message id="windowAskCancel">
         <source>Отменить открытый документ?</source>
         <translation>Отменить открытый документ?</translation>
@@ -1607,6 +1611,10 @@
         <source>Номер чека продажи; пусто — возврат без чека</source>
         <translation>Номер чека продажи; пусто — возврат без чека</translation>
     </message>
+    <message id="windowBack">
+        <source>К продаже</source>
+        <translation>К продаже</translation>
+    </message>
     <message id="windowBusy">
         <source>Обращение к системе лояльности</source>
         <translation>Обращение к системе лояльности</translation>
@@ -1631,9 +1639,21 @@
         <source>карта из чека продажи</source>
         <translation>карта из чека продажи</translation>
     </message>
+    <message id="windowCardPaysNoMore">
+        <source>Картой можно оплатить не больше %1</source>
+        <translation>Картой можно оплатить не больше %1</translation>
+    </message>
+    <message id="windowCardRefused">
+        <source>карта %1 не принята: %2</source>
+        <translation>карта %1 не принята: %2</translation>
+    </message>
     <message id="windowCardRegistered">
         <source>чек зарегистрирован</source>
         <translation>чек зарегистрирован</translation>
+    </message>
+    <message id="windowChange">
+        <source>Сдача: %1</source>
+        <translation>Сдача: %1</translation>
     </message>
     <message id="windowColumnCode">
         <source>Артикул</source>
@@ -1666,6 +1686,14 @@
     <message id="windowColumnSum">
         <source>Сумма</source>
         <translation>Сумма</translation>
+    </message>
+    <message id="windowCopied">
+        <source>Скопировано, номера карт скрыты</source>
+        <translation>Скопировано, номера карт скрыты</translation>
+    </message>
+    <message id="windowCopy">
+        <source>Копировать</source>
+        <translation>Копировать</translation>
     </message>
     <message id="windowCorrection">
         <source>Коррекция № %1</source>
@@ -1707,9 +1735,93 @@
         <source>Тип карты</source>
         <translation>Тип карты</translation>
     </message>
+    <message id="windowDemoBand">
+        <source>Демонстрация. Товары 1001–1010, карта 2900000000017, код подтверждения 4829. Сервис: %1</source>
+        <translation>Демонстрация. Товары 1001–1010, карта 2900000000017, код подтверждения 4829. Сервис: %1</translation>
+    </message>
+    <message id="windowDemoDecline">
+        <source>Выйти</source>
+        <translation>Выйти</translation>
+    </message>
+    <message id="windowDemoOffer">
+        <source>Настройки не найдены: не указан --config, и в текущей папке нет till.ini.
+
+Запустить демонстрацию? На этом компьютере запустится сервис лояльности с примерами карт и товаров. Всё, что продано в демонстрации, забывается, когда окно закрывается.</source>
+        <translation>Настройки не найдены: не указан --config, и в текущей папке нет till.ini.
+
+Запустить демонстрацию? На этом компьютере запустится сервис лояльности с примерами карт и товаров. Всё, что продано в демонстрации, забывается, когда окно закрывается.</translation>
+    </message>
+    <message id="windowDemoStart">
+        <source>Запустить демонстрацию</source>
+        <translation>Запустить демонстрацию</translation>
+    </message>
+    <message id="windowDemoStarting">
+        <source>Запускается сервис лояльности…</source>
+        <translation>Запускается сервис лояльности…</translation>
+    </message>
     <message id="windowEmptyDesk">
         <source>Касса свободна</source>
         <translation>Касса свободна</translation>
+    </message>
+    <message id="windowExchangeAnswer">
+        <source>Ответ</source>
+        <translation>Ответ</translation>
+    </message>
+    <message id="windowExchangeBalance">
+        <source>Баланс</source>
+        <translation>Баланс</translation>
+    </message>
+    <message id="windowExchangeCalculation">
+        <source>Расчёт</source>
+        <translation>Расчёт</translation>
+    </message>
+    <message id="windowExchangeDone">
+        <source>%1 · успешно</source>
+        <translation>%1 · успешно</translation>
+    </message>
+    <message id="windowExchangeFailed">
+        <source>нет ответа (%1): %2</source>
+        <translation>нет ответа (%1): %2</translation>
+    </message>
+    <message id="windowExchangeMilliseconds">
+        <source>%1 мс</source>
+        <translation>%1 мс</translation>
+    </message>
+    <message id="windowExchangeOperation">
+        <source>Операция</source>
+        <translation>Операция</translation>
+    </message>
+    <message id="windowExchangeOther">
+        <source>Другое</source>
+        <translation>Другое</translation>
+    </message>
+    <message id="windowExchangeOutcome">
+        <source>Результат</source>
+        <translation>Результат</translation>
+    </message>
+    <message id="windowExchangeRegistration">
+        <source>Регистрация</source>
+        <translation>Регистрация</translation>
+    </message>
+    <message id="windowExchangeRequest">
+        <source>Запрос</source>
+        <translation>Запрос</translation>
+    </message>
+    <message id="windowExchangeReturn">
+        <source>Возврат</source>
+        <translation>Возврат</translation>
+    </message>
+    <message id="windowExchangeRollback">
+        <source>Отмена</source>
+        <translation>Отмена</translation>
+    </message>
+    <message id="windowExchangeTime">
+        <source>Время</source>
+        <translation>Время</translation>
+    </message>
+    <message id="windowExchanges">
+        <source>Обмены</source>
+        <translation>Обмены</translation>
     </message>
     <message id="windowFunctionCancel">
         <source>Отменить чек</source>
@@ -1759,6 +1871,10 @@
         <source>Итог</source>
         <translation>Итог</translation>
     </message>
+    <message id="windowGivenHint">
+        <source>Получено; пусто — без сдачи</source>
+        <translation>Получено; пусто — без сдачи</translation>
+    </message>
     <message id="windowInputHint">
         <source>Товар, карта, купон</source>
         <translation>Товар, карта, купон</translation>
@@ -1770,6 +1886,10 @@
     <message id="windowNo">
         <source>Нет</source>
         <translation>Нет</translation>
+    </message>
+    <message id="windowNoExchanges">
+        <source>Обменов с системой лояльности ещё не было</source>
+        <translation>Обменов с системой лояльности ещё не было</translation>
     </message>
     <message id="windowNoPositionChosen">
         <source>Выберите позицию чека</source>
@@ -1783,6 +1903,10 @@
         <source>Введите число, например 2 или 1,5</source>
         <translation>Введите число, например 2 или 1,5</translation>
     </message>
+    <message id="windowNotASum">
+        <source>Введите сумму, например 500 или 99,50</source>
+        <translation>Введите сумму, например 500 или 99,50</translation>
+    </message>
     <message id="windowOfflineSign">
         <source>НЕТ СВЯЗИ С СИСТЕМОЙ ЛОЯЛЬНОСТИ. Продавать можно: чеки ждут отправки. Скидки, оплата баллами и купоны могут быть недоступны</source>
         <translation>НЕТ СВЯЗИ С СИСТЕМОЙ ЛОЯЛЬНОСТИ. Продавать можно: чеки ждут отправки. Скидки, оплата баллами и купоны могут быть недоступны</translation>
@@ -1794,6 +1918,22 @@
     <message id="windowPaper">
         <source>Напечатано</source>
         <translation>Напечатано</translation>
+    </message>
+    <message id="windowPayCard">
+        <source>Картой</source>
+        <translation>Картой</translation>
+    </message>
+    <message id="windowPayCash">
+        <source>Наличными</source>
+        <translation>Наличными</translation>
+    </message>
+    <message id="windowPayment">
+        <source>К оплате</source>
+        <translation>К оплате</translation>
+    </message>
+    <message id="windowPreview">
+        <source>Так напечатается чек</source>
+        <translation>Так напечатается чек</translation>
     </message>
     <message id="windowQueueEmpty">
         <source>Очередь отправки пуста</source>
@@ -1807,13 +1947,21 @@
         <source>идёт отправка</source>
         <translation>идёт отправка</translation>
     </message>
+    <message id="windowQueueUnreached">
+        <source>сервер очереди недоступен</source>
+        <translation>сервер очереди недоступен</translation>
+    </message>
     <message id="windowQueueUnusable">
         <source>Очередь отправки недоступна: %1</source>
         <translation>Очередь отправки недоступна: %1</translation>
     </message>
-    <message id="windowQueueWaiting">
-        <source>Ждут отправки: %1, самое старое ждёт %2</source>
-        <translation>Ждут отправки: %1, самое старое ждёт %2</translation>
+    <message id="windowQueueWaiting" numerus="yes">
+        <source>Ждут отправки %n сообщений, самое старое — %1</source>
+        <translation>
+            <numerusform>Ждёт отправки %n сообщение, самое старое — %1</numerusform>
+            <numerusform>Ждут отправки %n сообщения, самое старое — %1</numerusform>
+            <numerusform>Ждут отправки %n сообщений, самое старое — %1</numerusform>
+        </translation>
     </message>
     <message id="windowReturnOfSale">
         <source>Возврат № %1 по чеку № %2</source>
@@ -1838,6 +1986,18 @@
     <message id="windowServiceOnline">
         <source>Система лояльности: на связи</source>
         <translation>Система лояльности: на связи</translation>
+    </message>
+    <message id="windowServicePage">
+        <source>Страница сервиса</source>
+        <translation>Страница сервиса</translation>
+    </message>
+    <message id="windowServicePageNotOpened">
+        <source>Не удалось открыть браузер. Страница сервиса: %1</source>
+        <translation>Не удалось открыть браузер. Страница сервиса: %1</translation>
+    </message>
+    <message id="windowStillMissing">
+        <source>Останется доплатить: %1</source>
+        <translation>Останется доплатить: %1</translation>
     </message>
     <message id="windowStopped">
         <source>Система лояльности не разрешила операцию</source>

@@ -1,3 +1,4 @@
+#include "client/answer/answerindex.h"
 #include "client/interface.h"
 #include "client/names.h"
 #include "common/host/services.h"
@@ -6,21 +7,20 @@ namespace korvelLoyaltyOnline {
 
 QMap<QString, QVariant> Interface::createExtendedAttributes(const QDomDocument &response) const
 {
-    // Direct children only: attributes further down belong to positions.
-    QMap<QString, QVariant> attributes;
-    const QDomElement cheque = response.elementsByTagName(wire::chequeResponse).at(0).toElement();
-    for (QDomElement child = cheque.firstChildElement(wire::extendedAttribute); !child.isNull();
-         child = child.nextSiblingElement(wire::extendedAttribute))
-        fillExtendedAttribute(child, attributes);
-    return attributes;
+    return readAttributes(AnswerIndex(response).chequeAttributes());
 }
 
 QMap<QString, QVariant> Interface::createExtendedAttributes(const QDomElement &element) const
 {
+    const AnswerIndex index(element);
+    return readAttributes(index.attributes(index.whole()));
+}
+
+QMap<QString, QVariant> Interface::readAttributes(const std::vector<QDomElement> &elements) const
+{
     QMap<QString, QVariant> attributes;
-    const QDomNodeList found = element.elementsByTagName(wire::extendedAttribute);
-    for (int i = 0; i < found.size(); ++i)
-        fillExtendedAttribute(found.at(i).toElement(), attributes);
+    for (const QDomElement &element : elements)
+        fillExtendedAttribute(element, attributes);
     return attributes;
 }
 

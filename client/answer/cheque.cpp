@@ -1,44 +1,79 @@
+#include "client/answer/answerindex.h"
 #include "client/couponmessage.h"
 #include "client/interface.h"
 #include "client/names.h"
-#include "common/host/services.h"
 #include "common/names.h"
 
-namespace korvelLoyaltyOnline {
+#include <array>
 
-using xmlutils::getValueByTag;
+namespace korvelLoyaltyOnline {
 
 namespace {
 
 using Values = QMap<QString, QVariant>;
+using Span = AnswerIndex::Span;
 
 /// Applicability of a coupon that the cheque may use.
 constexpr int applicable = 1;
 
-/// The text of the first such element; the key is the element's name.
-template <typename Scope> void readText(const Scope &scope, const QString &name, Values &result)
-{
-    result.insert(name, getValueByTag(scope, name, 0));
-}
-
-/// Likewise as a number, 0 for what is none.
-template <typename Scope> void readNumber(const Scope &scope, const QString &name, Values &result)
-{
-    result.insert(name, getValueByTag(scope, name, 0).toDouble());
-}
-
 /// The same bonus names are texts here and numbers inside the positions: whoever reads the map
 /// relies on either.
-void readFigures(const QDomDocument &response, Values &result)
+void readFigures(const AnswerIndex &answer, Values &result)
 {
     using namespace korvel;
-    for (const QString &name : {result::availablePayment, result::cardNormalActiveBalance,
-             result::chargedStatusBonus, result::activeChargedBonus, result::transactionId,
-             result::processed, result::verificationCode})
-        readText(response, name, result);
-    for (const QString &name :
-        {result::writeoffBonus, result::summ, result::discount, result::summDiscounted})
-        readNumber(response, name, result);
+    const auto text = [&](const QString &name, Field field) {
+        result.insert(name, answer.text(field, answer.whole()));
+    };
+    const auto number = [&](const QString &name, Field field) {
+        result.insert(name, answer.number(field, answer.whole()));
+    };
+    text(result::availablePayment, Field::AvailablePayment);
+    text(result::cardNormalActiveBalance, Field::CardNormalActiveBalance);
+    text(result::chargedStatusBonus, Field::ChargedStatusBonus);
+    text(result::activeChargedBonus, Field::ActiveChargedBonus);
+    text(result::transactionId, Field::TransactionId);
+    text(result::processed, Field::Processed);
+    text(result::verificationCode, Field::VerificationCode);
+    text(result::cashierMessage, Field::CashierMessage);
+    number(result::writeoffBonus, Field::WriteoffBonus);
+    number(result::summ, Field::Summ);
+    number(result::discount, Field::Discount);
+    number(result::summDiscounted, Field::SummDiscounted);
+}
+
+struct Figure
+{
+    QString name;
+    Field field;
+};
+
+/// Figures of a position, in the order of a map's keys.
+const std::array positionFigures = {
+    Figure{korvel::result::activeChargedBonus, Field::ActiveChargedBonus},
+    Figure{korvel::result::chargedStatusBonus, Field::ChargedStatusBonus},
+    Figure{korvel::result::discount, Field::Discount},
+    Figure{korvel::result::summ, Field::Summ},
+    Figure{korvel::result::summDiscounted, Field::SummDiscounted},
+    Figure{korvel::result::writeoffBonus, Field::WriteoffBonus},
+};
+
+Values noFigures()
+{
+    Values figures;
+    for (const Figure &figure : positionFigures)
+        figures.insert(figure.name, 0.0);
+    return figures;
+}
+
+Values readPosition(const AnswerIndex &answer, Span item)
+{
+    // A map that is copied compares none of its keys, which is most of what building one takes.
+    static const Values none = noFigures();
+    Values position = none;
+    auto value = position.begin();
+    for (const Figure &figure : positionFigures)
+        (value++)->setValue(answer.number(figure.field, item));
+    return position;
 }
 
 void insertUnlessEmpty(const QString &name, const Values &attributes, Values &result)
@@ -48,17 +83,24 @@ void insertUnlessEmpty(const QString &name, const Values &attributes, Values &re
 }
 
 /// Numbers of the coupons that the service accepts, or their emissions where it names no number.
-QStringList applicableCoupons(const QDomDocument &response)
+QStringList applicableCoupons(const AnswerIndex &answer)
 {
     QStringList numbers;
-    const QDomNodeList coupons = response.elementsByTagName(wire::coupon);
-    for (int i = 0; i < coupons.size(); ++i) {
-        const QDomElement coupon = coupons.at(i).toElement();
-        if (getValueByTag(coupon, wire::applicabilityCode, 0).toInt() != applicable)
+    for (const Span coupon : answer.insidesOf(Field::Coupon, answer.whole())) {
+        if (answer.text(Field::ApplicabilityCode, coupon).toInt() != applicable)
             continue;
-        const QString number = getValueByTag(coupon, wire::number, 0);
-        numbers.append(number.isEmpty() ? getValueByTag(coupon, wire::emissionId, 0) : number);
+        const QString number = answer.text(Field::Number, coupon);
+        numbers.append(number.isEmpty() ? answer.text(Field::EmissionId, coupon) : number);
     }
+    return numbers;
+}
+
+/// Numbers of the coupons that came with this cheque.
+QStringList instantCoupons(const AnswerIndex &answer)
+{
+    QStringList numbers;
+    for (const Span coupon : answer.insidesOf(Field::InstantCoupon, answer.whole()))
+        numbers.append(answer.text(Field::Number, coupon));
     return numbers;
 }
 
@@ -68,39 +110,29 @@ void Interface::fillRequestResult(
     const QDomDocument &response, QMap<QString, QVariant> &result) const
 {
     using namespace korvel;
-    readFigures(response, result);
-    insertUnlessEmpty(result::extendedAttributes, createExtendedAttributes(response), result);
-    readText(response, result::cashierMessage, result);
-    result.insert(result::chequeMessage,
-        textBeforeCoupons(
-            getValueByTag(response, result::chequeMessage, 0), m_couponMessageDelimeter));
-    const QList<QVariant> coupons = createCouponsToPrint(response);
+    const AnswerIndex answer(response);
+    readFigures(answer, result);
+    insertUnlessEmpty(
+        result::extendedAttributes, readAttributes(answer.chequeAttributes()), result);
+    const QString message = answer.text(Field::ChequeMessage, answer.whole());
+    result.insert(result::chequeMessage, textBeforeCoupons(message, m_couponMessageDelimeter));
+    const QList<QVariant> coupons = couponsToPrint(message, instantCoupons(answer));
     if (!coupons.isEmpty())
         result.insert(result::couponsToPrint, coupons);
-    result.insert(result::positions, readPositions(response));
-    result.insert(result::applicableCoupons, applicableCoupons(response));
+    result.insert(result::positions, readPositions(answer));
+    result.insert(result::applicableCoupons, applicableCoupons(answer));
 }
 
-QMap<QString, QVariant> Interface::readPositions(const QDomDocument &response) const
+QMap<QString, QVariant> Interface::readPositions(const AnswerIndex &answer) const
 {
     Values positions;
-    const QDomNodeList items = response.elementsByTagName(wire::item);
-    for (int i = 0; i < items.size(); ++i) {
-        const QDomElement item = items.at(i).toElement();
-        positions.insert(getValueByTag(item, wire::positionNumber, 0), readPosition(item));
+    for (const Span item : answer.insidesOf(Field::Item, answer.whole())) {
+        Values position = readPosition(answer, item);
+        insertUnlessEmpty(
+            korvel::result::extendedAttributes, readAttributes(answer.attributes(item)), position);
+        positions.insert(answer.text(Field::PositionNumber, item), position);
     }
     return positions;
-}
-
-QMap<QString, QVariant> Interface::readPosition(const QDomElement &item) const
-{
-    using namespace korvel;
-    Values position;
-    for (const QString &name : {result::summ, result::discount, result::summDiscounted,
-             result::activeChargedBonus, result::chargedStatusBonus, result::writeoffBonus})
-        readNumber(item, name, position);
-    insertUnlessEmpty(result::extendedAttributes, createExtendedAttributes(item), position);
-    return position;
 }
 
 } // namespace korvelLoyaltyOnline

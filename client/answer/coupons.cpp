@@ -24,16 +24,21 @@ QString textOfCoupon(const QStringList &texts, const QString &number)
 
 QList<QVariant> Interface::createCouponsToPrint(const QDomDocument &response) const
 {
-    using namespace korvel;
-    const QStringList texts = textsOfCoupons(
-        getValueByTag(response, result::chequeMessage, 0), m_couponMessageDelimeter);
-    QList<QVariant> coupons;
+    QStringList numbers;
     const QDomNodeList instant = response.elementsByTagName(wire::instantCoupon);
-    for (int i = 0; i < instant.size(); ++i) {
-        const QString number = getValueByTag(instant.at(i).toElement(), wire::number, 0);
+    for (int i = 0; i < instant.size(); ++i)
+        numbers.append(getValueByTag(instant.at(i).toElement(), wire::number, 0));
+    return couponsToPrint(getValueByTag(response, korvel::result::chequeMessage, 0), numbers);
+}
+
+QList<QVariant> Interface::couponsToPrint(const QString &message, const QStringList &numbers) const
+{
+    using namespace korvel;
+    const QStringList texts = textsOfCoupons(message, m_couponMessageDelimeter);
+    QList<QVariant> coupons;
+    for (const QString &number : numbers)
         coupons.append(QMap<QString, QVariant>{
             {result::couponNumber, number}, {result::couponMessage, textOfCoupon(texts, number)}});
-    }
     return coupons;
 }
 

@@ -1,5 +1,6 @@
 #include "client/interface.h"
 #include "client/names.h"
+#include "client/request/configuredattributes.h"
 #include "client/request/masks.h"
 #include "common/host/services.h"
 #include "common/names.h"
@@ -14,9 +15,6 @@ namespace {
 
 using Attributes = QMap<QString, QString>;
 
-const QString sectionPattern = korvel::group + u".ExtendedAttributes.*"_s;
-const QString keyPrefix = u"key"_s;
-const QString valuePrefix = u"value"_s;
 const QString extendedOptionsKey = u"extendedoptions"_s;
 constexpr char16_t optionsSeparator = u',';
 
@@ -36,25 +34,18 @@ QList<QObject *> maskObjects(const QSharedPointer<GoodsItem> &position)
     return objects;
 }
 
-/// The usable pairs of a section: each "key…" names an attribute, the "value…" beside it is the
-/// mask of its value.
-Attributes configuredAttributes(
-    const QString &section, const QList<QObject *> &objects, const Log4Qt::Logger &logger)
+/// The usable pairs of a section, their masks filled.
+Attributes filledAttributes(
+    const ConfiguredSection &section, const QList<QObject *> &objects, const Log4Qt::Logger &logger)
 {
-    const Config *config = Singleton<Config>::instance();
     Attributes attributes;
-    const QStringList keys = config->getKeys(section);
-    for (const QString &key : keys) {
-        if (!key.startsWith(keyPrefix))
-            continue;
-        const QString valueKey = valuePrefix + key.mid(keyPrefix.size());
-        const QString name = config->getString(section % u':' % key, u""_s);
-        const QString mask = config->getString(section % u':' % valueKey, u""_s);
-        const QString value = expandMask(mask, objects);
-        if (name.isEmpty() || value.isEmpty())
-            logger.debug(u"Некорректное значение настройки атрибута %1:%2"_s.arg(section, key));
+    for (const ConfiguredAttribute &attribute : section.attributes) {
+        const QString value = expandMask(attribute.mask, objects);
+        if (attribute.name.isEmpty() || value.isEmpty())
+            logger.debug(u"Некорректное значение настройки атрибута %1:%2"_s.arg(
+                section.name, attribute.key));
         else
-            attributes.insert(name, value);
+            attributes.insert(attribute.name, value);
     }
     return attributes;
 }
@@ -64,11 +55,20 @@ Attributes configuredAttributes(
 QList<QDomElement> Interface::formExtendedAttributes(const QMap<QString, QVariant> &data,
     QDomDocument &request, const QSharedPointer<GoodsItem> &position) const
 {
+    return position ? formPositionAttributes(data, request, position, configuredSections())
+                    : formStoredAttributes(data, request);
+}
+
+QList<QDomElement> Interface::formPositionAttributes(const QMap<QString, QVariant> &data,
+    QDomDocument &request, const QSharedPointer<GoodsItem> &position,
+    const QList<ConfiguredSection> &sections) const
+{
     const QList<QDomElement> stored = formStoredAttributes(data, request);
     // What the service returned wins over the configuration, which is for positions only.
-    if (!position || !stored.isEmpty())
+    if (!stored.isEmpty())
         return stored;
-    return formConfiguredAttributes(position, request) + formOptionAttributes(*position, request);
+    return formConfiguredAttributes(position, request, sections)
+        + formOptionAttributes(*position, request);
 }
 
 QList<QDomElement> Interface::formStoredAttributes(
@@ -81,16 +81,17 @@ QList<QDomElement> Interface::formStoredAttributes(
     return elements;
 }
 
-QList<QDomElement> Interface::formConfiguredAttributes(
-    const QSharedPointer<GoodsItem> &position, QDomDocument &request) const
+QList<QDomElement> Interface::formConfiguredAttributes(const QSharedPointer<GoodsItem> &position,
+    QDomDocument &request, const QList<ConfiguredSection> &sections) const
 {
+    if (sections.isEmpty())
+        return {};
     const QList<QObject *> objects = maskObjects(position);
     QList<QDomElement> elements;
-    const QStringList sections = Singleton<Config>::instance()->getSections(sectionPattern);
-    for (const QString &section : sections) {
-        const Attributes attributes = configuredAttributes(section, objects, *m_logger);
+    for (const ConfiguredSection &section : sections) {
+        const Attributes attributes = filledAttributes(section, objects, *m_logger);
         if (attributes.isEmpty())
-            m_logger->debug(u"Все настройки в секции %1 некорректные"_s.arg(section));
+            m_logger->debug(u"Все настройки в секции %1 некорректные"_s.arg(section.name));
         else
             elements.append(formExtendedAttribute(request, attributes));
     }

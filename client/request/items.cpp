@@ -1,6 +1,7 @@
 #include "client/amounts.h"
 #include "client/interface.h"
 #include "client/names.h"
+#include "client/request/configuredattributes.h"
 #include "common/host/documents.h"
 #include "common/host/services.h"
 #include "common/names.h"
@@ -56,7 +57,8 @@ double Interface::minimumPrice(const GoodsItem &position) const
 }
 
 QDomElement Interface::formItem(const QSharedPointer<GoodsItem> &position,
-    const QMap<QString, QVariant> &data, QDomDocument &request) const
+    const QMap<QString, QVariant> &data, QDomDocument &request,
+    const QList<ConfiguredSection> &sections) const
 {
     QDomElement item = request.createElement(wire::item);
     const auto append = [&](const QString &tag, const QString &text) {
@@ -74,7 +76,7 @@ QDomElement Interface::formItem(const QSharedPointer<GoodsItem> &position,
         amountText(storedOr(calculateDiscount(sumBefore, sumAfter), data, result::discount)));
     append(result::summDiscounted, amountText(storedOr(sumAfter, data, result::summDiscounted)));
     append(wire::minimumPrice, amountText(minimumPrice(*position)));
-    const auto attributes = formExtendedAttributes(data, request, position);
+    const auto attributes = formPositionAttributes(data, request, position, sections);
     for (const QDomElement &attribute : attributes)
         item.appendChild(attribute);
     return item;
@@ -84,11 +86,12 @@ QList<QDomElement> Interface::formItems(
     const QSharedPointer<AbstractDocument> &document, QDomDocument &request) const
 {
     const PositionData stored = storedPositions(*document);
+    const QList<ConfiguredSection> sections = configuredSections();
     QList<QDomElement> items;
     const auto positions = document->getGoods();
     for (const auto &position : positions) {
         const QString key = QString::number(position->getPosnum());
-        items.append(formItem(position, stored.value(key).toMap(), request));
+        items.append(formItem(position, stored.value(key).toMap(), request, sections));
     }
     return items;
 }

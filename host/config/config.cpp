@@ -237,10 +237,9 @@ QList<int> Config::getIntList(const QString &key, const QList<int> &defaultValue
 
 QStringList Config::getSections(const QString &pattern) const
 {
-    const QRegularExpression expression = config::wildcard(pattern);
     QStringList names;
     for (const Section &section : m_sections)
-        if (expression.match(section.name).hasMatch())
+        if (config::matchesWildcard(section.name, pattern))
             names.append(section.name);
     return names;
 }

@@ -2,6 +2,7 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <cmath>
 
 namespace config {
@@ -49,13 +50,22 @@ QStringList items(const QString &text)
     return result;
 }
 
-// QRegularExpression's own wildcards would know sets and would not let "*" pass a slash.
-QRegularExpression wildcard(const QString &pattern)
+bool matchesWildcard(QStringView text, QStringView pattern)
 {
-    QString expression = QRegularExpression::escape(pattern);
-    expression.replace(u"\\*"_s, u".*"_s).replace(u"\\?"_s, u"."_s);
-    return QRegularExpression(QRegularExpression::anchoredPattern(expression),
-        QRegularExpression::DotMatchesEverythingOption);
+    constexpr QChar anyText = u'*';
+    constexpr QChar anyCharacter = u'?';
+    if (pattern.isEmpty() || text.isEmpty())
+        return text.isEmpty() && std::all_of(pattern.begin(), pattern.end(), [anyText](QChar rest) {
+            return rest == anyText;
+        });
+    const QStringView rest = pattern.sliced(1);
+    if (pattern.front() == anyText)
+        return matchesWildcard(text, rest) || matchesWildcard(text.sliced(1), pattern);
+    if (pattern.front() == anyCharacter) {
+        const bool isPair = text.front().isHighSurrogate() && text.size() > 1;
+        return matchesWildcard(text.sliced(isPair ? 2 : 1), rest);
+    }
+    return pattern.front() == text.front() && matchesWildcard(text.sliced(1), rest);
 }
 
 } // namespace config

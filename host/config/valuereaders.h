@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QByteArray>
-#include <QRegularExpression>
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 #include <optional>
 
@@ -20,7 +20,9 @@ namespace config {
 [[nodiscard]] std::optional<bool> boolean(const QString &text);
 /// Split at commas, trimmed, empty items dropped.
 [[nodiscard]] QStringList items(const QString &text);
-/// Matches whole names; "*" stands for any text, "?" for any character, nothing else is special.
-[[nodiscard]] QRegularExpression wildcard(const QString &pattern);
+/// Whether the whole text is such as the pattern says: "*" stands for any text, "?" for any
+/// character, nothing else is special. Compiling a regular expression for it would take longer than
+/// composing a small request.
+[[nodiscard]] bool matchesWildcard(QStringView text, QStringView pattern);
 
 } // namespace config

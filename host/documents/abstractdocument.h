@@ -148,6 +148,10 @@ public:
     /// takes up: it was, and nobody knows what came of it.
     [[nodiscard]] bool isRegistrationBegun() const { return m_registrationBegun; }
     void setRegistrationBegun(bool begun) { m_registrationBegun = begun; }
+    /// Whether the loyalty system may or may not hold a booking of the sale: taking it back has
+    /// begun, or it was asked for again and nobody answered.
+    [[nodiscard]] bool isBookingUnknown() const { return m_bookingUnknown; }
+    void setBookingUnknown(bool unknown) { m_bookingUnknown = unknown; }
 
     [[nodiscard]] QList<Payment> getPayments() const { return m_payments; }
     void setPayments(const QList<Payment> &payments) { m_payments = payments; }
@@ -171,5 +175,6 @@ private:
     LoyaltyEffects m_effects;
     QString m_chequeText;
     bool m_registrationBegun = false;
+    bool m_bookingUnknown = false;
     QList<Payment> m_payments;
 };

@@ -1,6 +1,6 @@
 #include "host/net/breakers.h"
 
-#include "host/net/curlhandle.h"
+#include "host/net/exchangememory.h"
 
 namespace {
 
@@ -21,8 +21,9 @@ Breakers &Breakers::instance()
 
 Breakers::Breakers()
 {
-    // Set up before this object is, libcurl outlives it and with it the probes' threads.
-    CurlHandle::setUpLibrary();
+    // Set up before this object is, libcurl and what exchanges share outlive it and with it the
+    // probes' threads.
+    ExchangeMemory::instance();
 }
 
 bool Breakers::admits(const QString &server)

@@ -40,5 +40,7 @@ bool canConnect(const QUrl &url, const ExchangeSettings &settings, const std::st
     curl_multi_add_handle(multi.get(), handle.get());
     const bool connected = run(multi.get(), stop);
     curl_multi_remove_handle(multi.get(), handle.get());
+    if (!connected)
+        handle.forgetShared();
     return connected;
 }

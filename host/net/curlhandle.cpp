@@ -1,5 +1,7 @@
 #include "host/net/curlhandle.h"
 
+#include "host/net/exchangememory.h"
+
 namespace {
 
 constexpr long on = 1;
@@ -25,6 +27,21 @@ CurlHandle::CurlHandle(
     set(CURLOPT_TIMEOUT_MS, long{limit.count()});
     setConnection(settings);
     setTls(settings);
+    share(url, settings);
+}
+
+void CurlHandle::share(const QUrl &url, const ExchangeSettings &settings)
+{
+    m_shared = ExchangeMemory::instance().recall(settings, std::chrono::steady_clock::now());
+    set(CURLOPT_SHARE, m_shared->namesAndSessions.get());
+    // A proxy with TLS has authorities of its own, which these would take the place of.
+    if (url.scheme() == QLatin1String("https") && settings.proxy.isEmpty())
+        m_shared->authorities->useFor(m_handle.get());
+}
+
+void CurlHandle::forgetShared()
+{
+    ExchangeMemory::instance().forget(m_shared);
 }
 
 void CurlHandle::setConnection(const ExchangeSettings &settings)

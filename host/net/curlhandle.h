@@ -11,9 +11,12 @@
 #include <chrono>
 #include <memory>
 
+struct SharedKnowledge;
+
 /// One libcurl easy handle with what every exchange of the host has in common: a connection of its
 /// own that is never used again, HTTP/1.1 over http or https, no redirects, nothing taken from the
-/// environment, verified certificates, no signals.
+/// environment, verified certificates, no signals. Names, TLS sessions and authorities come from
+/// the exchanges before it and go to those after it: see `ExchangeMemory`.
 ///
 /// To be used from one thread at a time. Options that fail are remembered:
 /// `setUpResult`.
@@ -38,6 +41,8 @@ public:
     /// What libcurl says about a failure, in English; never empty for one.
     [[nodiscard]] QByteArray errorText(CURLcode result) const;
     [[nodiscard]] CURL *get() const { return m_handle.get(); }
+    /// Hands nothing on to the exchanges after this one, whose end was a failure.
+    void forgetShared();
 
 private:
     struct Cleanup
@@ -46,10 +51,12 @@ private:
     };
 
     void note(CURLcode result);
+    void share(const QUrl &url, const ExchangeSettings &settings);
     void setConnection(const ExchangeSettings &settings);
     void setTls(const ExchangeSettings &settings);
 
     std::array<char, CURL_ERROR_SIZE> m_errorText{};
+    std::shared_ptr<SharedKnowledge> m_shared; ///< outlives the handle
     std::unique_ptr<CURL, Cleanup> m_handle;
     CURLcode m_setUpResult = CURLE_OK;
 };

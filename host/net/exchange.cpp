@@ -158,5 +158,8 @@ ExchangeOutcome exchange(const ExchangeRequest &request, const ExchangeSettings 
     Clock::time_point begun = Clock::now();
     setWatcher(handle, begun);
     const CURLcode ready = handle.setUpResult();
-    return outcome(handle, ready == CURLE_OK ? curl_easy_perform(handle.get()) : ready, answer);
+    const CURLcode result = ready == CURLE_OK ? curl_easy_perform(handle.get()) : ready;
+    if (result != CURLE_OK)
+        handle.forgetShared();
+    return outcome(handle, result, answer);
 }

@@ -5,6 +5,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace receipt {
@@ -87,10 +89,14 @@ QStringList totals(const AbstractDocument &document)
 QStringList payments(const AbstractDocument &document)
 {
     QStringList lines;
+    double sum = 0.0;
     const auto paid = document.getPayments();
-    for (const Payment &payment : paid)
+    for (const Payment &payment : paid) {
         lines.append(
             line(payment.kind == u"cash"_s ? u"Наличными"_s : u"Картой"_s, amount(payment.amount)));
+        sum += payment.amount;
+    }
+    addCounting(lines, u"Сдача"_s, std::max(sum - document.getSumAfterDiscounts(), 0.0), false);
     return lines;
 }
 

@@ -66,7 +66,7 @@ void appendToReceipts(const QString &text)
 
 } // namespace
 
-void TextPrinter::print(const QString &templateName, const QString &text,
+QString TextPrinter::sheets(const QString &templateName, const QString &text,
     const QMap<QString, QVariant> &data, int copies, bool cut)
 {
     const QString contents = text.isEmpty()
@@ -74,7 +74,13 @@ void TextPrinter::print(const QString &templateName, const QString &text,
             printtemplate::load(templateName, templateFolders()), data, templateName)
         : text;
     const QString sheet = withLineEnd(contents) + (cut ? cutLine() : QString());
-    const QString printed = sheet.repeated(copies == defaultCopies ? 1 : copies);
+    return sheet.repeated(copies == defaultCopies ? 1 : copies);
+}
+
+void TextPrinter::print(const QString &templateName, const QString &text,
+    const QMap<QString, QVariant> &data, int copies, bool cut)
+{
+    const QString printed = sheets(templateName, text, data, copies, cut);
     appendToReceipts(printed);
     if (s_screen)
         s_screen(printed);

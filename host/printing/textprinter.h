@@ -38,6 +38,11 @@ public:
     virtual void print(const QString &templateName, const QString &text,
         const QMap<QString, QVariant> &data, int copies, bool cut);
 
+    /// What `print` puts on paper for the same arguments, every copy of it. Prints nothing.
+    /// @throws BasicException when the template is missing.
+    [[nodiscard]] static QString sheets(const QString &templateName, const QString &text,
+        const QMap<QString, QVariant> &data, int copies, bool cut);
+
     /// Sets who shows what is printed, for all printers; an empty function: nobody.
     static void setScreen(Screen screen);
 

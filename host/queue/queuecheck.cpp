@@ -48,10 +48,16 @@ bool isKnown(QueueDatabase &database)
     return table.next();
 }
 
-// The quick check does not compare what is indexed with the rows, which a small file has time for.
-Finding readThrough(QueueDatabase &database, bool isSmall)
+bool isSmall(const QueueDatabase &database)
 {
-    const QString found = database.ask(isSmall ? u"integrity_check(1)"_s : u"quick_check(1)"_s);
+    return QFileInfo(database.fileName()).size() <= bytesAlwaysReadThrough;
+}
+
+// The quick check does not compare what is indexed with the rows, which a small file has time for.
+Finding readThrough(QueueDatabase &database)
+{
+    const QString found
+        = database.ask(isSmall(database) ? u"integrity_check(1)"_s : u"quick_check(1)"_s);
     return {found == u"ok"_s ? tr::Tr() : tr::Tr(tr::undefined, found), true};
 }
 
@@ -61,9 +67,8 @@ Finding lookAtDatabase(const QString &fileName)
     const tr::Tr length = damageOfLength(database);
     if (!length.isEmpty())
         return {length, false};
-    const bool isSmall = QFileInfo(fileName).size() <= bytesAlwaysReadThrough;
-    if (isSmall || hasLog(fileName) || !isKnown(database) || !wasReadLately(database))
-        return readThrough(database, isSmall);
+    if (isSmall(database) || hasLog(fileName) || !isKnown(database) || !wasReadLately(database))
+        return readThrough(database);
     return {};
 }
 
@@ -88,6 +93,10 @@ Finding lookAt(const QString &fileName)
 
 void rememberReading(QueueDatabase &database)
 {
+    // A small file is read through next time whatever it remembers, and a start that has nothing to
+    // keep need not wait for the disk.
+    if (isSmall(database) && wasReadLately(database))
+        return;
     database.setFact(
         lastReading, messagerow::written(MockFactory<CurrentTime>::create()->currentDateTime()));
 }

@@ -26,7 +26,8 @@ struct Finding
 /// @throws StorageError when it cannot be read for another reason.
 [[nodiscard]] POSHOST_EXPORT Finding lookAt(const QString &fileName);
 
-/// Remembers in the file that it was read through just now.
+/// Remembers in the file that it was read through just now; in a small one once in
+/// `hoursBetweenReadings`.
 POSHOST_EXPORT void rememberReading(QueueDatabase &database);
 
 } // namespace queuecheck

@@ -2,23 +2,22 @@
 
 #include "host/storage/variantjson.h"
 
-#include <QJsonArray>
-
 #include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
-using variantjson::fromVariant;
 
 namespace cardjson {
 
 namespace {
 
-QJsonValue writeGroup(const QSharedPointer<CardGroup> &group)
+void writeGroup(JsonWriter &json, const QSharedPointer<CardGroup> &group)
 {
     if (!group)
-        return {};
-    return QJsonObject{
-        {u"name"_s, group->getName()}, {u"cardMode"_s, static_cast<int>(group->getCardMode())}};
+        return json.null();
+    json.beginObject();
+    json.member("cardMode"_L1, static_cast<int>(group->getCardMode()));
+    json.member("name"_L1, group->getName());
+    json.endObject();
 }
 
 QSharedPointer<CardGroup> readGroup(const JsonField &field)
@@ -31,24 +30,28 @@ QSharedPointer<CardGroup> readGroup(const JsonField &field)
     return group;
 }
 
-QJsonArray writeOptions(const Client &client)
+void writeOptions(JsonWriter &json, const Client &client)
 {
     QList<int> codes;
     for (const ClientOptions option : client.getOptions())
         codes.append(static_cast<int>(option));
     std::sort(codes.begin(), codes.end());
-    QJsonArray options;
+    json.beginArray();
     for (const int code : codes)
-        options.append(code);
-    return options;
+        json.value(code);
+    json.endArray();
 }
 
-QJsonValue writeClient(const QSharedPointer<Client> &client)
+void writeClient(JsonWriter &json, const QSharedPointer<Client> &client)
 {
     if (!client)
-        return {};
-    return QJsonObject{{u"name"_s, client->getName()}, {u"email"_s, client->getEmail()},
-        {u"options"_s, writeOptions(*client)}};
+        return json.null();
+    json.beginObject();
+    json.member("email"_L1, client->getEmail());
+    json.member("name"_L1, client->getName());
+    json.key("options"_L1);
+    writeOptions(json, *client);
+    json.endObject();
 }
 
 QSharedPointer<Client> readClient(const JsonField &field)
@@ -65,20 +68,25 @@ QSharedPointer<Client> readClient(const JsonField &field)
 
 } // namespace
 
-QJsonObject write(const DocumentCardRecord &record)
+void write(JsonWriter &json, const DocumentCardRecord &record)
 {
     const auto card = record.getCard();
-    return {
-        {u"number"_s, card->getNumber()},
-        {u"group"_s, writeGroup(card->getCardGroup())},
-        {u"client"_s, writeClient(card->getClient())},
-        {u"codeInternal"_s, record.getCodeInternal()},
-        {u"bonusBalance"_s, fromVariant(record.getBonusBalance())},
-        {u"pointsForSpend"_s, variantjson::fromDouble(record.getPointsForSpend())},
-        {u"pointsForEarn"_s, fromVariant(record.getPointsForEarn())},
-        {u"operationId"_s, record.getOperationId()},
-        {u"operationInfo"_s, fromVariant(record.getOperationInfo())},
-    };
+    json.beginObject();
+    json.key("bonusBalance"_L1);
+    variantjson::write(json, record.getBonusBalance());
+    json.key("client"_L1);
+    writeClient(json, card->getClient());
+    json.member("codeInternal"_L1, record.getCodeInternal());
+    json.key("group"_L1);
+    writeGroup(json, card->getCardGroup());
+    json.member("number"_L1, card->getNumber());
+    json.member("operationId"_L1, record.getOperationId());
+    json.key("operationInfo"_L1);
+    variantjson::write(json, record.getOperationInfo());
+    json.key("pointsForEarn"_L1);
+    variantjson::write(json, record.getPointsForEarn());
+    json.member("pointsForSpend"_L1, record.getPointsForSpend());
+    json.endObject();
 }
 
 QSharedPointer<DocumentCardRecord> read(const JsonField &field)

@@ -7,12 +7,10 @@
 #include "host/storage/storageerror.h"
 #include "host/storage/variantjson.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 using namespace Qt::Literals::StringLiterals;
-using variantjson::fromVariant;
 
 namespace documentjson {
 
@@ -60,27 +58,6 @@ EDocumentType readType(const JsonField &field)
     field.fail({u"jsonDocumentType"_s, u"код вида документа"_s});
 }
 
-QJsonObject writeHead(const AbstractDocument &document)
-{
-    QJsonObject head{
-        {u"format"_s, format},
-        {u"type"_s, document.getTypeCode()},
-        {u"number"_s, document.getNumber()},
-        {u"state"_s, stateName(document.getState())},
-        {u"shop"_s, document.getShop()},
-        {u"till"_s, document.getTill()},
-        {u"correlationId"_s, document.getCorrelationId()},
-        {u"opened"_s, variantjson::fromTime(document.getOpened())},
-        {u"closed"_s, variantjson::fromTime(document.getClosed())},
-        {u"refersTo"_s, document.getReferencedNumber()},
-        {u"nextPosnum"_s, document.getNextPosnum()},
-        {u"chequeText"_s, document.getChequeText()},
-    };
-    if (document.isRegistrationBegun())
-        head.insert(u"registrationBegun"_s, true);
-    return head;
-}
-
 void readHead(const JsonField &field, AbstractDocument &document)
 {
     document.setState(readState(field.at(u"state"_s)));
@@ -93,24 +70,26 @@ void readHead(const JsonField &field, AbstractDocument &document)
     document.setChequeText(field.at(u"chequeText"_s).text());
     if (const auto begun = field.find(u"registrationBegun"_s))
         document.setRegistrationBegun(begun->flag());
+    if (const auto unknown = field.find(u"bookingUnknown"_s))
+        document.setBookingUnknown(unknown->flag());
 }
 
-QJsonArray writePositions(const AbstractDocument &document)
+void writePositions(JsonWriter &json, const AbstractDocument &document)
 {
-    QJsonArray items;
+    json.beginArray();
     const auto positions = document.getGoods();
     for (const auto &position : positions)
-        items.append(positionjson::write(*position));
-    return items;
+        positionjson::write(json, *position);
+    json.endArray();
 }
 
-QJsonArray writeCards(const AbstractDocument &document)
+void writeCards(JsonWriter &json, const AbstractDocument &document)
 {
-    QJsonArray items;
+    json.beginArray();
     const auto cards = document.getCardRecords();
     for (const auto &card : cards)
-        items.append(cardjson::write(*card));
-    return items;
+        cardjson::write(json, *card);
+    json.endArray();
 }
 
 void readCards(const JsonField &field, AbstractDocument &document)
@@ -123,14 +102,17 @@ void readCards(const JsonField &field, AbstractDocument &document)
     }
 }
 
-QJsonArray writeCoupons(const AbstractDocument &document)
+void writeCoupons(JsonWriter &json, const AbstractDocument &document)
 {
-    QJsonArray items;
+    json.beginArray();
     const auto coupons = document.getCoupons();
-    for (const auto &coupon : coupons)
-        items.append(QJsonObject{{u"number"_s, coupon->getNumber()},
-            {u"displayedNumber"_s, coupon->getDisplayedNumber()}});
-    return items;
+    for (const auto &coupon : coupons) {
+        json.beginObject();
+        json.member("displayedNumber"_L1, coupon->getDisplayedNumber());
+        json.member("number"_L1, coupon->getNumber());
+        json.endObject();
+    }
+    json.endArray();
 }
 
 void readCoupons(const JsonField &field, AbstractDocument &document)
@@ -142,17 +124,20 @@ void readCoupons(const JsonField &field, AbstractDocument &document)
     }
 }
 
-QJsonObject writePluginData(const AbstractDocument &document)
+void writePluginData(JsonWriter &json, const AbstractDocument &document)
 {
-    QJsonObject groups;
+    json.beginObject();
     const auto stored = document.getStoredValues();
     for (auto group = stored.cbegin(); group != stored.cend(); ++group) {
-        QJsonObject values;
-        for (auto value = group->cbegin(); value != group->cend(); ++value)
-            values.insert(value.key(), fromVariant(value.value()));
-        groups.insert(group.key(), values);
+        json.key(group.key());
+        json.beginObject();
+        for (auto value = group->cbegin(); value != group->cend(); ++value) {
+            json.key(value.key());
+            variantjson::write(json, value.value());
+        }
+        json.endObject();
     }
-    return groups;
+    json.endObject();
 }
 
 void readPluginData(const JsonField &field, AbstractDocument &document)
@@ -162,14 +147,18 @@ void readPluginData(const JsonField &field, AbstractDocument &document)
             document.setStoredValue(group.name(), value.name(), value.variant());
 }
 
-QJsonArray writeModifiers(AbstractDocument &document)
+void writeModifiers(JsonWriter &json, AbstractDocument &document)
 {
-    QJsonArray items;
+    json.beginArray();
     const auto modifiers = document.getModifiers().all();
-    for (auto modifier = modifiers.cbegin(); modifier != modifiers.cend(); ++modifier)
-        items.append(QJsonObject{{u"type"_s, static_cast<int>(modifier.key())},
-            {u"value"_s, fromVariant(modifier.value())}});
-    return items;
+    for (auto modifier = modifiers.cbegin(); modifier != modifiers.cend(); ++modifier) {
+        json.beginObject();
+        json.member("type"_L1, static_cast<int>(modifier.key()));
+        json.key("value"_L1);
+        variantjson::write(json, modifier.value());
+        json.endObject();
+    }
+    json.endArray();
 }
 
 void readModifiers(const JsonField &field, AbstractDocument &document)
@@ -179,14 +168,17 @@ void readModifiers(const JsonField &field, AbstractDocument &document)
             item.at(u"value"_s).variant());
 }
 
-QJsonArray writePayments(const AbstractDocument &document)
+void writePayments(JsonWriter &json, const AbstractDocument &document)
 {
-    QJsonArray items;
+    json.beginArray();
     const auto payments = document.getPayments();
-    for (const Payment &payment : payments)
-        items.append(QJsonObject{
-            {u"kind"_s, payment.kind}, {u"amount"_s, variantjson::fromDouble(payment.amount)}});
-    return items;
+    for (const Payment &payment : payments) {
+        json.beginObject();
+        json.member("amount"_L1, payment.amount);
+        json.member("kind"_L1, payment.kind);
+        json.endObject();
+    }
+    json.endArray();
 }
 
 QList<Payment> readPayments(const JsonField &field)
@@ -195,6 +187,39 @@ QList<Payment> readPayments(const JsonField &field)
     for (const JsonField &item : field.items())
         payments.append({item.at(u"kind"_s).text(), item.at(u"amount"_s).number()});
     return payments;
+}
+
+// Members stand in the order of their names.
+void writeFirstMembers(JsonWriter &json, AbstractDocument &document)
+{
+    if (document.isBookingUnknown())
+        json.member("bookingUnknown"_L1, true);
+    json.key("cards"_L1);
+    writeCards(json, document);
+    json.member("chequeText"_L1, document.getChequeText());
+    json.member("closed"_L1, document.getClosed());
+    json.member("correlationId"_L1, document.getCorrelationId());
+    json.key("coupons"_L1);
+    writeCoupons(json, document);
+    json.key("effects"_L1);
+    effectsjson::write(json, document.getEffects(), document.getCardRecords());
+    json.member("format"_L1, format);
+    json.key("modifiers"_L1);
+    writeModifiers(json, document);
+    json.member("nextPosnum"_L1, document.getNextPosnum());
+    json.member("number"_L1, document.getNumber());
+    json.member("opened"_L1, document.getOpened());
+}
+
+void writeLastMembers(JsonWriter &json, const AbstractDocument &document)
+{
+    json.member("refersTo"_L1, document.getReferencedNumber());
+    if (document.isRegistrationBegun())
+        json.member("registrationBegun"_L1, true);
+    json.member("shop"_L1, document.getShop());
+    json.member("state"_L1, stateName(document.getState()));
+    json.member("till"_L1, document.getTill());
+    json.member("type"_L1, document.getTypeCode());
 }
 
 QSharedPointer<AbstractDocument> readDocument(const JsonField &field)
@@ -221,16 +246,18 @@ QSharedPointer<AbstractDocument> readDocument(const JsonField &field)
 
 QByteArray write(AbstractDocument &document)
 {
-    QJsonObject members = writeHead(document);
-    members.insert(u"positions"_s, writePositions(document));
-    members.insert(u"cards"_s, writeCards(document));
-    members.insert(u"coupons"_s, writeCoupons(document));
-    members.insert(u"pluginData"_s, writePluginData(document));
-    members.insert(u"modifiers"_s, writeModifiers(document));
-    members.insert(u"payments"_s, writePayments(document));
-    members.insert(
-        u"effects"_s, effectsjson::write(document.getEffects(), document.getCardRecords()));
-    return QJsonDocument(members).toJson(QJsonDocument::Indented);
+    JsonWriter json;
+    json.beginObject();
+    writeFirstMembers(json, document);
+    json.key("payments"_L1);
+    writePayments(json, document);
+    json.key("pluginData"_L1);
+    writePluginData(json, document);
+    json.key("positions"_L1);
+    writePositions(json, document);
+    writeLastMembers(json, document);
+    json.endObject();
+    return json.written();
 }
 
 QSharedPointer<AbstractDocument> read(const QByteArray &contents, const QString &fileName)

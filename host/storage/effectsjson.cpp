@@ -3,22 +3,22 @@
 #include "host/storage/cardjson.h"
 #include "host/storage/variantjson.h"
 
-#include <QJsonArray>
-
 using namespace Qt::Literals::StringLiterals;
-using variantjson::fromDouble;
-using variantjson::fromVariant;
 
 namespace effectsjson {
 
 namespace {
 
-QJsonValue writeCard(const QSharedPointer<DocumentCardRecord> &card, const CardRecords &cards)
+void writeCard(
+    JsonWriter &json, const QSharedPointer<DocumentCardRecord> &card, const CardRecords &cards)
 {
     if (!card)
-        return {};
+        return json.null();
     const qsizetype place = cards.indexOf(card);
-    return place < 0 ? QJsonValue(cardjson::write(*card)) : QJsonValue(static_cast<int>(place));
+    if (place < 0)
+        cardjson::write(json, *card);
+    else
+        json.value(static_cast<int>(place));
 }
 
 QSharedPointer<DocumentCardRecord> readCard(const JsonField &field, const CardRecords &cards)
@@ -33,22 +33,25 @@ QSharedPointer<DocumentCardRecord> readCard(const JsonField &field, const CardRe
     return cards.at(place);
 }
 
-QJsonObject writeDetail(const DocumentImpactDetail &detail, const CardRecords &cards)
+void writeDetail(JsonWriter &json, const DocumentImpactDetail &detail, const CardRecords &cards)
 {
-    return {
-        {u"dateTime"_s, variantjson::fromTime(detail.getDateTime())},
-        {u"source"_s, static_cast<int>(detail.getImpactSource())},
-        {u"object"_s, static_cast<int>(detail.getDiscountObject())},
-        {u"position"_s, detail.getPosition()},
-        {u"mode"_s, static_cast<int>(detail.getDiscountMode())},
-        {u"type"_s, static_cast<int>(detail.getDiscountType())},
-        {u"rate"_s, fromVariant(detail.getDiscountRate())},
-        {u"sum"_s, fromDouble(detail.getDiscountSum())},
-        {u"name"_s, detail.getDiscountName()},
-        {u"minPriceIgnored"_s, detail.isMinPriceIgnored()},
-        {u"card"_s, writeCard(detail.getCardRecord(), cards)},
-        {u"cardIndex"_s, fromVariant(detail.getCardIndex())},
-    };
+    json.beginObject();
+    json.key("card"_L1);
+    writeCard(json, detail.getCardRecord(), cards);
+    json.key("cardIndex"_L1);
+    variantjson::write(json, detail.getCardIndex());
+    json.member("dateTime"_L1, detail.getDateTime());
+    json.member("minPriceIgnored"_L1, detail.isMinPriceIgnored());
+    json.member("mode"_L1, static_cast<int>(detail.getDiscountMode()));
+    json.member("name"_L1, detail.getDiscountName());
+    json.member("object"_L1, static_cast<int>(detail.getDiscountObject()));
+    json.member("position"_L1, detail.getPosition());
+    json.key("rate"_L1);
+    variantjson::write(json, detail.getDiscountRate());
+    json.member("source"_L1, static_cast<int>(detail.getImpactSource()));
+    json.member("sum"_L1, detail.getDiscountSum());
+    json.member("type"_L1, static_cast<int>(detail.getDiscountType()));
+    json.endObject();
 }
 
 template <typename Enumeration> Enumeration code(const JsonField &field)
@@ -74,23 +77,33 @@ QSharedPointer<DocumentImpactDetail> readDetail(const JsonField &field, const Ca
     return detail;
 }
 
-QJsonObject writeImpact(const DocumentImpact &impact, const CardRecords &cards)
+void writeShares(JsonWriter &json, const DocumentImpact &impact)
 {
-    QJsonArray shares;
+    json.beginArray();
     const auto details = impact.getDetailsForPositions();
-    for (const DocumentImpactShare &share : details)
-        shares.append(
-            QJsonObject{{u"position"_s, share.position}, {u"sum"_s, fromDouble(share.sum)}});
-    return {{u"detail"_s, writeDetail(*impact.getDetail(), cards)}, {u"shares"_s, shares}};
+    for (const DocumentImpactShare &share : details) {
+        json.beginObject();
+        json.member("position"_L1, share.position);
+        json.member("sum"_L1, share.sum);
+        json.endObject();
+    }
+    json.endArray();
 }
 
 template <typename Impact>
-QJsonArray writeImpacts(const QList<QSharedPointer<Impact>> &impacts, const CardRecords &cards)
+void writeImpacts(
+    JsonWriter &json, const QList<QSharedPointer<Impact>> &impacts, const CardRecords &cards)
 {
-    QJsonArray items;
-    for (const auto &impact : impacts)
-        items.append(writeImpact(*impact, cards));
-    return items;
+    json.beginArray();
+    for (const auto &impact : impacts) {
+        json.beginObject();
+        json.key("detail"_L1);
+        writeDetail(json, *impact->getDetail(), cards);
+        json.key("shares"_L1);
+        writeShares(json, *impact);
+        json.endObject();
+    }
+    json.endArray();
 }
 
 template <typename Impact>
@@ -107,20 +120,26 @@ QList<QSharedPointer<Impact>> readImpacts(const JsonField &field, const CardReco
     return impacts;
 }
 
-QJsonArray writeBonusRecords(const QList<DocumentBonusRecord> &records)
+void writeBonusRecord(JsonWriter &json, const DocumentBonusRecord &record)
 {
-    QJsonArray items;
+    json.beginObject();
+    json.member("amount"_L1, record.getAmount());
+    json.member("campaignCode"_L1, record.getCampaignCode());
+    json.member("campaignName"_L1, record.getCampaignName());
+    json.member("cardNumber"_L1, record.getCardNumber());
+    json.member("dateTime"_L1, record.getDateTime());
+    json.member("givenForPosition"_L1, record.isGivenForPosition());
+    json.key("position"_L1);
+    variantjson::write(json, record.getPosition());
+    json.endObject();
+}
+
+void writeBonusRecords(JsonWriter &json, const QList<DocumentBonusRecord> &records)
+{
+    json.beginArray();
     for (const DocumentBonusRecord &record : records)
-        items.append(QJsonObject{
-            {u"cardNumber"_s, record.getCardNumber()},
-            {u"position"_s, fromVariant(record.getPosition())},
-            {u"amount"_s, fromDouble(record.getAmount())},
-            {u"campaignCode"_s, record.getCampaignCode()},
-            {u"campaignName"_s, record.getCampaignName()},
-            {u"givenForPosition"_s, record.isGivenForPosition()},
-            {u"dateTime"_s, variantjson::fromTime(record.getDateTime())},
-        });
-    return items;
+        writeBonusRecord(json, record);
+    json.endArray();
 }
 
 DocumentBonusRecord readBonusRecord(const JsonField &field)
@@ -144,6 +163,14 @@ QList<DocumentBonusRecord> readBonusRecords(const JsonField &field)
     return records;
 }
 
+void writeTexts(JsonWriter &json, const QStringList &texts)
+{
+    json.beginArray();
+    for (const QString &text : texts)
+        json.value(text);
+    json.endArray();
+}
+
 QStringList readTexts(const JsonField &field)
 {
     QStringList texts;
@@ -154,18 +181,23 @@ QStringList readTexts(const JsonField &field)
 
 } // namespace
 
-QJsonObject write(const LoyaltyEffects &effects, const CardRecords &cards)
+void write(JsonWriter &json, const LoyaltyEffects &effects, const CardRecords &cards)
 {
-    return {
-        {u"discountImpacts"_s, writeImpacts(effects.discountImpacts, cards)},
-        {u"bonusImpacts"_s, writeImpacts(effects.bonusImpacts, cards)},
-        {u"bonusRecords"_s, writeBonusRecords(effects.bonusRecords)},
-        {u"messagesToCashier"_s, QJsonArray::fromStringList(effects.messagesToCashier)},
-        {u"messagesToClient"_s, QJsonArray::fromStringList(effects.messagesToClient)},
-        {u"pointsAvailable"_s, fromDouble(effects.pointsAvailable)},
-        {u"pointsChosen"_s, fromDouble(effects.pointsChosen)},
-        {u"pointsEarned"_s, fromDouble(effects.pointsEarned)},
-    };
+    json.beginObject();
+    json.key("bonusImpacts"_L1);
+    writeImpacts(json, effects.bonusImpacts, cards);
+    json.key("bonusRecords"_L1);
+    writeBonusRecords(json, effects.bonusRecords);
+    json.key("discountImpacts"_L1);
+    writeImpacts(json, effects.discountImpacts, cards);
+    json.key("messagesToCashier"_L1);
+    writeTexts(json, effects.messagesToCashier);
+    json.key("messagesToClient"_L1);
+    writeTexts(json, effects.messagesToClient);
+    json.member("pointsAvailable"_L1, effects.pointsAvailable);
+    json.member("pointsChosen"_L1, effects.pointsChosen);
+    json.member("pointsEarned"_L1, effects.pointsEarned);
+    json.endObject();
 }
 
 LoyaltyEffects read(const JsonField &field, const CardRecords &cards)

@@ -2,8 +2,7 @@
 
 #include "host/documents/abstractdocument.h"
 #include "host/storage/jsonfield.h"
-
-#include <QJsonObject>
+#include "host/storage/jsonwriter.h"
 
 /// What a loyalty system granted a document, as JSON.
 namespace effectsjson {
@@ -13,7 +12,7 @@ using CardRecords = QList<QSharedPointer<DocumentCardRecord>>;
 /// @param cards the document's card records: an impact names one of them by its place there; a
 ///              record that is not among them is written out.
 /// @throws StorageError when a value is of a type that the format does not know.
-[[nodiscard]] QJsonObject write(const LoyaltyEffects &effects, const CardRecords &cards);
+void write(JsonWriter &json, const LoyaltyEffects &effects, const CardRecords &cards);
 /// @throws StorageError when something is missing or not as it should be.
 [[nodiscard]] LoyaltyEffects read(const JsonField &field, const CardRecords &cards);
 

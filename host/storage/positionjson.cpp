@@ -1,26 +1,27 @@
 #include "host/storage/positionjson.h"
 
-#include "host/storage/variantjson.h"
-
-#include <QJsonArray>
-
 using namespace Qt::Literals::StringLiterals;
-using variantjson::fromDouble;
 
 namespace positionjson {
 
 namespace {
 
-QJsonValue writeRecord(const QSharedPointer<Tmc> &tmc)
+void writeRecord(JsonWriter &json, const QSharedPointer<Tmc> &tmc)
 {
     if (!tmc)
-        return {};
-    QJsonArray prices;
+        return json.null();
+    json.beginObject();
+    json.key("indexPrices"_L1);
+    json.beginArray();
     const auto indexPrices = tmc->getIndexPrices();
-    for (const auto &indexPrice : indexPrices)
-        prices.append(QJsonObject{
-            {u"code"_s, indexPrice->getCode()}, {u"price"_s, fromDouble(indexPrice->getPrice())}});
-    return QJsonObject{{u"indexPrices"_s, prices}};
+    for (const auto &indexPrice : indexPrices) {
+        json.beginObject();
+        json.member("code"_L1, indexPrice->getCode());
+        json.member("price"_L1, indexPrice->getPrice());
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
 }
 
 QSharedPointer<Tmc> readRecord(const JsonField &field)
@@ -39,19 +40,27 @@ TmcUnit readUnit(const JsonField &field)
     return TmcUnit(field.at(u"name"_s).text(), field.at(u"fractional"_s).flag());
 }
 
-QJsonObject writeArticle(const GoodsItem &position)
+void writeUnit(JsonWriter &json, const GoodsItem &position)
 {
-    return {
-        {u"code"_s, position.getCode()},
-        {u"barcode"_s, position.getBarcode()},
-        {u"name"_s, position.getName()},
-        {u"unit"_s,
-            QJsonObject{{u"name"_s, position.getUnitName()},
-                {u"fractional"_s, position.getTmcUnit().isFractional()}}},
-        {u"record"_s, writeRecord(position.getTmc())},
-        {u"minRetailPrice"_s, fromDouble(position.getMinRetailPrice())},
-        {u"extendedOptions"_s, position.getExtendedOptions()},
-    };
+    json.beginObject();
+    json.member("fractional"_L1, position.getTmcUnit().isFractional());
+    json.member("name"_L1, position.getUnitName());
+    json.endObject();
+}
+
+void writeArticle(JsonWriter &json, const GoodsItem &position)
+{
+    json.beginObject();
+    json.member("barcode"_L1, position.getBarcode());
+    json.member("code"_L1, position.getCode());
+    json.member("extendedOptions"_L1, position.getExtendedOptions());
+    json.member("minRetailPrice"_L1, position.getMinRetailPrice());
+    json.member("name"_L1, position.getName());
+    json.key("record"_L1);
+    writeRecord(json, position.getTmc());
+    json.key("unit"_L1);
+    writeUnit(json, position);
+    json.endObject();
 }
 
 void readArticle(const JsonField &field, GoodsItem &position)
@@ -65,17 +74,17 @@ void readArticle(const JsonField &field, GoodsItem &position)
     position.setExtendedOptions(field.at(u"extendedOptions"_s).text());
 }
 
-QJsonObject writeSums(const GoodsItem &position)
+void writeSums(JsonWriter &json, const GoodsItem &position)
 {
-    return {
-        {u"price"_s, fromDouble(position.getPrice())},
-        {u"quantity"_s, fromDouble(position.getBquant())},
-        {u"before"_s, fromDouble(position.getSumn())},
-        {u"after"_s, fromDouble(position.getSumb())},
-        {u"appliedDiscount"_s, fromDouble(position.getAppliedDiscount())},
-        {u"appliedPoints"_s, fromDouble(position.getAppliedPoints())},
-        {u"appliedQuantity"_s, fromDouble(position.getAppliedQuantity())},
-    };
+    json.beginObject();
+    json.member("after"_L1, position.getSumb());
+    json.member("appliedDiscount"_L1, position.getAppliedDiscount());
+    json.member("appliedPoints"_L1, position.getAppliedPoints());
+    json.member("appliedQuantity"_L1, position.getAppliedQuantity());
+    json.member("before"_L1, position.getSumn());
+    json.member("price"_L1, position.getPrice());
+    json.member("quantity"_L1, position.getBquant());
+    json.endObject();
 }
 
 void readSums(const JsonField &field, GoodsItem &position)
@@ -91,16 +100,18 @@ void readSums(const JsonField &field, GoodsItem &position)
 
 } // namespace
 
-QJsonObject write(const GoodsItem &position)
+void write(JsonWriter &json, const GoodsItem &position)
 {
-    return {
-        {u"number"_s, position.getPosnum()},
-        {u"objectName"_s, position.objectName()},
-        {u"article"_s, writeArticle(position)},
-        {u"sums"_s, writeSums(position)},
-        {u"uniteAvailable"_s, position.isUniteAvailable()},
-        {u"recalcable"_s, position.isRecalcable()},
-    };
+    json.beginObject();
+    json.key("article"_L1);
+    writeArticle(json, position);
+    json.member("number"_L1, position.getPosnum());
+    json.member("objectName"_L1, position.objectName());
+    json.member("recalcable"_L1, position.isRecalcable());
+    json.key("sums"_L1);
+    writeSums(json, position);
+    json.member("uniteAvailable"_L1, position.isUniteAvailable());
+    json.endObject();
 }
 
 QSharedPointer<GoodsItem> read(const JsonField &field)

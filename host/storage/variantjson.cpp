@@ -4,12 +4,10 @@
 #include "host/storage/storageerror.h"
 
 #include <QDate>
-#include <QJsonArray>
 #include <QJsonObject>
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -24,14 +22,18 @@ const QString hexMark = u"0x"_s;
 struct Kind
 {
     int type;
-    QString name;
-    QJsonValue (*write)(const QVariant &);
+    QLatin1String name;
+    void (*write)(JsonWriter &, const QVariant &);
     QVariant (*read)(const JsonField &);
 };
 
-QJsonValue writeTexts(const QVariant &value)
+void writeTexts(JsonWriter &json, const QVariant &value)
 {
-    return QJsonArray::fromStringList(value.toStringList());
+    json.beginArray();
+    const QStringList texts = value.toStringList();
+    for (const QString &text : texts)
+        json.value(text);
+    json.endArray();
 }
 
 QVariant readTexts(const JsonField &field)
@@ -42,13 +44,15 @@ QVariant readTexts(const JsonField &field)
     return texts;
 }
 
-QJsonValue writeMap(const QVariant &value)
+void writeMap(JsonWriter &json, const QVariant &value)
 {
-    QJsonObject members;
+    json.beginObject();
     const QVariantMap map = value.toMap();
-    for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
-        members.insert(entry.key(), fromVariant(entry.value()));
-    return members;
+    for (auto entry = map.cbegin(); entry != map.cend(); ++entry) {
+        json.key(entry.key());
+        write(json, entry.value());
+    }
+    json.endObject();
 }
 
 QVariant readMap(const JsonField &field)
@@ -59,10 +63,13 @@ QVariant readMap(const JsonField &field)
     return map;
 }
 
-QJsonValue writeDate(const QVariant &value)
+void writeDate(JsonWriter &json, const QVariant &value)
 {
     const QDate date = value.toDate();
-    return date.isValid() ? QJsonValue(date.toString(Qt::ISODate)) : QJsonValue();
+    if (date.isValid())
+        json.value(date.toString(Qt::ISODate));
+    else
+        json.null();
 }
 
 QVariant readDate(const JsonField &field)
@@ -76,9 +83,9 @@ QVariant readDate(const JsonField &field)
 }
 
 // Programs that read JSON numbers as doubles would damage the larger ones of these.
-QJsonValue writeAsText(const QVariant &value)
+void writeAsText(JsonWriter &json, const QVariant &value)
 {
-    return value.toString();
+    json.value(value.toString());
 }
 
 template <typename Integer> QVariant readFromText(const JsonField &field)
@@ -92,36 +99,54 @@ template <typename Integer> QVariant readFromText(const JsonField &field)
 const QList<Kind> &kinds()
 {
     static const QList<Kind> all{
-        {QMetaType::QString, u"text"_s, [](const QVariant &) { return QJsonValue(); },
+        {QMetaType::QString, "text"_L1, [](JsonWriter &json, const QVariant &) { json.null(); },
             [](const JsonField &) { return QVariant(QString()); }},
-        {QMetaType::Int, u"int"_s, [](const QVariant &value) { return QJsonValue(value.toInt()); },
+        {QMetaType::Int, "int"_L1,
+            [](JsonWriter &json, const QVariant &value) { json.value(value.toInt()); },
             [](const JsonField &field) { return QVariant(field.integer()); }},
-        {QMetaType::UInt, u"unsigned"_s, writeAsText, readFromText<uint>},
-        {QMetaType::LongLong, u"int64"_s, writeAsText, readFromText<qlonglong>},
-        {QMetaType::ULongLong, u"unsigned64"_s, writeAsText, readFromText<qulonglong>},
-        {QMetaType::Double, u"double"_s,
-            [](const QVariant &value) { return fromDouble(value.toDouble()); },
+        {QMetaType::UInt, "unsigned"_L1, writeAsText, readFromText<uint>},
+        {QMetaType::LongLong, "int64"_L1, writeAsText, readFromText<qlonglong>},
+        {QMetaType::ULongLong, "unsigned64"_L1, writeAsText, readFromText<qulonglong>},
+        {QMetaType::Double, "double"_L1,
+            [](JsonWriter &json, const QVariant &value) { json.value(value.toDouble()); },
             [](const JsonField &field) { return QVariant(field.number()); }},
-        {QMetaType::QDate, u"date"_s, writeDate, readDate},
-        {QMetaType::QDateTime, u"dateTime"_s,
-            [](const QVariant &value) { return fromTime(value.toDateTime()); },
+        {QMetaType::QDate, "date"_L1, writeDate, readDate},
+        {QMetaType::QDateTime, "dateTime"_L1,
+            [](JsonWriter &json, const QVariant &value) { json.value(value.toDateTime()); },
             [](const JsonField &field) { return QVariant(field.time()); }},
-        {QMetaType::QStringList, u"texts"_s, writeTexts, readTexts},
-        {QMetaType::QVariantMap, u"map"_s, writeMap, readMap},
-        {qMetaTypeId<Quantity>(), u"quantity"_s,
-            [](const QVariant &value) { return fromDouble(value.value<Quantity>().value()); },
+        {QMetaType::QStringList, "texts"_L1, writeTexts, readTexts},
+        {QMetaType::QVariantMap, "map"_L1, writeMap, readMap},
+        {qMetaTypeId<Quantity>(), "quantity"_L1,
+            [](JsonWriter &json, const QVariant &value) {
+                json.value(value.value<Quantity>().value());
+            },
             [](const JsonField &field) { return QVariant::fromValue(Quantity(field.number())); }},
     };
     return all;
 }
 
-QJsonValue writeList(const QVariant &value)
+void writeList(JsonWriter &json, const QVariant &value)
 {
-    QJsonArray items;
+    json.beginArray();
     const QVariantList list = value.toList();
     for (const QVariant &item : list)
-        items.append(fromVariant(item));
-    return items;
+        write(json, item);
+    json.endArray();
+}
+
+void writeAsKind(JsonWriter &json, const QVariant &value)
+{
+    const int type = value.typeId();
+    const auto kind = std::find_if(
+        kinds().cbegin(), kinds().cend(), [type](const Kind &other) { return other.type == type; });
+    if (kind == kinds().cend())
+        throw StorageError(
+            tr::Tr(u"documentTypeNotKept"_s, u"значения типа %1 нельзя хранить в документе"_s)
+                .arg(QString::fromLatin1(value.typeName())));
+    json.beginObject();
+    json.key(kind->name);
+    kind->write(json, value);
+    json.endObject();
 }
 
 QVariant readList(const JsonField &field)
@@ -134,24 +159,19 @@ QVariant readList(const JsonField &field)
 
 } // namespace
 
-QJsonValue fromVariant(const QVariant &value)
+void write(JsonWriter &json, const QVariant &value)
 {
-    if (!value.isValid())
-        return QJsonValue();
     const int type = value.typeId();
-    if (type == QMetaType::Bool)
-        return value.toBool();
-    if (type == QMetaType::QVariantList)
-        return writeList(value);
-    if (type == QMetaType::QString && !value.toString().isNull())
-        return value.toString();
-    const auto kind = std::find_if(
-        kinds().cbegin(), kinds().cend(), [type](const Kind &other) { return other.type == type; });
-    if (kind == kinds().cend())
-        throw StorageError(
-            tr::Tr(u"documentTypeNotKept"_s, u"значения типа %1 нельзя хранить в документе"_s)
-                .arg(QString::fromLatin1(value.typeName())));
-    return QJsonObject{{kind->name, kind->write(value)}};
+    if (!value.isValid())
+        json.null();
+    else if (type == QMetaType::Bool)
+        json.value(value.toBool());
+    else if (type == QMetaType::QVariantList)
+        writeList(json, value);
+    else if (type == QMetaType::QString && !value.toString().isNull())
+        json.value(value.toString());
+    else
+        writeAsKind(json, value);
 }
 
 QVariant toVariant(const JsonField &field)
@@ -165,19 +185,10 @@ QVariant toVariant(const JsonField &field)
         return readList(field);
     const QStringList names = value.toObject().keys();
     const auto kind = std::find_if(kinds().cbegin(), kinds().cend(),
-        [&names](const Kind &other) { return names == QStringList{other.name}; });
+        [&names](const Kind &other) { return names == QStringList{QString(other.name)}; });
     if (kind == kinds().cend())
         field.fail({u"jsonKnownKind"_s, u"значение известного вида"_s});
     return kind->read(field.at(kind->name));
-}
-
-QJsonValue fromDouble(double number)
-{
-    const QJsonValue plain(number);
-    const auto bits = std::bit_cast<quint64>(number);
-    if (std::isfinite(number) && std::bit_cast<quint64>(plain.toDouble()) == bits)
-        return plain;
-    return QString(hexMark + QString::number(bits, hexBase));
 }
 
 std::optional<double> toDouble(const QJsonValue &value)
@@ -189,11 +200,6 @@ std::optional<double> toDouble(const QJsonValue &value)
     if (!isNumber || !value.toString().startsWith(hexMark))
         return {};
     return std::bit_cast<double>(bits);
-}
-
-QJsonValue fromTime(const QDateTime &time)
-{
-    return time.isValid() ? QJsonValue(time.toString(Qt::ISODateWithMs)) : QJsonValue();
 }
 
 } // namespace variantjson

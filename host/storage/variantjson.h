@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/storage/jsonfield.h"
+#include "host/storage/jsonwriter.h"
 
 #include <QJsonValue>
 #include <QVariant>
@@ -14,16 +15,10 @@
 namespace variantjson {
 
 /// @throws StorageError for a type that has no kind; the text names it.
-[[nodiscard]] QJsonValue fromVariant(const QVariant &value);
+void write(JsonWriter &json, const QVariant &value);
 [[nodiscard]] QVariant toVariant(const JsonField &field);
 
-/// A JSON number where one comes back as the very same bits, otherwise (infinities, "not a number",
-/// minus zero) a text of its bits: "0x7ff0000000000000".
-[[nodiscard]] QJsonValue fromDouble(double number);
-/// Nothing when the value is no such number.
+/// A number as `JsonWriter::value` writes it; nothing when the value is none.
 [[nodiscard]] std::optional<double> toDouble(const QJsonValue &value);
-
-/// ISO 8601 with milliseconds; null for an invalid one. Local times stay local ones.
-[[nodiscard]] QJsonValue fromTime(const QDateTime &time);
 
 } // namespace variantjson

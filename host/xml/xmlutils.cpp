@@ -16,18 +16,42 @@ bool isAllowed(char16_t unit)
         || (unit >= firstPrintable && unit < firstNonCharacter);
 }
 
+/// How many units the text has that may stand, from the given one on: 2 for a pair of surrogates, 0
+/// when the unit may not.
+qsizetype allowedUnits(QStringView text, qsizetype at)
+{
+    constexpr qsizetype pair = 2;
+    const QChar unit = text[at];
+    if (!unit.isSurrogate())
+        return isAllowed(unit.unicode()) ? 1 : 0;
+    return unit.isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate() ? pair
+                                                                                           : 0;
+}
+
+/// Place of the first unit that may not stand; the text's size when there is none.
+qsizetype firstForbidden(QStringView text, qsizetype from)
+{
+    qsizetype at = from;
+    while (at < text.size()) {
+        const qsizetype units = allowedUnits(text, at);
+        if (units == 0)
+            return at;
+        at += units;
+    }
+    return at;
+}
+
 QString withoutForbiddenCharacters(const QString &text)
 {
-    QString result;
-    result.reserve(text.size());
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar unit = text.at(i);
-        const bool startsPair
-            = unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
-        if (startsPair)
-            result.append(unit).append(text.at(++i));
-        else if (!unit.isSurrogate() && isAllowed(unit.unicode()))
-            result.append(unit);
+    qsizetype forbidden = firstForbidden(text, 0);
+    // Nearly every text: it is shared, not copied.
+    if (forbidden == text.size())
+        return text;
+    QString result = text.left(forbidden);
+    while (forbidden < text.size()) {
+        const qsizetype next = firstForbidden(text, forbidden + 1);
+        result.append(QStringView(text).mid(forbidden + 1, next - forbidden - 1));
+        forbidden = next;
     }
     return result;
 }
@@ -49,9 +73,23 @@ void appendNotNull(QDomElement &parent, const QDomElement &element)
 
 namespace {
 
-template <typename Scope> QString valueByTag(const Scope &scope, const QString &tag, int index)
+/// The element of that name inside the node before which `left` others are passed over, in document
+/// order. A list of them all would look through the rest of the document too.
+QDomElement elementByTag(const QDomNode &scope, const QString &tag, int &left)
 {
-    const QDomElement element = scope.elementsByTagName(tag).at(index).toElement();
+    for (QDomNode child = scope.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        const QDomElement element = child.toElement();
+        if (!element.isNull() && element.tagName() == tag && left-- == 0)
+            return element;
+        if (const QDomElement found = elementByTag(child, tag, left); !found.isNull())
+            return found;
+    }
+    return {};
+}
+
+QString valueByTag(const QDomNode &scope, const QString &tag, int index)
+{
+    const QDomElement element = elementByTag(scope, tag, index);
     // An element's text is never null, so a null one says that there is no element.
     return element.isNull() ? QString() : element.text();
 }

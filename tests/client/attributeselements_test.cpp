@@ -104,7 +104,8 @@ TEST_F(AttributeElementsTest, AnyKeyThatBeginsWithKeyCounts)
 {
     givenSection(u"a"_s,
         {{u"keyboard"_s, u"A"_s}, {u"valueboard"_s, u"1"_s}, {u"keykey"_s, u"B"_s},
-            {u"valuekey"_s, u"2"_s}, {u"Key"_s, u"C"_s}, {u"value"_s, u"3"_s}});
+            {u"valuekey"_s, u"2"_s}, {u"monkey"_s, u"D"_s}, {u"Key"_s, u"C"_s},
+            {u"value"_s, u"3"_s}});
     EXPECT_EQ(whenFormed(), QStringList(u"A=<1> B=<2>"_s));
 }
 

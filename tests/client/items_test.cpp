@@ -31,6 +31,28 @@ protected:
     QDomDocument m_request;
 };
 
+/// Counts what is asked of it.
+class CountingConfig : public Config
+{
+public:
+    [[nodiscard]] QString getString(const QString &key, const QString &other) const override
+    {
+        ++lookUps;
+        return Config::getString(key, other);
+    }
+    [[nodiscard]] QStringList getSections(const QString &pattern) const override
+    {
+        ++lookUps;
+        return Config::getSections(pattern);
+    }
+    [[nodiscard]] QStringList getKeys(const QString &section) const override
+    {
+        ++lookUps;
+        return Config::getKeys(section);
+    }
+    mutable int lookUps = 0;
+};
+
 } // namespace
 
 TEST_F(ItemsTest, ADocumentWithoutPositionsHasNone)
@@ -193,4 +215,23 @@ TEST_F(ItemsTest, APositionWithoutGoodsRecordHasNoIndexPrice)
     givenSetting(u"indexForMinRetailPrice"_s, u"0"_s);
     givenPosition(u"A"_s, 10);
     EXPECT_EQ(itemText(u"Mcp"_s), u"0.00"_s);
+}
+
+TEST_F(ItemsTest, TheConfigurationIsAskedOnceForAllPositionsAndAnewForEachRequest)
+{
+    const auto config = QSharedPointer<CountingConfig>::create();
+    Singleton<Config>::set(config);
+    const QString section = u"KorvelLoyaltyOnline.ExtendedAttributes.a:%1"_s;
+    config->set(section.arg(u"key"_s), u"Color"_s);
+    config->set(section.arg(u"value"_s), u"red"_s);
+    givenPosition(u"A"_s, 10);
+    whenFormed();
+    const int ofTheConstructorAndOne = config->lookUps;
+    whenFormed();
+    const int ofOne = config->lookUps - ofTheConstructorAndOne;
+    EXPECT_GT(ofOne, 0);
+    givenPosition(u"B"_s, 10);
+    givenPosition(u"C"_s, 10);
+    EXPECT_EQ(whenFormed().size(), 3);
+    EXPECT_EQ(config->lookUps - ofTheConstructorAndOne, 2 * ofOne);
 }

@@ -50,6 +50,8 @@ public:
     void endListening() const;
 
     [[nodiscard]] bool isValid() const { return m_descriptor >= 0; }
+    /// For calls that are not here; it stays the object's.
+    [[nodiscard]] int descriptor() const { return m_descriptor; }
     [[nodiscard]] quint16 port() const;
     /// Appends what has come.
     Received receive(QByteArray &bytes) const;

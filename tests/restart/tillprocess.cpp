@@ -21,8 +21,9 @@ constexpr int greatestWait = 60'000; // milliseconds, for a machine under load
 
 } // namespace
 
-TillProcess::TillProcess(const Premises &premises)
+TillProcess::TillProcess(const Premises &premises, const QProcessEnvironment &environment)
 {
+    m_process.setProcessEnvironment(environment);
     m_process.start(QStringLiteral(RESTART_TILL),
         {u"run"_s, u"--config"_s, premises.settings(), u"--plugin"_s,
             QStringLiteral(RESTART_PLUGIN), u"--state"_s, premises.state(), u"--transcript"_s,

@@ -26,7 +26,8 @@ struct TillEnd
 class TillProcess
 {
 public:
-    explicit TillProcess(const Premises &premises);
+    explicit TillProcess(const Premises &premises,
+        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment());
     ~TillProcess();
 
     [[nodiscard]] qint64 processId() const { return m_process.processId(); }

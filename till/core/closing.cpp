@@ -57,6 +57,7 @@ bool Till::confirmClosing(Outcome &outcome)
 // between asks for it again, and gets the same answer with everything that is still to be printed.
 void Till::registerSale(Outcome &outcome)
 {
+    const QString doubtful = takeDoubtfulBooking();
     // The records of a registered cheque are its answer when it is asked again.
     if (!isRegistered()) {
         m_system.clearBonusRecords();
@@ -69,6 +70,22 @@ void Till::registerSale(Outcome &outcome)
             outcome, u"hasPointsForEarn"_s, [&] { outcome.result = m_system.hasPointsForEarn(); });
     });
     document()->setRegistrationBegun(false);
+    if (outcome.refusal && !doubtful.isEmpty())
+        document()->getCardRecord(m_system.getCardMode())->setOperationId(doubtful);
+    else if (isRegistered())
+        document()->setBookingUnknown(false);
+}
+
+// A booking that was being taken back may be gone. Without its number the sale is registered anew,
+// which the service counts once if it has not.
+QString Till::takeDoubtfulBooking() const
+{
+    if (!isRegistered() || !document()->isBookingUnknown())
+        return {};
+    const auto card = document()->getCardRecord(m_system.getCardMode());
+    const QString doubtful = card->getOperationId();
+    card->setOperationId({});
+    return doubtful;
 }
 
 void Till::putOut(Outcome &outcome)
@@ -97,6 +114,25 @@ receipt::Booking Till::booking() const
     return isBooked ? receipt::Booking::Done : receipt::Booking::Later;
 }
 
+// An open sale is booked when it is closed, as long as the service answers.
+receipt::Booking Till::expectedBooking() const
+{
+    return isRegistered() || m_exchanges.lastSucceeded() ? receipt::Booking::Done
+                                                         : receipt::Booking::Later;
+}
+
+QString Till::receiptPreview() const
+{
+    if (!document())
+        return {};
+    try {
+        return TextPrinter::sheets(receipt::templateName, {},
+            receipt::data(*document(), expectedBooking()), TextPrinter::defaultCopies, true);
+    } catch (const BasicException &error) {
+        return error.tr().ui();
+    }
+}
+
 // Not by the factory's printer, which is the plug-in's.
 void Till::printReceipt(Outcome &outcome) const
 {
@@ -119,12 +155,24 @@ bool Till::settleBegunRegistration(Outcome &outcome)
     const int exchanges = m_exchanges.count();
     registerSale(outcome);
     outcome.result.clear();
-    const bool isUnknown = m_exchanges.count() > exchanges && !outcome.refusal && !isRegistered();
+    // Once it was asked in vain the plug-in is offline, and asks no more.
+    const bool isAsked = m_exchanges.count() > exchanges || begun->isBookingUnknown();
+    const bool isUnknown = isAsked && !outcome.refusal && !isRegistered();
     if (isUnknown)
         outcome.notices.append(registrationUnknown());
     begun->setRegistrationBegun(isUnknown);
+    begun->setBookingUnknown(isUnknown);
     keep();
     return !isUnknown && !outcome.refusal;
+}
+
+// Of a till that is stopped in between, or gets no answer, nobody knows whether it is booked still.
+void Till::noteThatRollbackBegins()
+{
+    if (!isRegistered() || document()->isBookingUnknown())
+        return;
+    document()->setBookingUnknown(true);
+    keep();
 }
 
 Outcome Till::cancel()
@@ -133,6 +181,7 @@ Outcome Till::cancel()
     Outcome outcome;
     if (!settleBegunRegistration(outcome))
         return outcome;
+    noteThatRollbackBegins();
     request(outcome, u"rollback"_s, [&] { return m_system.rollback(cancelled); });
     if (!outcome.result.toBool()) {
         keep();

@@ -1,45 +1,45 @@
 #include "till/core/exchanges.h"
 
+#include "host/framework/currenttime.h"
 #include "host/net/restclient.h"
+
+#include <QElapsedTimer>
 
 #include <utility>
 
 namespace till {
 
-namespace {
-
-class WatchedRestClient : public RestClient
+class Exchanges::WatchedClient : public RestClient
 {
 public:
-    WatchedRestClient(const std::function<void()> &onPost, int &count, bool &succeeded)
-        : m_onPost(onPost)
-        , m_count(count)
-        , m_succeeded(succeeded)
+    explicit WatchedClient(Exchanges &exchanges)
+        : m_exchanges(exchanges)
     { }
 
     void post(
         const QUrl &url, const QByteArray &body, const QHash<QString, QString> &headers) override
     {
-        ++m_count;
-        if (m_onPost)
-            m_onPost();
+        ++m_exchanges.m_count;
+        if (m_exchanges.m_onPost)
+            m_exchanges.m_onPost();
+        const QDateTime begun = MockFactory<CurrentTime>::create()->currentDateTime();
+        QElapsedTimer timer;
+        timer.start();
         RestClient::post(url, body, headers);
-        m_succeeded = errorCode() == None;
+        m_exchanges.m_lastSucceeded = errorCode() == None;
+        m_exchanges.m_log.add({begun, std::chrono::milliseconds(timer.elapsed()), body,
+            errorCode() == None ? responseBody() : failedBody(), errorCode(), errorMessage()});
     }
 
 private:
-    const std::function<void()> &m_onPost;
-    int &m_count;
-    bool &m_succeeded;
+    Exchanges &m_exchanges;
 };
-
-} // namespace
 
 Exchanges::Exchanges(std::function<void()> onPost)
     : m_onPost(std::move(onPost))
 {
     MockFactory<RestClient>::setCreator([this]() -> QSharedPointer<RestClient> {
-        return QSharedPointer<WatchedRestClient>::create(m_onPost, m_count, m_lastSucceeded);
+        return QSharedPointer<WatchedClient>::create(*this);
     });
 }
 

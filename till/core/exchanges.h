@@ -1,5 +1,7 @@
 #pragma once
 
+#include "till/core/exchangelog.h"
+
 #include <QtGlobal>
 
 #include <functional>
@@ -20,11 +22,16 @@ public:
     [[nodiscard]] bool lastSucceeded() const { return m_lastSucceeded; }
     /// How many were begun so far.
     [[nodiscard]] int count() const { return m_count; }
+    /// What went over the wire.
+    [[nodiscard]] const ExchangeLog &log() const { return m_log; }
 
 private:
+    class WatchedClient;
+
     std::function<void()> m_onPost;
     int m_count = 0;
     bool m_lastSucceeded = false;
+    ExchangeLog m_log;
 };
 
 } // namespace till

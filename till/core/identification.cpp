@@ -38,6 +38,7 @@ Outcome Till::presentCard(const QString &number, ECardNumberType type)
 
 void Till::attachCard(const QString &number, ECardNumberType type, Outcome &outcome)
 {
+    outcome.presentedCard = number;
     const auto group = QSharedPointer<CardGroup>::create();
     group->setCardMode(m_system.getCardMode());
     const auto card = QSharedPointer<Card>::create();

@@ -29,6 +29,8 @@ struct Outcome
     QList<tr::Tr> notices;
     /// Whether the notices tell of what a person must look at before the day is over.
     bool hasOpenEnds = false;
+    /// Number of the card that was presented to the loyalty system; empty: none was.
+    QString presentedCard;
     /// The document that the operation closed or cancelled; null for all others.
     QSharedPointer<AbstractDocument> left;
 };

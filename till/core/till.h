@@ -83,6 +83,10 @@ public:
     /// What is still to be paid.
     [[nodiscard]] double rest() const;
 
+    /// What the printer would get if the open document, as it is now, were printed; empty at an
+    /// empty desk. Where the template cannot be used, why. Prints nothing and asks nobody.
+    [[nodiscard]] QString receiptPreview() const;
+
     Outcome close();
     Outcome cancel();
 
@@ -137,9 +141,12 @@ private:
     void payRest();
     [[nodiscard]] bool confirmClosing(Outcome &outcome);
     void registerSale(Outcome &outcome);
+    [[nodiscard]] QString takeDoubtfulBooking() const;
+    void noteThatRollbackBegins();
     [[nodiscard]] bool settleBegunRegistration(Outcome &outcome);
     void putOut(Outcome &outcome);
     [[nodiscard]] receipt::Booking booking() const;
+    [[nodiscard]] receipt::Booking expectedBooking() const;
     void printReceipt(Outcome &outcome) const;
     void deliverAfterClose(Outcome &outcome);
     [[nodiscard]] static QList<tr::Tr> openQueue();

@@ -15,13 +15,32 @@ constexpr qsizetype shortestNumberLookedFor = 8;
 const QString stars = u"********"_s;
 
 // Ends at the next end tag, or with a text that was cut. An element without contents has none.
-const QRegularExpression &cardElement()
+QRegularExpression elementNamed(const QString &name)
 {
-    static const QRegularExpression pattern(
-        u"(<(?:[\\w.-]+:)?CardNumber(?:\\s[^>]*)?(?<!/)>)(.*?)(?=</|\\z)"_s,
+    return QRegularExpression(u"(<(?:[\\w.-]+:)?%1(?:\\s[^>]*)?(?<!/)>)(.*?)(?=</|\\z)"_s.arg(name),
         QRegularExpression::DotMatchesEverythingOption
             | QRegularExpression::UseUnicodePropertiesOption);
+}
+
+const QRegularExpression &cardElement()
+{
+    static const QRegularExpression pattern = elementNamed(u"CardNumber"_s);
     return pattern;
+}
+
+/// The text with the contents of the elements replaced.
+template <typename Mask>
+QString withContents(const QString &xml, const QRegularExpression &element, const Mask &mask)
+{
+    QString masked;
+    qsizetype behind = 0;
+    for (auto match = element.globalMatch(xml); match.hasNext();) {
+        const auto found = match.next();
+        masked += QStringView(xml).mid(behind, found.capturedStart(2) - behind);
+        masked += mask(found.captured(2));
+        behind = found.capturedEnd(2);
+    }
+    return masked + QStringView(xml).mid(behind);
 }
 
 QStringList cardNumbers(const QString &xml)
@@ -68,15 +87,14 @@ QString maskedNumber(const QString &number)
 
 QString withoutCardNumbers(const QString &xml)
 {
-    QString masked;
-    qsizetype behind = 0;
-    for (auto match = cardElement().globalMatch(xml); match.hasNext();) {
-        const auto found = match.next();
-        masked += QStringView(xml).mid(behind, found.capturedStart(2) - behind);
-        masked += maskedNumber(found.captured(2));
-        behind = found.capturedEnd(2);
-    }
-    return masked + QStringView(xml).mid(behind);
+    return withContents(xml, cardElement(), maskedNumber);
+}
+
+QString withoutVerificationCodes(const QString &xml)
+{
+    static const QRegularExpression codeElement = elementNamed(u"VerificationCode"_s);
+    return withContents(xml, codeElement,
+        [](const QString &code) { return code.trimmed().isEmpty() ? code : stars; });
 }
 
 QueueMessage masked(const QueueMessage &message)

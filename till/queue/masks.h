@@ -12,6 +12,9 @@ namespace till::masks {
 /// An XML text, whole or cut, with the contents of its "CardNumber" elements masked.
 [[nodiscard]] QString withoutCardNumbers(const QString &xml);
 
+/// An XML text, whole or cut, with the contents of its "VerificationCode" elements wholly masked.
+[[nodiscard]] QString withoutVerificationCodes(const QString &xml);
+
 /// The message without credentials in its headers and address, and without card numbers: those of
 /// its "CardNumber" elements also wherever else they stand in it.
 [[nodiscard]] QueueMessage masked(const QueueMessage &message);

@@ -1,7 +1,7 @@
 #include "till/window/chequeview.h"
 
 #include "host/documents/money.h"
-#include "till/core/amounttext.h"
+#include "till/language/localetext.h"
 #include "till/window/texts.h"
 
 using namespace Qt::StringLiterals;
@@ -12,7 +12,7 @@ namespace {
 
 QString amountOrNothing(double amount)
 {
-    return money::counts(amount) ? amountText(amount) : QString();
+    return money::counts(amount) ? amountForEyes(amount) : QString();
 }
 
 QString titleOf(const AbstractDocument &document)
@@ -38,10 +38,10 @@ PositionRow rowOf(const GoodsItem &position)
     row.posnum = position.getPosnum();
     row.code = position.getCode();
     row.name = position.getName();
-    row.quantity = quantityText(position.getBquant()) + u' ' + position.getUnitName();
-    row.price = amountText(position.getPrice());
+    row.quantity = quantityForEyes(position.getBquant()) + u' ' + position.getUnitName();
+    row.price = amountForEyes(position.getPrice());
     row.discount = amountOrNothing(position.getSumn() - position.getSumb() - points);
-    row.sum = amountText(position.getSumb());
+    row.sum = amountForEyes(position.getSumb());
     row.points = amountOrNothing(points);
     return row;
 }
@@ -59,21 +59,22 @@ QString statusOf(const AbstractDocument &document, const DocumentCardRecord &rec
                                              : texts::cardRegistered.ui();
 }
 
-CustomerView customerOf(const AbstractDocument &document)
+CustomerView customerOf(const AbstractDocument &document, const QString &refusedCard)
 {
     CustomerView view;
-    view.status = texts::cardMissing.ui();
+    view.status = refusedCard.isEmpty() ? texts::cardMissing.ui() : refusedCard;
     const auto record = document.getCardRecord(ECardMode::OnlineLoyalty);
     if (!record)
         return view;
     view.card = record->getNumber().toString();
-    view.status = statusOf(document, *record);
+    if (refusedCard.isEmpty())
+        view.status = statusOf(document, *record);
     if (const auto client = record->getCard()->getClient())
         view.type = client->getName();
     // A return's record has the balance of the sale, which is not the one of now.
     const QVariant balance = record->getBonusBalance();
     if (balance.isValid() && !comesBack(document))
-        view.balance = amountText(balance.toDouble());
+        view.balance = amountForEyes(balance.toDouble());
     const LoyaltyEffects &effects = document.getEffects();
     view.available = amountOrNothing(effects.pointsAvailable);
     view.chosen = amountOrNothing(document.getPointsPaid());
@@ -83,17 +84,17 @@ CustomerView customerOf(const AbstractDocument &document)
 
 } // namespace
 
-ChequeView chequeView(const AbstractDocument *document)
+ChequeView chequeView(const AbstractDocument *document, const QString &refusedCard)
 {
     ChequeView view;
     view.title = texts::emptyDesk.ui();
-    view.total = amountText(0.0);
-    view.customer.status = texts::cardMissing.ui();
+    view.total = amountForEyes(0.0);
+    view.customer.status = refusedCard.isEmpty() ? texts::cardMissing.ui() : refusedCard;
     if (!document)
         return view;
     view.title = titleOf(*document);
-    view.total = amountText(document->getSumAfterDiscounts());
-    view.customer = customerOf(*document);
+    view.total = amountForEyes(document->getSumAfterDiscounts());
+    view.customer = customerOf(*document, refusedCard);
     const auto goods = document->getGoods();
     for (const auto &position : goods)
         view.positions.append(rowOf(*position));

@@ -49,7 +49,9 @@ struct ChequeView
     friend bool operator==(const ChequeView &left, const ChequeView &right) = default;
 };
 
-/// @param document null at an empty desk.
-[[nodiscard]] ChequeView chequeView(const AbstractDocument *document);
+/// @param document    null at an empty desk.
+/// @param refusedCard which card was refused after those that the document has, and why; empty:
+///                    none was.
+[[nodiscard]] ChequeView chequeView(const AbstractDocument *document, const QString &refusedCard);
 
 } // namespace till

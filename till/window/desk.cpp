@@ -1,9 +1,11 @@
 #include "till/window/desk.h"
 
+#include "host/documents/money.h"
 #include "host/framework/currenttime.h"
 #include "host/queue/dbqueuebroker.h"
 #include "host/storage/storageerror.h"
 #include "till/core/cannotdo.h"
+#include "till/language/localetext.h"
 #include "till/window/forms.h"
 #include "till/window/texts.h"
 
@@ -32,7 +34,7 @@ Desk::Desk(Till &till, const Exchanges &exchanges, Recorder &recorder, Cashier &
     , m_exchanges(exchanges)
     , m_recorder(recorder)
     , m_cashier(cashier)
-    , m_cheque(chequeView(nullptr))
+    , m_cheque(chequeView(nullptr, {}))
 { }
 
 void Desk::start()
@@ -86,7 +88,7 @@ bool Desk::performOnEmptyLine(Function function, const QString &typed, std::opti
     case Function::Total:
         return carryOut([this] { return m_till.calculate(); });
     case Function::Close:
-        return carryOut([this] { return m_till.close(); });
+        return close();
     case Function::Cancel:
         return cancel();
     case Function::EndShift:
@@ -144,6 +146,38 @@ bool Desk::takeBack(const QString &typed)
     });
 }
 
+bool Desk::close()
+{
+    double change = 0.0;
+    if (m_paymentForm && !takeMoney(change))
+        return false;
+    if (!carryOut([this] { return m_till.close(); }))
+        return false;
+    if (money::counts(change))
+        tell(texts::change.arg(amountForEyes(change)).ui());
+    return true;
+}
+
+// The till pays by itself, in cash, what nothing was paid of. What was paid in part stays so until
+// the cheque changes.
+bool Desk::takeMoney(double &change)
+{
+    while (m_till.document() && m_till.document()->getType() == EDocumentType::Sale
+        && money::counts(m_till.rest())) {
+        const double rest = m_till.rest();
+        const auto tender = m_paymentForm(rest);
+        if (!tender)
+            return false;
+        const bool isRestInCash = tender->kind == PaymentKind::Cash && !tender->amount;
+        if (isRestInCash && m_till.document()->getPayments().isEmpty())
+            return true;
+        if (!carryOut([&] { return m_till.pay(tender->kind, tender->amount); }))
+            return false;
+        change = std::max(tender->amount.value_or(rest) - rest, 0.0);
+    }
+    return true;
+}
+
 bool Desk::cancel()
 {
     return isSure(texts::askCancel) && carryOut([this] { return m_till.cancel(); });
@@ -190,7 +224,8 @@ bool Desk::carryOut(const std::function<Outcome()> &operation)
     }
     m_isBusy = false;
     m_connection.observe(m_exchanges.count(), m_exchanges.lastSucceeded(), now());
-    m_cheque = chequeView(m_till.document().get());
+    m_cheque = chequeView(m_till.document().get(), m_refusedCard);
+    m_preview = m_till.receiptPreview();
     return isDone;
 }
 
@@ -204,8 +239,8 @@ void Desk::tell(const QString &message)
 void Desk::take(const Outcome &outcome)
 {
     const Recording recording = m_recorder.take();
-    for (const QString &paper : recording.screen)
-        m_paper = paper;
+    takePaper(outcome, recording.screen);
+    noteCard(outcome);
     if (std::any_of(recording.events.cbegin(), recording.events.cend(), asksLoyaltySystem))
         takeLoyaltyMessages((outcome.left ? outcome.left : m_till.document()).get());
     if (outcome.refusal)
@@ -214,6 +249,23 @@ void Desk::take(const Outcome &outcome)
         tell(texts::stopped.ui());
     for (const tr::Tr &notice : outcome.notices)
         tell(notice.ui());
+}
+
+void Desk::takePaper(const Outcome &outcome, const QStringList &sheets)
+{
+    if (outcome.left || !sheets.isEmpty())
+        m_printed = sheets.join(QString());
+}
+
+// A refused card leaves nothing on the cheque that would tell of it.
+void Desk::noteCard(const Outcome &outcome)
+{
+    if (!outcome.presentedCard.isEmpty())
+        m_refusedCard = outcome.refusal
+            ? texts::cardRefused.arg(outcome.presentedCard).arg(outcome.refusal->message.ui()).ui()
+            : QString();
+    else if (outcome.left)
+        m_refusedCard.clear();
 }
 
 void Desk::takeLoyaltyMessages(const AbstractDocument *document)
@@ -227,9 +279,24 @@ void Desk::takeLoyaltyMessages(const AbstractDocument *document)
             tell(texts::toCustomer.arg(message).ui());
 }
 
+bool Desk::isQueueShared()
+{
+    return Singleton<DBQueueBroker>::instance()->isShared();
+}
+
+void Desk::takeQueueState(const QueueOffice::Status &status)
+{
+    m_queueState = queueText(status, now());
+}
+
+void Desk::takeQueueFailure(const QString &reason)
+{
+    m_queueState = texts::queueUnusable.arg(reason).ui();
+}
+
 QString Desk::queueState()
 {
-    if (m_isBusy)
+    if (m_isBusy || isQueueShared())
         return m_queueState;
     try {
         const auto status = Singleton<DBQueueBroker>::instance()->inOffice(

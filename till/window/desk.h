@@ -5,6 +5,7 @@
 #include "till/transcript/recorder.h"
 #include "till/window/chequeview.h"
 #include "till/window/function.h"
+#include "till/window/paymentdialog.h"
 #include "till/window/servicestate.h"
 
 #include <QString>
@@ -12,6 +13,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace till {
 
@@ -26,6 +28,11 @@ public:
     Desk(Till &till, const Exchanges &exchanges, Recorder &recorder, Cashier &cashier);
     Q_DISABLE_COPY_MOVE(Desk)
 
+    /// Asks how the sum is paid; nothing when the cashier thought better of it.
+    using PaymentForm = std::function<std::optional<Tender>(double rest)>;
+    /// Without a form everything is paid in cash.
+    void setPaymentForm(PaymentForm form) { m_paymentForm = std::move(form); }
+
     /// Starts the till: shows the document that was left open.
     void start();
     /// Something was scanned, or typed and entered; a card, a coupon or an article. Blank data does
@@ -38,15 +45,30 @@ public:
     ///         thought better of it.
     bool perform(Function function, const QString &typed, std::optional<int> posnum);
 
+    /// Adds something to what the cashier is to read.
+    void tell(const QString &message);
+
     [[nodiscard]] const ChequeView &cheque() const { return m_cheque; }
     /// What the cashier has not read yet, oldest first.
     [[nodiscard]] const QStringList &messages() const { return m_messages; }
-    /// The last paper that was printed, as the printer got it; empty before the first.
-    [[nodiscard]] QString paper() const { return m_paper; }
+    /// What the printer would get for the open document as it is now; at an empty desk what it got
+    /// for the last one, which is nothing where that was cancelled.
+    [[nodiscard]] QString paper() const { return isPreview() ? m_preview : m_printed; }
+    /// Whether the paper is still to be printed.
+    [[nodiscard]] bool isPreview() const { return !m_preview.isEmpty(); }
     [[nodiscard]] const Connection &connection() const { return m_connection; }
+    /// What the till asked the loyalty service, and what came back.
+    [[nodiscard]] const ExchangeLog &exchanges() const { return m_exchanges.log(); }
+    /// Whether a look at the outgoing queue may have to wait for a server.
+    [[nodiscard]] static bool isQueueShared();
     /// What waits in the outgoing queue, looked up now; why it cannot be told where that is so.
-    /// During an operation the queue is the till's, and this is as it was before.
+    /// During an operation the queue is the till's, and this is as it was before; so is it of a
+    /// shared queue until `takeQueueState`.
     [[nodiscard]] QString queueState();
+    /// Somebody else has looked at the queue.
+    void takeQueueState(const QueueOffice::Status &status);
+    /// Somebody else could not.
+    void takeQueueFailure(const QString &reason);
 
 private:
     bool carryOut(const std::function<Outcome()> &operation);
@@ -61,22 +83,28 @@ private:
     bool addCoupon(const QString &typed);
     bool payWithPoints(const QString &typed);
     bool takeBack(const QString &typed);
+    bool close();
+    [[nodiscard]] bool takeMoney(double &change);
     bool cancel();
     bool endShift();
     bool dropMessages();
     bool performOnEmptyLine(Function function, const QString &typed, std::optional<int> posnum);
 
-    void tell(const QString &message);
     void take(const Outcome &outcome);
+    void takePaper(const Outcome &outcome, const QStringList &sheets);
+    void noteCard(const Outcome &outcome);
     void takeLoyaltyMessages(const AbstractDocument *document);
 
     Till &m_till;
     const Exchanges &m_exchanges;
     Recorder &m_recorder;
     Cashier &m_cashier;
+    PaymentForm m_paymentForm;
     ChequeView m_cheque;
     QStringList m_messages;
-    QString m_paper;
+    QString m_preview; ///< empty: no document is open
+    QString m_printed;
+    QString m_refusedCard; ///< the last card that was presented and refused, with the reason
     Connection m_connection;
     QString m_queueState;
     bool m_isBusy = false; ///< an operation runs, maybe below one of its dialogs

@@ -1,13 +1,18 @@
 // korvel-till-window: the cashier's window of the till.
 
+#include "till/configuration.h"
 #include "till/exitstatus.h"
 #include "till/language/language.h"
 #include "till/run/workplace.h"
 #include "till/tilloptions.h"
 #include "till/usage.h"
 #include "till/window/busywatch.h"
+#include "till/window/demo/demo.h"
 #include "till/window/mainwindow.h"
+#include "till/window/questiondialog.h"
+#include "till/window/queueglance.h"
 #include "till/window/style.h"
+#include "till/window/texts.h"
 #include "till/window/windowcashier.h"
 
 #include <QApplication>
@@ -15,18 +20,23 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <stdexcept>
 
 namespace {
 
 using till::ExitStatus;
 
-int show(const till::RunOptions &options)
+int show(const till::RunOptions &options, const QString &band)
 {
     till::WindowCashier cashier;
     till::Workplace workplace(options, cashier);
     till::Desk desk(workplace.till(), workplace.exchanges(), workplace.recorder(), cashier);
-    till::applyStyle();
+    desk.setPaymentForm([&cashier](double rest) { return cashier.takeMoney(rest); });
+    till::QueueGlance glance(
+        QCoreApplication::applicationDirPath() + QStringLiteral("/korvel-till"), options);
     till::MainWindow window(desk);
+    window.watchQueueWith(glance);
+    window.setBand(band);
     const till::BusyWatch watch(window.veil());
     cashier.sitDownAt(window, [&window] { window.uncover(); });
     window.showMaximized();
@@ -35,10 +45,25 @@ int show(const till::RunOptions &options)
     return QApplication::exec();
 }
 
+int demonstrate(const till::RunOptions &options)
+{
+    if (till::QuestionDialog(
+            till::texts::demoOffer, till::texts::demoStart, till::texts::demoDecline, nullptr)
+            .exec()
+        != QDialog::Accepted)
+        throw std::runtime_error("no configuration; name one with --config, or put a till.ini into "
+                                 "the current folder");
+    const till::Demo demo(options);
+    return show(demo.options(), till::texts::demoBand.arg(demo.service().url().toString()).ui());
+}
+
 int run(const till::RunOptions &options)
 {
     try {
-        return show(options);
+        // The offer of a demonstration comes before any setting.
+        till::speakAsConfigured();
+        till::applyStyle();
+        return till::isConfigured(options.configFile) ? show(options, {}) : demonstrate(options);
     } catch (const SpokenError &error) {
         std::cerr << "korvel-till-window: " << error.tr().ui().toStdString() << std::endl;
         return static_cast<int>(ExitStatus::Unusable);

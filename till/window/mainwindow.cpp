@@ -2,17 +2,24 @@
 
 #include "till/window/busyveil.h"
 #include "till/window/customerpanel.h"
+#include "till/window/exchangespage.h"
 #include "till/window/functionbar.h"
 #include "till/window/pendinginput.h"
 #include "till/window/positiontable.h"
+#include "till/window/queueglance.h"
+#include "till/window/servicepage.h"
 #include "till/window/texts.h"
 
+#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -59,6 +66,9 @@ void fill(QListWidget &list, const QStringList &texts)
 
 MainWindow::MainWindow(Desk &desk)
     : m_desk(desk)
+    , m_band(makeLabel(u"band"_s))
+    , m_pages(new QStackedWidget)
+    , m_exchanges(new ExchangesPage)
     , m_title(makeLabel(u"title"_s))
     , m_offlineSign(makeLabel(u"offlineSign"_s, texts::offlineSign.ui()))
     , m_positions(new PositionTable)
@@ -67,6 +77,7 @@ MainWindow::MainWindow(Desk &desk)
     , m_total(makeLabel(u"total"_s))
     , m_customer(new CustomerPanel)
     , m_coupons(makeList(u"coupons"_s, couponsHeight))
+    , m_paperName(makeLabel(u"heading"_s))
     , m_paper(new QPlainTextEdit)
     , m_serviceState(makeLabel(u"serviceState"_s))
     , m_queueState(makeLabel(u"queueState"_s))
@@ -75,22 +86,64 @@ MainWindow::MainWindow(Desk &desk)
     // A plain widget paints the style sheet's background only when told.
     setAttribute(Qt::WA_StyledBackground);
     setWindowTitle(texts::windowTitle.ui());
-    auto *bar = new FunctionBar;
-    auto *sides = new QHBoxLayout;
-    sides->addWidget(makeChequeSide(), 1);
-    sides->addWidget(makeCustomerSide());
-    m_offlineSign->setWordWrap(true);
+    m_band->setWordWrap(true);
+    m_band->hide();
+    m_pages->addWidget(makeSalePage());
+    m_pages->addWidget(m_exchanges);
     auto *rows = new QVBoxLayout(this);
-    rows->addWidget(m_title);
-    rows->addWidget(m_offlineSign);
-    rows->addLayout(sides, 1);
-    rows->addWidget(bar);
+    rows->addWidget(m_band);
+    rows->addWidget(m_pages, 1);
     rows->addWidget(makeStateLine());
-    connect(bar, &FunctionBar::chosen, this, &MainWindow::perform);
+    connect(m_exchanges, &ExchangesPage::left, this, &MainWindow::showSale);
     connect(m_input, &QLineEdit::returnPressed, this, &MainWindow::enter);
     m_input->installEventFilter(this);
     lookAtServiceNowAndThen();
     refresh();
+}
+
+QWidget *MainWindow::makeSalePage()
+{
+    auto *sides = new QHBoxLayout;
+    sides->addWidget(makeChequeSide(), 1);
+    sides->addWidget(makeCustomerSide());
+    m_offlineSign->setWordWrap(true);
+    auto *bar = new FunctionBar;
+    connect(bar, &FunctionBar::chosen, this, &MainWindow::perform);
+    auto *page = new QWidget;
+    auto *rows = new QVBoxLayout(page);
+    rows->setContentsMargins({});
+    rows->addWidget(makeHead());
+    rows->addWidget(m_offlineSign);
+    rows->addLayout(sides, 1);
+    rows->addWidget(bar);
+    return page;
+}
+
+QWidget *MainWindow::makeHead()
+{
+    auto *head = new QWidget;
+    auto *columns = new QHBoxLayout(head);
+    columns->setContentsMargins({});
+    columns->addWidget(m_title, 1);
+    auto *exchanges = makeTool(texts::exchanges.ui(), u"exchangesButton"_s, Qt::CTRL | Qt::Key_E);
+    connect(exchanges, &QPushButton::clicked, this, &MainWindow::showExchanges);
+    auto *page = makeTool(texts::servicePage.ui(), u"servicePageButton"_s, Qt::CTRL | Qt::Key_K);
+    connect(page, &QPushButton::clicked, this, &MainWindow::openServicePage);
+    page->setVisible(!servicePage().isEmpty());
+    columns->addWidget(exchanges);
+    columns->addWidget(page);
+    return head;
+}
+
+QPushButton *MainWindow::makeTool(
+    const QString &text, const QString &objectName, const QKeySequence &key)
+{
+    auto *button = new QPushButton(text + u"  "_s + key.toString(QKeySequence::NativeText));
+    button->setObjectName(objectName);
+    button->setFocusPolicy(Qt::NoFocus);
+    // A hidden button's shortcut does nothing either.
+    connect(new QShortcut(key, button), &QShortcut::activated, button, &QPushButton::click);
+    return button;
 }
 
 QWidget *MainWindow::makeChequeSide()
@@ -126,7 +179,7 @@ QWidget *MainWindow::makeCustomerSide()
     rows->addWidget(m_customer);
     rows->addWidget(makeLabel(u"heading"_s, texts::coupons.ui()));
     rows->addWidget(m_coupons);
-    rows->addWidget(makeLabel(u"heading"_s, texts::paper.ui()));
+    rows->addWidget(m_paperName);
     m_paper->setObjectName(u"paper"_s);
     m_paper->setReadOnly(true);
     m_paper->setFocusPolicy(Qt::NoFocus);
@@ -154,8 +207,52 @@ void MainWindow::lookAtServiceNowAndThen()
     timer->start(timeBetweenLooks);
 }
 
+void MainWindow::watchQueueWith(QueueGlance &glance)
+{
+    m_glance = &glance;
+    connect(&glance, &QueueGlance::seen, this, [this](const QueueOffice::Status &status) {
+        m_desk.takeQueueState(status);
+        m_queueState->setText(m_desk.queueState());
+    });
+    connect(&glance, &QueueGlance::failed, this, [this](const QString &reason) {
+        m_desk.takeQueueFailure(reason);
+        m_queueState->setText(m_desk.queueState());
+    });
+    refreshState();
+}
+
+void MainWindow::setBand(const QString &text)
+{
+    m_band->setText(text);
+    m_band->setVisible(!text.isEmpty());
+}
+
+void MainWindow::showExchanges()
+{
+    m_exchanges->showExchanges(m_desk.exchanges().records());
+    m_pages->setCurrentWidget(m_exchanges);
+    m_exchanges->setFocus();
+}
+
+void MainWindow::showSale()
+{
+    m_pages->setCurrentIndex(0);
+    refresh();
+}
+
+void MainWindow::openServicePage()
+{
+    const QUrl page = servicePage();
+    if (QDesktopServices::openUrl(page))
+        return;
+    m_desk.tell(texts::servicePageNotOpened.arg(page.toString()).ui());
+    refresh();
+}
+
 void MainWindow::refreshState()
 {
+    if (m_glance && Desk::isQueueShared())
+        m_glance->look();
     m_offlineSign->setVisible(m_desk.connection().isOffline());
     m_serviceState->setText(m_desk.connection().text());
     m_queueState->setText(m_desk.queueState());
@@ -171,6 +268,7 @@ void MainWindow::refresh()
     fill(*m_coupons, cheque.coupons);
     fill(*m_messages, m_desk.messages());
     m_messages->setVisible(!m_desk.messages().isEmpty());
+    m_paperName->setText(m_desk.isPreview() ? texts::preview.ui() : texts::paper.ui());
     m_paper->setPlainText(m_desk.paper());
     refreshState();
     m_input->setFocus();

@@ -11,7 +11,7 @@ namespace till {
 namespace {
 
 constexpr int nameColumn = 2;
-constexpr int heightOfRow = 40;
+constexpr int heightOfRow = 48;
 
 QStringList headings()
 {

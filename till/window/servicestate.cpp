@@ -1,5 +1,6 @@
 #include "till/window/servicestate.h"
 
+#include "till/language/localetext.h"
 #include "till/queue/backlog.h"
 #include "till/window/texts.h"
 
@@ -39,18 +40,20 @@ void Connection::observe(int exchanges, bool succeeded, const QDateTime &now)
 QString Connection::text() const
 {
     if (isOffline())
-        return texts::serviceOffline.arg(m_offlineSince.toString(u"HH:mm dd.MM"_s)).ui();
+        return texts::serviceOffline.arg(momentForEyes(m_offlineSince)).ui();
     return m_exchanges == 0 ? texts::serviceNotAsked.ui() : texts::serviceOnline.ui();
 }
 
 QString queueText(const QueueOffice::Status &status, const QDateTime &now)
 {
-    QStringList parts{waiting(status) == 0 ? texts::queueEmpty.ui()
-                                           : texts::queueWaiting.arg(count(waiting(status)))
-                                                 .arg(ageText(ageOfOldest(status, now)))
-                                                 .ui()};
+    QStringList parts{waiting(status) == 0
+            ? texts::queueEmpty.ui()
+            : texts::queueWaiting.arg(ageText(ageOfOldest(status, now)))
+                  .ui(static_cast<int>(waiting(status)))};
     if (status.counts.value(MessageState::Sending) > 0)
         parts.append(texts::queueSending.ui());
+    if (!status.unreached.isEmpty())
+        parts.append(texts::queueUnreached.ui());
     if (const qint64 left = waitingForAPerson(status); left > 0)
         parts.append(texts::queueNeedsPerson.arg(count(left)).ui());
     return parts.join(u" · "_s);

@@ -22,6 +22,8 @@ inline const tr::Tr cardAccepted(
     QStringLiteral("windowCardAccepted"), QStringLiteral("карта принята"));
 inline const tr::Tr cardRegistered(
     QStringLiteral("windowCardRegistered"), QStringLiteral("чек зарегистрирован"));
+inline const tr::Tr cardRefused(
+    QStringLiteral("windowCardRefused"), QStringLiteral("карта %1 не принята: %2"));
 inline const tr::Tr cardOfSale(
     QStringLiteral("windowCardOfSale"), QStringLiteral("карта из чека продажи"));
 
@@ -35,11 +37,13 @@ inline const tr::Tr serviceOffline(
 inline const tr::Tr queueEmpty(
     QStringLiteral("windowQueueEmpty"), QStringLiteral("Очередь отправки пуста"));
 inline const tr::Tr queueWaiting(QStringLiteral("windowQueueWaiting"),
-    QStringLiteral("Ждут отправки: %1, самое старое ждёт %2"));
+    QStringLiteral("Ждут отправки %n сообщений, самое старое — %1"));
 inline const tr::Tr queueSending(
     QStringLiteral("windowQueueSending"), QStringLiteral("идёт отправка"));
 inline const tr::Tr queueNeedsPerson(
     QStringLiteral("windowQueueNeedsPerson"), QStringLiteral("требуют внимания: %1"));
+inline const tr::Tr queueUnreached(
+    QStringLiteral("windowQueueUnreached"), QStringLiteral("сервер очереди недоступен"));
 inline const tr::Tr queueUnusable(
     QStringLiteral("windowQueueUnusable"), QStringLiteral("Очередь отправки недоступна: %1"));
 inline const tr::Tr ageInSeconds(QStringLiteral("windowAgeInSeconds"), QStringLiteral("%1 с"));
@@ -75,6 +79,76 @@ inline const tr::Tr notANumber(
     QStringLiteral("windowNotANumber"), QStringLiteral("Введите число, например 2 или 1,5"));
 inline const tr::Tr notACode(
     QStringLiteral("windowNotACode"), QStringLiteral("Введите номер без пробелов"));
+
+inline const tr::Tr answerFirst(QStringLiteral("windowAnswerFirst"),
+    QStringLiteral("Скан не принят: сначала ответьте на вопрос"));
+
+// The payment.
+inline const tr::Tr payment(QStringLiteral("windowPayment"), QStringLiteral("К оплате"));
+inline const tr::Tr givenHint(
+    QStringLiteral("windowGivenHint"), QStringLiteral("Получено; пусто — без сдачи"));
+inline const tr::Tr change(QStringLiteral("windowChange"), QStringLiteral("Сдача: %1"));
+inline const tr::Tr stillMissing(
+    QStringLiteral("windowStillMissing"), QStringLiteral("Останется доплатить: %1"));
+inline const tr::Tr payCash(QStringLiteral("windowPayCash"), QStringLiteral("Наличными"));
+inline const tr::Tr payCard(QStringLiteral("windowPayCard"), QStringLiteral("Картой"));
+inline const tr::Tr notASum(
+    QStringLiteral("windowNotASum"), QStringLiteral("Введите сумму, например 500 или 99,50"));
+inline const tr::Tr cardPaysNoMore(
+    QStringLiteral("windowCardPaysNoMore"), QStringLiteral("Картой можно оплатить не больше %1"));
+
+// The page of exchanges.
+inline const tr::Tr exchanges(QStringLiteral("windowExchanges"), QStringLiteral("Обмены"));
+inline const tr::Tr noExchanges(QStringLiteral("windowNoExchanges"),
+    QStringLiteral("Обменов с системой лояльности ещё не было"));
+inline const tr::Tr exchangeTime(QStringLiteral("windowExchangeTime"), QStringLiteral("Время"));
+inline const tr::Tr exchangeOperation(
+    QStringLiteral("windowExchangeOperation"), QStringLiteral("Операция"));
+inline const tr::Tr exchangeOutcome(
+    QStringLiteral("windowExchangeOutcome"), QStringLiteral("Результат"));
+inline const tr::Tr exchangeRequest(
+    QStringLiteral("windowExchangeRequest"), QStringLiteral("Запрос"));
+inline const tr::Tr exchangeAnswer(QStringLiteral("windowExchangeAnswer"), QStringLiteral("Ответ"));
+inline const tr::Tr exchangeBalance(
+    QStringLiteral("windowExchangeBalance"), QStringLiteral("Баланс"));
+inline const tr::Tr exchangeCalculation(
+    QStringLiteral("windowExchangeCalculation"), QStringLiteral("Расчёт"));
+inline const tr::Tr exchangeRegistration(
+    QStringLiteral("windowExchangeRegistration"), QStringLiteral("Регистрация"));
+inline const tr::Tr exchangeReturn(
+    QStringLiteral("windowExchangeReturn"), QStringLiteral("Возврат"));
+inline const tr::Tr exchangeRollback(
+    QStringLiteral("windowExchangeRollback"), QStringLiteral("Отмена"));
+inline const tr::Tr exchangeOther(QStringLiteral("windowExchangeOther"), QStringLiteral("Другое"));
+inline const tr::Tr exchangeDone(
+    QStringLiteral("windowExchangeDone"), QStringLiteral("%1 · успешно"));
+inline const tr::Tr exchangeFailed(
+    QStringLiteral("windowExchangeFailed"), QStringLiteral("нет ответа (%1): %2"));
+inline const tr::Tr exchangeMilliseconds(
+    QStringLiteral("windowExchangeMilliseconds"), QStringLiteral("%1 мс"));
+inline const tr::Tr copy(QStringLiteral("windowCopy"), QStringLiteral("Копировать"));
+inline const tr::Tr copied(
+    QStringLiteral("windowCopied"), QStringLiteral("Скопировано, номера карт скрыты"));
+inline const tr::Tr back(QStringLiteral("windowBack"), QStringLiteral("К продаже"));
+
+// The service's page and the demonstration.
+inline const tr::Tr servicePage(
+    QStringLiteral("windowServicePage"), QStringLiteral("Страница сервиса"));
+inline const tr::Tr servicePageNotOpened(QStringLiteral("windowServicePageNotOpened"),
+    QStringLiteral("Не удалось открыть браузер. Страница сервиса: %1"));
+inline const tr::Tr demoOffer(QStringLiteral("windowDemoOffer"),
+    QStringLiteral("Настройки не найдены: не указан --config, и в текущей папке нет till.ini.\n\n"
+                   "Запустить демонстрацию? На этом компьютере запустится сервис лояльности с "
+                   "примерами карт и товаров. Всё, что продано в демонстрации, забывается, когда "
+                   "окно закрывается."));
+inline const tr::Tr demoStart(
+    QStringLiteral("windowDemoStart"), QStringLiteral("Запустить демонстрацию"));
+inline const tr::Tr demoDecline(QStringLiteral("windowDemoDecline"), QStringLiteral("Выйти"));
+inline const tr::Tr demoStarting(
+    QStringLiteral("windowDemoStarting"), QStringLiteral("Запускается сервис лояльности…"));
+inline const tr::Tr demoBand(QStringLiteral("windowDemoBand"),
+    QStringLiteral("Демонстрация. Товары 1001–1010, карта 2900000000017, код подтверждения 4829. "
+                   "Сервис: %1"));
 
 // Functions of the bar.
 inline const tr::Tr functionSale(QStringLiteral("windowFunctionSale"), QStringLiteral("Продажа"));
@@ -124,6 +198,8 @@ inline const tr::Tr customerStatus(
     QStringLiteral("windowCustomerStatus"), QStringLiteral("Состояние"));
 inline const tr::Tr coupons(QStringLiteral("windowCoupons"), QStringLiteral("Купоны"));
 inline const tr::Tr paper(QStringLiteral("windowPaper"), QStringLiteral("Напечатано"));
+inline const tr::Tr preview(
+    QStringLiteral("windowPreview"), QStringLiteral("Так напечатается чек"));
 inline const tr::Tr total(QStringLiteral("windowTotal"), QStringLiteral("ИТОГО"));
 inline const tr::Tr inputHint(
     QStringLiteral("windowInputHint"), QStringLiteral("Товар, карта, купон"));

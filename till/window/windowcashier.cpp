@@ -39,4 +39,11 @@ std::optional<QString> WindowCashier::enter(const InputTextFormParameters &form)
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.text()) : std::nullopt;
 }
 
+std::optional<Tender> WindowCashier::takeMoney(double rest) const
+{
+    prepareDialog();
+    PaymentDialog dialog(rest, m_window);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.tender()) : std::nullopt;
+}
+
 } // namespace till

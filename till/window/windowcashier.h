@@ -1,6 +1,7 @@
 #pragma once
 
 #include "till/transcript/cashier.h"
+#include "till/window/paymentdialog.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -20,6 +21,8 @@ public:
     void read(const tr::Tr &message) override;
     bool choose(const tr::Tr &question, const tr::Tr &accept, const tr::Tr &reject) override;
     std::optional<QString> enter(const InputTextFormParameters &form) override;
+    /// Asks how the customer pays.
+    [[nodiscard]] std::optional<Tender> takeMoney(double rest) const;
 
 private:
     void prepareDialog() const;

@@ -162,7 +162,21 @@ TEST_F(ConfigTest, ListsSectionsThatMatchInFileOrder)
     EXPECT_EQ(m_config.getSections(u"?"_s), (QStringList{u"Q"_s, u"P"_s}));
     EXPECT_EQ(m_config.getSections(u"P.*z"_s), QStringList{u"P.y/z"_s});
     EXPECT_EQ(m_config.getSections(u"P.[xy].*"_s), QStringList());
+    EXPECT_EQ(m_config.getSections(u"P"_s), QStringList{u"P"_s});
+    EXPECT_EQ(m_config.getSections(u"P.*.?"_s), QStringList{u"P.x.2"_s});
+    EXPECT_EQ(m_config.getSections(u"*x*"_s), (QStringList{u"P.x.2"_s, u"P.x.10"_s, u"Pax"_s}));
+    EXPECT_EQ(m_config.getSections(u"P.x.10**"_s), QStringList{u"P.x.10"_s});
+    EXPECT_EQ(m_config.getSections(u"P.x.10?"_s), QStringList());
+    EXPECT_EQ(m_config.getSections(u""_s), QStringList());
     EXPECT_EQ(m_config.getSections(u"*"_s).size(), 6);
+}
+
+TEST_F(ConfigTest, ACharacterOfTwoUnitsIsOneToAWildcard)
+{
+    givenLoaded(u"[P.\U0001F600]\n"_s.toUtf8());
+
+    EXPECT_EQ(m_config.getSections(u"P.?"_s).size(), 1);
+    EXPECT_EQ(m_config.getSections(u"P.??"_s), QStringList());
 }
 
 TEST_F(ConfigTest, ListsKeysInFileOrder)

@@ -1,6 +1,6 @@
 #include "host/net/connectattempt.h"
+#include "tests/host/net/nameservers.h"
 #include "tests/host/net/refusedport.h"
-#include "tests/host/net/silentnameserver.h"
 #include "tests/host/net/tlsserver.h"
 #include "tests/support/scriptedserver.h"
 

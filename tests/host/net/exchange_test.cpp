@@ -1,6 +1,6 @@
+#include "tests/host/net/nameservers.h"
 #include "tests/host/net/refusedport.h"
 #include "tests/host/net/restclientfixture.h"
-#include "tests/host/net/silentnameserver.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -40,6 +40,15 @@ TEST_F(TlsTest, AcceptsTheCertificateOfTheSettings)
     EXPECT_EQ(m_client->responseBody(), "ok");
 }
 
+TEST_F(TlsTest, AcceptsATrustedCertificateWithoutTheOneThatVouchesForIt)
+{
+    const TlsServer server(TlsServer::Manner::VouchedForByAnother);
+    givenTrustIn(server);
+    whenPosted(server.url());
+
+    thenSucceeded();
+}
+
 TEST_F(TlsTest, RefusesACertificateThatIsMadeOutToAnotherServer)
 {
     const TlsServer server(TlsServer::Manner::Answers, u"127.0.0.2"_s);
@@ -56,6 +65,7 @@ TEST_F(TlsTest, RefusesWhenTheTrustedCertificatesCannotBeRead)
     whenPosted(server.url());
 
     thenFailedWith(RestClient::TlsFailed);
+    EXPECT_TRUE(m_log.lines().join(u'\n').contains(u"/no/such/file.pem"));
 }
 
 TEST_F(TlsTest, ShowsItsOwnCertificateToAServerThatAsks)

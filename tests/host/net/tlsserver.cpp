@@ -45,7 +45,13 @@ void addExtension(X509 &certificate, int id, const QByteArray &value)
     X509_EXTENSION_free(extension);
 }
 
-Certificate selfSigned(EVP_PKEY &key, const QString &address)
+void setName(X509_NAME &name, std::string_view text)
+{
+    X509_NAME_add_entry_by_txt(&name, "CN", MBSTRING_ASC,
+        reinterpret_cast<const unsigned char *>(text.data()), static_cast<int>(text.size()), -1, 0);
+}
+
+Certificate unsignedCertificate(EVP_PKEY &key, const QString &address)
 {
     Certificate certificate(X509_new());
     X509_set_version(certificate.get(), X509_VERSION_3);
@@ -53,14 +59,26 @@ Certificate selfSigned(EVP_PKEY &key, const QString &address)
     X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -lifetimeSeconds);
     X509_gmtime_adj(X509_getm_notAfter(certificate.get()), lifetimeSeconds);
     X509_set_pubkey(certificate.get(), &key);
-    X509_NAME *const name = X509_get_subject_name(certificate.get());
-    const std::array<unsigned char, 4> commonName{'t', 'e', 's', 't'};
-    X509_NAME_add_entry_by_txt(
-        name, "CN", MBSTRING_ASC, commonName.data(), static_cast<int>(commonName.size()), -1, 0);
-    X509_set_issuer_name(certificate.get(), name);
+    setName(*X509_get_subject_name(certificate.get()), "test");
     addExtension(*certificate, NID_subject_alt_name, "IP:" + address.toLatin1());
+    return certificate;
+}
+
+Certificate selfSigned(EVP_PKEY &key, const QString &address)
+{
+    Certificate certificate = unsignedCertificate(key, address);
+    X509_set_issuer_name(certificate.get(), X509_get_subject_name(certificate.get()));
     addExtension(*certificate, NID_basic_constraints, "critical,CA:TRUE");
     require(X509_sign(certificate.get(), &key, EVP_sha256()) > 0);
+    return certificate;
+}
+
+Certificate signedByAnother(EVP_PKEY &key, const QString &address)
+{
+    Certificate certificate = unsignedCertificate(key, address);
+    setName(*X509_get_issuer_name(certificate.get()), "another");
+    const Key another(EVP_EC_gen("P-256"));
+    require(X509_sign(certificate.get(), another.get(), EVP_sha256()) > 0);
     return certificate;
 }
 
@@ -77,8 +95,39 @@ struct TlsServer::Private
 {
     int listener = -1;
     quint16 port = 0;
-    bool hangsUp = false;
-    Context context{SSL_CTX_new(TLS_server_method())};
+    Manner manner;
+    Key key{EVP_EC_gen("P-256")};
+    Certificate certificate;
+    Context context;
+
+    Private(Manner givenManner, const QString &address)
+        : manner(givenManner)
+        , certificate(manner == Manner::VouchedForByAnother ? signedByAnother(*key, address)
+                                                            : selfSigned(*key, address))
+    {
+        setUp();
+    }
+
+    /// With new keys for its tickets.
+    void setUp()
+    {
+        context.reset(SSL_CTX_new(TLS_server_method()));
+        require(SSL_CTX_use_certificate(context.get(), certificate.get()) == 1
+            && SSL_CTX_use_PrivateKey(context.get(), key.get()) == 1);
+        // Otherwise they go on their own in the middle of the client's part of a round trip.
+        SSL_CTX_set_num_tickets(context.get(), 0);
+        SSL_CTX_set_max_early_data(context.get(), SSL3_RT_MAX_PLAIN_LENGTH);
+        constexpr std::array<unsigned char, 4> name{'t', 'e', 's', 't'};
+        SSL_CTX_set_session_id_context(context.get(), name.data(), name.size());
+        // With TLS 1.2 a refusal belongs to the handshake.
+        if (manner == Manner::AsksForCertificate || manner == Manner::SpeaksTls12)
+            SSL_CTX_set_max_proto_version(context.get(), TLS1_2_VERSION);
+        if (manner == Manner::AsksForCertificate) {
+            SSL_CTX_set_verify(
+                context.get(), SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT, nullptr);
+            X509_STORE_add_cert(SSL_CTX_get_cert_store(context.get()), certificate.get());
+        }
+    }
 
     void listen()
     {
@@ -93,37 +142,21 @@ struct TlsServer::Private
         port = ntohs(address.sin_port);
     }
 
-    // The request fits in one record; a handshake that the client breaks off is no concern here.
-    void serveConnection(int socket) const
+    /// Reads all that a client sends in one record; the request of a test fits into one.
+    [[nodiscard]] static QByteArray readRecord(SSL *connection)
     {
-        const Connection connection(SSL_new(context.get()));
-        SSL_set_fd(connection.get(), socket);
-        std::array<char, SSL3_RT_MAX_PLAIN_LENGTH> request{};
-        if (SSL_accept(connection.get()) != 1 || hangsUp
-            || SSL_read(connection.get(), request.data(), static_cast<int>(request.size())) <= 0)
-            return;
-        SSL_write(connection.get(), answer.data(), static_cast<int>(answer.size()));
-        SSL_shutdown(connection.get());
+        QByteArray record(SSL3_RT_MAX_PLAIN_LENGTH, Qt::Uninitialized);
+        const int count = SSL_read(connection, record.data(), static_cast<int>(record.size()));
+        return record.left(qMax(count, 0));
     }
 };
 
 TlsServer::TlsServer(Manner manner, const QString &address)
-    : m_private(std::make_unique<Private>())
+    : m_private(std::make_unique<Private>(manner, address))
 {
-    const Key key(EVP_EC_gen("P-256"));
-    const Certificate certificate = selfSigned(*key, address);
-    PEM_write_X509(opened(certificateFile()).get(), certificate.get());
-    PEM_write_PrivateKey(opened(keyFile()).get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr);
-    SSL_CTX *const context = m_private->context.get();
-    require(SSL_CTX_use_certificate(context, certificate.get()) == 1
-        && SSL_CTX_use_PrivateKey(context, key.get()) == 1);
-    m_private->hangsUp = manner == Manner::HangsUp;
-    if (manner == Manner::AsksForCertificate) {
-        // With TLS 1.2 a refusal belongs to the handshake.
-        SSL_CTX_set_max_proto_version(context, TLS1_2_VERSION);
-        SSL_CTX_set_verify(context, SSL_VERIFY_PEER | SSL_VERIFY_FAIL_IF_NO_PEER_CERT, nullptr);
-        X509_STORE_add_cert(SSL_CTX_get_cert_store(context), certificate.get());
-    }
+    PEM_write_X509(opened(certificateFile()).get(), m_private->certificate.get());
+    PEM_write_PrivateKey(
+        opened(keyFile()).get(), m_private->key.get(), nullptr, nullptr, 0, nullptr, nullptr);
     m_private->listen();
     m_thread = std::thread([this] { serve(); });
 }
@@ -146,9 +179,42 @@ void TlsServer::serve()
         const int socket = ::accept4(m_private->listener, nullptr, nullptr, SOCK_CLOEXEC);
         if (socket < 0)
             return;
-        m_private->serveConnection(socket);
+        if (m_forgets.exchange(false))
+            m_private->setUp();
+        serveConnection(socket);
         ::close(socket);
     }
+}
+
+// A handshake that the client breaks off is no concern here.
+void TlsServer::serveConnection(int socket)
+{
+    const Connection connection(SSL_new(m_private->context.get()));
+    SSL_set_fd(connection.get(), socket);
+    if (SSL_accept(connection.get()) != 1)
+        return;
+    Visit visit;
+    visit.resumed = SSL_session_reused(connection.get()) == 1;
+    visit.sentEarly = SSL_get_early_data_status(connection.get()) != SSL_EARLY_DATA_NOT_SENT;
+    if (m_private->manner != Manner::HangsUp)
+        visit.requests = Private::readRecord(connection.get()).count("POST ");
+    {
+        const std::lock_guard lock(m_mutex);
+        m_visits.append(visit);
+    }
+    if (visit.requests == 0)
+        return;
+    SSL_new_session_ticket(connection.get());
+    SSL_write(connection.get(), answer.data(), static_cast<int>(answer.size()));
+    // Says no farewell, which could cross the client's, but keeps the session.
+    SSL_set_quiet_shutdown(connection.get(), 1);
+    SSL_shutdown(connection.get());
+}
+
+QList<TlsServer::Visit> TlsServer::visits() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_visits;
 }
 
 QUrl TlsServer::url() const

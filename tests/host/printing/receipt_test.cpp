@@ -68,6 +68,16 @@ protected:
     receipt::Booking booking = receipt::Booking::Done;
 };
 
+TEST_F(ReceiptTest, CashThatIsGivenBackIsPrinted)
+{
+    givenPosition(u"1001"_s, 45.90);
+    document()->setPayments({{u"cash"_s, 50}});
+    EXPECT_TRUE(whenReceiptPrinted().contains(u"Наличными                          50.00\n"
+                                              u"Сдача                               4.10\n"));
+    document()->setPayments({{u"cash"_s, 40}});
+    EXPECT_FALSE(whenReceiptPrinted().contains(u"Сдача"));
+}
+
 TEST_F(ReceiptTest, WholeReceiptOfASale)
 {
     givenGoods(u"Хлеб"_s, 45.9, 2);
@@ -82,7 +92,7 @@ TEST_F(ReceiptTest, WholeReceiptOfASale)
     effects.pointsEarned = 5.44;
     effects.messagesToClient = {u"Приходите ещё"_s};
     document()->setEffects(effects);
-    document()->setPayments({{u"cash"_s, 500}, {u"card"_s, 44.28}});
+    document()->setPayments({{u"cash"_s, 500}, {u"card"_s, 44.18}});
     EXPECT_EQ(whenReceiptPrinted(),
         u"              КАССОВЫЙ ЧЕК\n"
         u"Магазин 1                        Касса 2\n"
@@ -100,7 +110,7 @@ TEST_F(ReceiptTest, WholeReceiptOfASale)
         u"Оплачено баллами                  -20.00\n"
         u"ИТОГО                             544.18\n"
         u"Наличными                         500.00\n"
-        u"Картой                             44.28\n"
+        u"Картой                             44.18\n"
         u"----------------------------------------\n"
         u"Карта                      2900000000017\n"
         u"Покупатель                   Иван Иванов\n"

@@ -391,12 +391,13 @@ protected:
         file.write(QByteArray(pageSize, 'x'));
     }
     static bool isFound() { return !queuecheck::lookAt(databaseFile()).damage.isEmpty(); }
-    void givenReadAtNoon()
+    void givenOpenedAt(const QDateTime &time)
     {
-        givenClockAt(noon);
+        givenClockAt(time);
         queue()->open();
         Singleton<DBQueueBroker>::reset();
     }
+    void givenReadAtNoon() { givenOpenedAt(noon); }
 
     QDateTime now;
 };
@@ -419,6 +420,28 @@ TEST_F(QueueCheckTest, SmallFileIsReadThroughAtEveryOpening)
     EXPECT_TRUE(queuecheck::lookAt(databaseFile()).readThrough);
     givenDamageInTheMiddle();
     EXPECT_TRUE(isFound());
+}
+
+TEST_F(QueueCheckTest, SmallFileIsWrittenToOnceADayWhenNothingHappens)
+{
+    givenFilledQueue();
+    givenOpenedAt(noon);
+    const QByteArray atNoon = files::contents(databaseFile());
+    givenOpenedAt(noon.addSecs(24 * 3600 - 1));
+    EXPECT_EQ(files::contents(databaseFile()), atNoon);
+    givenOpenedAt(noon.addSecs(24 * 3600));
+    EXPECT_NE(files::contents(databaseFile()), atNoon);
+}
+
+TEST_F(QueueCheckTest, ReadingOfALargeFileIsAlwaysRemembered)
+{
+    givenLargeQueue();
+    givenOpenedAt(noon);
+    files::put(databaseFile() + u"-wal"_s, "the log of a killed process");
+    givenOpenedAt(noon.addSecs(3600));
+    givenDamageInTheMiddle();
+    givenClockAt(noon.addSecs(24 * 3600));
+    EXPECT_FALSE(isFound());
 }
 
 TEST_F(QueueCheckTest, ReadingOfAClockThatRanAheadSaysNothing)

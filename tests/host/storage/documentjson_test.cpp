@@ -3,6 +3,8 @@
 #include "host/storage/documentjson.h"
 #include "tests/support/hostfixture.h"
 
+#include <QJsonDocument>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -22,6 +24,7 @@ protected:
         const QByteArray file = documentjson::write(*document());
         read = documentjson::read(file, u"document.json"_s);
         EXPECT_EQ(documentjson::write(*read), file);
+        EXPECT_EQ(QJsonDocument::fromJson(file).toJson(QJsonDocument::Indented), file);
     }
     [[nodiscard]] QSharedPointer<DocumentCardRecord> readCard() const
     {

@@ -7,6 +7,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QJsonDocument>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,7 +27,9 @@ protected:
     QVariant whenKept(const QVariant &value)
     {
         document()->setStoredValue(u"group"_s, u"key"_s, value);
-        const auto read = documentjson::read(documentjson::write(*document()), u"file"_s);
+        const QByteArray file = documentjson::write(*document());
+        EXPECT_EQ(QJsonDocument::fromJson(file).toJson(QJsonDocument::Indented), file);
+        const auto read = documentjson::read(file, u"file"_s);
         return read->getStoredValue(u"group"_s, u"key"_s, u"missing"_s);
     }
 };

@@ -6,7 +6,9 @@
 #include "host/storage/statefolder.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/support/tillfixture.h"
+#include "till/core/frozenclock.h"
 
+#include <QDir>
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,64 @@ TEST_F(ClosingTest, ASaleIsRegisteredPrintedClosedAndLeftInThatOrder)
     const QStringList putOut{
         u"beforePutoutCheck"_s, u"printed"_s, u"event 10"_s, u"afterPutoutCheck"_s, u"event 22"_s};
     EXPECT_EQ(takeCalls(), registration + putOut);
+}
+
+TEST_F(ClosingTest, ThePreviewIsWhatIsPrintedWhereNothingChanges)
+{
+    till::FrozenClock clock;
+    clock.freeze(QDateTime(QDate(2026, 3, 1), QTime(12, 0)));
+    givenIdentifiedCard();
+    givenCalculatedSale({u"1001"_s, u"1002"_s}, 5.0);
+    document()->setPayments({{u"cash"_s, 200.0}});
+    const QString preview = till->receiptPreview();
+    EXPECT_TRUE(preview.contains(u"ИТОГО")) << qPrintable(preview);
+    till->close();
+    EXPECT_EQ(preview, receipt);
+}
+
+TEST_F(ClosingTest, ThePreviewTellsOfWhatTheChequeHasNow)
+{
+    EXPECT_EQ(till->receiptPreview(), QString());
+    givenSaleOf({u"1002"_s});
+    EXPECT_FALSE(till->receiptPreview().contains(u"Хлеб"));
+    givenSaleOf({u"1001"_s});
+    EXPECT_TRUE(till->receiptPreview().contains(u"Хлеб"));
+}
+
+TEST_F(ClosingTest, ThePreviewExpectsTheServiceToAnswerAsItDid)
+{
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    EXPECT_TRUE(till->receiptPreview().contains(u"Баллы будут начислены позже"));
+    ScriptedServer service;
+    service.answer("<E/>");
+    MockFactory<RestClient>::create()->post(service.url(), "<x/>", {});
+    EXPECT_FALSE(till->receiptPreview().contains(u"Баллы будут начислены позже"));
+}
+
+TEST_F(ClosingTest, ThePreviewAsksNobodyAndPrintsNothing)
+{
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    const int exchanged = exchanges->count();
+    static_cast<void>(till->receiptPreview());
+    EXPECT_EQ(takeCalls(), QStringList());
+    EXPECT_EQ(receipt, QString());
+    EXPECT_EQ(exchanges->count(), exchanged);
+    EXPECT_FALSE(QFile::exists(Singleton<StateFolder>::instance()->receipts()));
+}
+
+TEST_F(ClosingTest, APreviewThatIsNotPossibleSaysWhy)
+{
+    const QString folder = Singleton<StateFolder>::instance()->path() + u"/wrong"_s;
+    ASSERT_TRUE(QDir().mkpath(folder));
+    QFile file(folder + u"/receipt.mustache"_s);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{{#open}}");
+    file.close();
+    givenSetting(u"TextPrinter:templates"_s, folder);
+    givenSaleOf({u"1002"_s});
+    EXPECT_TRUE(till->receiptPreview().startsWith(u"Ошибка в шаблоне печати «receipt»"));
 }
 
 TEST_F(ClosingTest, TheClosedChequeIsStillCurrentDuringEvent10AndGoneAtEvent22)

@@ -197,6 +197,112 @@ TEST_F(BegunRegistrationTest, OfAChequeThatWasOfflineIsNoneAndTheChequeCanBeCanc
     EXPECT_FALSE(till->document());
 }
 
+TEST_F(BegunRegistrationTest, OfWhichNobodyKnewIsNotForgottenByAPluginThatWentOffline)
+{
+    givenAnswer(503, {});
+    till->cancel();
+    loyalty->behaviour[u"hasPointsForEarn"_s] = [] { return false; };
+    const auto outcome = till->cancel();
+    EXPECT_FALSE(outcome.result.isValid());
+    ASSERT_EQ(outcome.notices.size(), 1);
+    EXPECT_EQ(outcome.notices.constFirst().id(), u"tillRegistrationUnknown"_s);
+    givenRestart();
+    EXPECT_FALSE(till->cancel().result.isValid());
+    EXPECT_TRUE(till->close().left);
+}
+
+/// A registered cheque whose cancelling has failed, or was cut short.
+class BegunRollbackTest : public RestartTest
+{
+public:
+    BegunRollbackTest()
+    {
+        givenIdentifiedCard();
+        givenSaleOf({u"1002"_s});
+        loyalty->presented->setOperationId(u"T-1"_s);
+        loyalty->behaviour[u"rollback"_s] = [this] {
+            unknownOnDisk = store->loadOpen()->isBookingUnknown();
+            return false;
+        };
+        till->cancel();
+    }
+
+    [[nodiscard]] QString operationId() const
+    {
+        return till->document()->getCardRecord(ECardMode::OnlineLoyalty)->getOperationId();
+    }
+
+    bool unknownOnDisk = false; ///< while it was taken back
+};
+
+TEST_F(BegunRollbackTest, IsOnDiskBeforeItIsAskedFor)
+{
+    EXPECT_TRUE(unknownOnDisk);
+    EXPECT_TRUE(store->loadOpen()->isBookingUnknown());
+}
+
+TEST_F(BegunRollbackTest, IsAskedForAgainByTheSameNumber)
+{
+    givenRestart();
+    QString id;
+    loyalty->behaviour[u"rollback"_s] = [&] {
+        id = operationId();
+        return true;
+    };
+    takeCalls();
+    EXPECT_EQ(till->cancel().result, QVariant(true));
+    EXPECT_EQ(id, u"T-1"_s);
+    EXPECT_EQ(takeCalls(), (QStringList{u"rollback"_s, u"event 12"_s, u"event 22"_s}));
+}
+
+TEST_F(BegunRollbackTest, IsFollowedByANewRegistrationWhenTheChequeIsClosed)
+{
+    givenRestart();
+    QString id = u"none"_s;
+    loyalty->behaviour[u"hasPointsForEarn"_s] = [&] {
+        id = operationId();
+        return true;
+    };
+    EXPECT_TRUE(till->close().left);
+    EXPECT_EQ(id, QString());
+}
+
+TEST_F(BegunRollbackTest, CanStillBeAskedForWhenTheNewRegistrationIsRefused)
+{
+    loyalty->behaviour[u"hasPointsForEarn"_s]
+        = []() -> bool { throw BasicException(tr::Tr(u"id"_s, u"Нет"_s)); };
+    till->close();
+    EXPECT_EQ(operationId(), u"T-1"_s);
+    EXPECT_TRUE(store->loadOpen()->isBookingUnknown());
+}
+
+TEST_F(BegunRollbackTest, IsOverWhenTheSaleIsRegisteredAnew)
+{
+    loyalty->behaviour[u"hasPointsForEarn"_s] = [this] {
+        till->document()->getCardRecord(ECardMode::OnlineLoyalty)->setOperationId(u"T-2"_s);
+        return true;
+    };
+    EXPECT_FALSE(till->close().left->isBookingUnknown());
+}
+
+TEST_F(RestartTest, CancellingAChequeThatIsNotRegisteredLeavesNoDoubt)
+{
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    loyalty->behaviour[u"rollback"_s] = [] { return false; };
+    till->cancel();
+    EXPECT_FALSE(store->loadOpen()->isBookingUnknown());
+}
+
+TEST_F(RestartTest, ARegisteredChequeKeepsItsNumberWhenItIsClosed)
+{
+    givenIdentifiedCard();
+    givenSaleOf({u"1002"_s});
+    loyalty->presented->setOperationId(u"T-1"_s);
+    const auto closed = till->close().left;
+    EXPECT_EQ(closed->getCardRecord(ECardMode::OnlineLoyalty)->getOperationId(), u"T-1"_s);
+}
+
 // Half of it would be what the plug-in has noted and saved without what it has granted.
 TEST_F(RestartTest, AnOperationIsOnDiskWholeOrNotAtAll)
 {

@@ -38,6 +38,20 @@ TEST(MasksTest, CardNumbersAreFoundInXml)
         EXPECT_EQ(masks::withoutCardNumbers(xml), shown);
 }
 
+TEST(MasksTest, VerificationCodesAreHiddenWholly)
+{
+    const QList<QPair<QString, QString>> table{
+        {u"<VerificationCode>4829</VerificationCode><A>4829</A>"_s,
+            u"<VerificationCode>********</VerificationCode><A>4829</A>"_s},
+        {u"<k:VerificationCode a=\"b\"> 48\n29 </k:VerificationCode>"_s,
+            u"<k:VerificationCode a=\"b\">********</k:VerificationCode>"_s},
+        {u"<VerificationCode>48"_s, u"<VerificationCode>********"_s},
+        {u"<VerificationCode></VerificationCode>"_s, u"<VerificationCode></VerificationCode>"_s},
+        {u"<VerificationCode/><A>1</A>"_s, u"<VerificationCode/><A>1</A>"_s}};
+    for (const auto &[xml, shown] : table)
+        EXPECT_EQ(masks::withoutVerificationCodes(xml), shown);
+}
+
 class MaskedMessageTest : public testing::Test
 {
 public:

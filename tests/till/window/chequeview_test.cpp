@@ -11,13 +11,13 @@ namespace {
 class ChequeViewTest : public TillFixture
 {
 public:
-    [[nodiscard]] till::ChequeView view() const { return till::chequeView(document().get()); }
+    [[nodiscard]] till::ChequeView view() const { return till::chequeView(document().get(), {}); }
     [[nodiscard]] QSharedPointer<AbstractDocument> document() const { return till->document(); }
 };
 
 TEST_F(ChequeViewTest, AnEmptyDeskSellsNothing)
 {
-    const till::ChequeView empty = till::chequeView(nullptr);
+    const till::ChequeView empty = till::chequeView(nullptr, {});
     EXPECT_EQ(empty.title, u"Касса свободна");
     EXPECT_EQ(empty.total, u"0.00");
     EXPECT_TRUE(empty.positions.isEmpty());

@@ -1,12 +1,10 @@
 // Keys and typed words become operations of the till; what comes of them becomes texts.
 
+#include "host/printing/textprinter.h"
 #include "host/queue/dbqueuebroker.h"
 #include "tests/support/printers.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/window/deskfixture.h"
-
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 using till::Function;
@@ -208,13 +206,60 @@ TEST_F(DeskTest, AnActionThatThePlugInStoppedIsTold)
 TEST_F(DeskTest, ThePaperIsWhatThePrinterGot)
 {
     givenSale({u"1001"_s});
-    EXPECT_EQ(desk.paper(), QString());
+    loyalty->behaviour[u"event 10"_s] = [] {
+        MockFactory<TextPrinter>::create()->print({}, u"Купон"_s, {}, 1, true);
+        return true;
+    };
     whenPressed(Function::Close);
-    QDir receipts(stateFolder() + u"/receipts"_s);
-    QFile file(receipts.filePath(receipts.entryList(QDir::Files).value(0)));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(desk.paper(), QString::fromUtf8(file.readAll()));
+    EXPECT_FALSE(desk.isPreview());
+    EXPECT_EQ(desk.paper(), receipts());
     EXPECT_TRUE(desk.paper().contains(u"Хлеб"));
+    EXPECT_TRUE(desk.paper().contains(u"Купон"));
+}
+
+TEST_F(DeskTest, ThePaperOfAnOpenChequeIsWhatThePrinterWouldGet)
+{
+    EXPECT_EQ(desk.paper(), QString());
+    givenSale({u"1001"_s});
+    EXPECT_TRUE(desk.isPreview());
+    EXPECT_EQ(desk.paper(), till->receiptPreview());
+    givenSale({u"1002"_s});
+    EXPECT_TRUE(desk.paper().contains(u"Молоко"));
+    EXPECT_EQ(receipts(), QString());
+}
+
+TEST_F(DeskTest, ACancelledChequeLeavesNoPaper)
+{
+    givenSale({u"1001"_s});
+    whenPressed(Function::Close);
+    givenSale({u"1002"_s});
+    cashier.addOk();
+    whenPressed(Function::Cancel);
+    EXPECT_EQ(desk.paper(), QString());
+}
+
+TEST_F(DeskTest, TheCardThatWasRefusedIsTold)
+{
+    whenPressed(Function::Card, u"123"_s);
+    loyalty->refuseWith(u"cardBlocked"_s, u"Карта заблокирована"_s, false);
+    loyalty->behaviour[u"identifyByCard"_s] = [] { return false; };
+    whenPressed(Function::Card, u"77"_s);
+    EXPECT_EQ(desk.cheque().customer.card, u"123");
+    EXPECT_EQ(desk.cheque().customer.status, u"карта 77 не принята: Карта заблокирована");
+    givenSale({u"1001"_s});
+    EXPECT_EQ(desk.cheque().customer.status, u"карта 77 не принята: Карта заблокирована");
+    loyalty->behaviour.remove(u"identifyByCard"_s);
+    desk.enter(u"2900000000017"_s);
+    EXPECT_EQ(desk.cheque().customer.status, u"карта принята");
+}
+
+TEST_F(DeskTest, ARefusedCardIsForgottenWithItsCheque)
+{
+    givenSale({u"1001"_s});
+    loyalty->behaviour[u"identifyByCard"_s] = [] { return false; };
+    whenPressed(Function::Card, u"77"_s);
+    whenPressed(Function::Close);
+    EXPECT_EQ(desk.cheque().customer.status, u"карта не предъявлена");
 }
 
 TEST_F(DeskTest, AFailedExchangeTakesTheServiceOffline)
@@ -243,7 +288,7 @@ TEST_F(DeskTest, TheQueueIsToldAndLeftAloneDuringAnOperation)
     };
     whenPressed(Function::Total);
     EXPECT_EQ(during, u"Очередь отправки пуста");
-    EXPECT_TRUE(desk.queueState().startsWith(u"Ждут отправки: 1"));
+    EXPECT_TRUE(desk.queueState().startsWith(u"Ждут отправки 1 "));
 }
 
 TEST_F(DeskTest, ADocumentThatWasLeftOpenIsShownAtTheStart)

@@ -7,6 +7,9 @@
 #include "till/transcript/recordingservices.h"
 #include "till/window/desk.h"
 
+#include <QDir>
+#include <QFile>
+
 /// A desk on the fixture's till; the cashier's answers are given beforehand.
 class DeskFixture : public TillFixture
 {
@@ -32,6 +35,19 @@ public:
             MockFactory<RestClient>::create()->post(url, {}, {});
             return true;
         };
+    }
+    /// Everything that was printed.
+    [[nodiscard]] QString receipts() const
+    {
+        QString text;
+        const QDir folder(stateFolder() + QStringLiteral("/receipts"));
+        const QStringList names = folder.entryList(QDir::Files);
+        for (const QString &name : names) {
+            QFile file(folder.filePath(name));
+            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+            text += QString::fromUtf8(file.readAll());
+        }
+        return text;
     }
     [[nodiscard]] QString calls() { return takeCalls().join(u' '); }
 

@@ -68,6 +68,46 @@ TEST_F(DialogsTest, AChoiceIsAcceptedWithEnterAndRejectedWithEscape)
     EXPECT_FALSE(cashier.choose(question, yes, no));
 }
 
+TEST_F(DialogsTest, AStrayScanAnswersNoQuestion)
+{
+    for (const bool isChoice : {true, false}) {
+        whenDialogOpens([](QDialog &dialog) {
+            EXPECT_FALSE(dialog.findChild<QLabel *>(u"questionHint"_s)->isVisible());
+            QTest::keyClicks(button(dialog, "accept"), u"46 001"_s);
+            QTest::keyClick(button(dialog, "accept"), Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(
+                textOf(dialog, "questionHint"), u"Скан не принят: сначала ответьте на вопрос");
+            EXPECT_TRUE(dialog.findChild<QLabel *>(u"questionHint"_s)->isVisible());
+            QTest::keyClick(button(dialog, "accept"), Qt::Key_Return);
+        });
+        if (isChoice)
+            EXPECT_TRUE(cashier.choose(question, yes, no));
+        else
+            cashier.read(question);
+    }
+}
+
+TEST_F(DialogsTest, AScanThatTheDialogItselfGetsAnswersNothingEither)
+{
+    whenDialogOpens([](QDialog &dialog) {
+        QTest::keyClicks(&dialog, u"1"_s);
+        QTest::keyClick(&dialog, Qt::Key_Enter);
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(cashier.choose(question, yes, no));
+}
+
+TEST_F(DialogsTest, TheOtherAnswerIsReachedByTabAndEnter)
+{
+    whenDialogOpens([](QDialog &dialog) {
+        QTest::keyClick(button(dialog, "accept"), Qt::Key_Tab);
+        QTest::keyClick(button(dialog, "reject"), Qt::Key_Return);
+    });
+    EXPECT_FALSE(cashier.choose(question, yes, no));
+}
+
 TEST_F(DialogsTest, AFormShowsTheTextsAndHandsOverWhatWasTyped)
 {
     whenDialogOpens([](QDialog &dialog) {

@@ -142,7 +142,7 @@ TEST_F(MainWindowTest, ADocumentThatWasLeftOpenIsShownAgain)
     till::Desk next(*till, services.exchanges(), recorder, cashier);
     next.start();
     till::MainWindow restarted(next);
-    EXPECT_EQ(restarted.findChild<QTableWidget *>()->item(0, 1)->text(), u"1002");
+    EXPECT_EQ(restarted.findChild<QTableWidget *>(u"positions"_s)->item(0, 1)->text(), u"1002");
     EXPECT_EQ(restarted.findChild<QLabel *>(u"customerCard"_s)->text(), u"2900000000017");
     EXPECT_EQ(restarted.findChild<QLabel *>(u"total"_s)->text(), u"100.00");
 }

@@ -26,7 +26,7 @@ TEST(ConnectionTest, OfflineCountsFromTheFirstFailure)
     connection.observe(1, false, noon);
     connection.observe(2, false, noon.addSecs(600));
     EXPECT_TRUE(connection.isOffline());
-    EXPECT_EQ(connection.text(), u"Система лояльности: нет связи с 12:00 01.03");
+    EXPECT_EQ(connection.text(), u"Система лояльности: нет связи с 1 Mar 2026 12:00:00");
 }
 
 TEST(ConnectionTest, ASuccessEndsIt)
@@ -37,7 +37,7 @@ TEST(ConnectionTest, ASuccessEndsIt)
     EXPECT_FALSE(connection.isOffline());
     EXPECT_EQ(connection.text(), u"Система лояльности: на связи");
     connection.observe(3, false, noon.addSecs(120));
-    EXPECT_EQ(connection.text(), u"Система лояльности: нет связи с 12:02 01.03");
+    EXPECT_EQ(connection.text(), u"Система лояльности: нет связи с 1 Mar 2026 12:02:00");
 }
 
 TEST(ConnectionTest, ALookWithoutAnExchangeChangesNothing)
@@ -54,10 +54,10 @@ TEST(QueueTextTest, TellsWhatWaitsAndForHowLong)
     EXPECT_EQ(till::queueText(status, noon), u"Очередь отправки пуста");
     status.counts[MessageState::Pending] = 2;
     status.oldestWaiting = noon.addSecs(-720);
-    EXPECT_EQ(till::queueText(status, noon), u"Ждут отправки: 2, самое старое ждёт 12 мин");
+    EXPECT_EQ(till::queueText(status, noon), u"Ждут отправки 2 сообщений, самое старое — 12 мин");
     status.counts[MessageState::Sending] = 1;
     EXPECT_EQ(till::queueText(status, noon),
-        u"Ждут отправки: 3, самое старое ждёт 12 мин · идёт отправка");
+        u"Ждут отправки 3 сообщений, самое старое — 12 мин · идёт отправка");
 }
 
 TEST(QueueTextTest, WhatAPersonMustLookAtIsTold)

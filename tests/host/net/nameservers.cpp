@@ -1,8 +1,9 @@
-#include "tests/host/net/silentnameserver.h"
+#include "tests/host/net/nameservers.h"
 
 #include <dlfcn.h>
 #include <netdb.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <cstring>
 #include <mutex>
@@ -10,6 +11,10 @@
 namespace {
 
 constexpr auto silentName = "silent.test";
+constexpr auto knownName = "known.test";
+constexpr auto loopback = "127.0.0.1";
+
+std::atomic<int> lookupsOfKnownName = 0;
 
 struct Lookups
 {
@@ -44,9 +49,12 @@ extern "C" Q_DECL_EXPORT int getaddrinfo(
 {
     if (node && std::strcmp(node, silentName) == 0)
         return waitInVain();
+    const bool isKnown = node && std::strcmp(node, knownName) == 0;
+    if (isKnown)
+        ++lookupsOfKnownName;
     static const auto original
         = reinterpret_cast<decltype(&getaddrinfo)>(::dlsym(RTLD_NEXT, "getaddrinfo"));
-    return original(node, service, hints, result);
+    return original(isKnown ? loopback : node, service, hints, result);
 }
 
 SilentNameServer::SilentNameServer()
@@ -66,4 +74,19 @@ SilentNameServer::~SilentNameServer()
 QUrl SilentNameServer::url()
 {
     return QUrl(QStringLiteral("http://") + QLatin1String(silentName));
+}
+
+CountingNameServer::CountingNameServer()
+    : m_before(lookupsOfKnownName)
+{ }
+
+QUrl CountingNameServer::named(QUrl url)
+{
+    url.setHost(QLatin1String(knownName));
+    return url;
+}
+
+int CountingNameServer::lookups() const
+{
+    return lookupsOfKnownName - m_before;
 }

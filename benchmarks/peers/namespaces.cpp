@@ -1,0 +1,2 @@
+// The toolkit's library looks for its table of namespaces in the program.
+#include "LoyaltyProcessingSoap.nsmap"

@@ -1,0 +1,73 @@
+#include "till/window/demo/demo.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <stdexcept>
+
+// Resources of a static library are registered by hand, from outside of any namespace.
+static void registerResources()
+{
+    Q_INIT_RESOURCE(till_demo);
+}
+
+using namespace Qt::StringLiterals;
+
+namespace till {
+
+namespace {
+
+constexpr auto ownFile = QFile::ReadOwner | QFile::WriteOwner;
+
+void write(const QString &fileName, const QByteArray &contents)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
+        throw std::runtime_error(
+            u"%1: the demonstration cannot write it (%2); make room or name another folder in "
+            u"TMPDIR"_s.arg(fileName, file.errorString())
+                .toStdString());
+    file.setPermissions(ownFile);
+}
+
+QByteArray sample(const QString &name)
+{
+    QFile file(u":/korvel/demo/"_s + name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString programOrComplain()
+{
+    const QString program = DemoService::findProgram();
+    if (program.isEmpty())
+        throw std::runtime_error("there is no korvel-service beside this program or in PATH for "
+                                 "the demonstration; install it, or name a configuration with "
+                                 "--config");
+    return program;
+}
+
+} // namespace
+
+Demo::Demo(const RunOptions &given)
+    : m_folder(QDir::tempPath() + u"/korvel-demo-XXXXXX"_s)
+    , m_service(programOrComplain())
+    , m_options(writeDemoFiles(m_folder.path(), m_service.url(), given))
+{ }
+
+RunOptions writeDemoFiles(const QString &folder, const QUrl &service, const RunOptions &given)
+{
+    registerResources();
+    const QString url = service.toString();
+    QDir().mkpath(folder + u"/till.ini.d"_s);
+    write(folder + u"/till.ini"_s, sample(u"till.ini"_s));
+    write(folder + u"/catalogue.json"_s, sample(u"catalogue.json"_s));
+    write(folder + u"/till.ini.d/demo.ini"_s,
+        u"[KorvelLoyaltyOnline]\nurl=%1\n[Till]\nserviceApi=%1api\n"_s.arg(url).toUtf8());
+    RunOptions options = given;
+    options.configFile = folder + u"/till.ini"_s;
+    if (options.stateFolder.isEmpty())
+        options.stateFolder = folder + u"/state"_s;
+    return options;
+}
+
+} // namespace till

@@ -1,0 +1,137 @@
+"""Finds what can be changed in C++ source text, one small thing at a time."""
+
+import collections
+import dataclasses
+import hashlib
+import re
+
+
+@dataclasses.dataclass(frozen=True)
+class Mutant:
+    """One change: at `line` and `column` (from 1) of `file`, `before` becomes `after`."""
+
+    file: str
+    line: int
+    column: int
+    kind: str
+    before: str
+    after: str
+    text: str  # the line, or the lines, as they are now
+    twin: int = 0  # how many lines before it in its file read the same
+
+    @property
+    def identity(self):
+        """Stays the same while the line does, wherever it moves within its file."""
+        parts = (self.file, self.text.strip(), str(self.twin), str(self.column), self.before, self.after)
+        return hashlib.sha256("\0".join(parts).encode()).hexdigest()[:12]
+
+    def applied(self, source):
+        """`source`, the file's text, with the change made."""
+        lines = source.splitlines(keepends=True)
+        length = self.before.count("\n") + 1
+        place = "".join(lines[self.line - 1 : self.line - 1 + length])
+        start = self.column - 1
+        if place[start : start + len(self.before)] != self.before:
+            raise ValueError(f"{self.file}:{self.line}: the text has changed")
+        changed = place[:start] + self.after + place[start + len(self.before) :]
+        return "".join(lines[: self.line - 1]) + changed + "".join(lines[self.line - 1 + length :])
+
+
+# Looked for in code alone; what a pattern finds in comments, texts and directives is passed over.
+_OPERATORS = [
+    ("comparison", r" (==) ", ["!="]),
+    ("comparison", r" (!=) ", ["=="]),
+    ("comparison", r" (<) ", ["<=", ">="]),
+    ("comparison", r" (>) ", [">=", "<="]),
+    ("comparison", r" (<=) ", ["<", ">"]),
+    ("comparison", r" (>=) ", [">", "<"]),
+    ("logic", r" (&&) ", ["||"]),
+    ("logic", r" (\|\|) ", ["&&"]),
+    ("logic", r"(?<![\w)\]])(!)(?=[\w(])", [""]),
+    ("arithmetic", r"[\w)\]] (\+) ", ["-"]),
+    ("arithmetic", r"[\w)\]] (-) ", ["+"]),
+    ("arithmetic", r"[\w)\]] (\*) ", ["/"]),
+    ("arithmetic", r"[\w)\]] (/) ", ["*"]),
+    ("arithmetic", r" (\+=) ", ["-="]),
+    ("arithmetic", r" (-=) ", ["+="]),
+    ("arithmetic", r"(\+\+)", ["--"]),
+    ("arithmetic", r"(?<!-)(--)", ["++"]),
+    ("arithmetic", r"\b(std::max)\b", ["std::min"]),
+    ("arithmetic", r"\b(std::min)\b", ["std::max"]),
+    ("constant", r"\b(true)\b", ["false"]),
+    ("constant", r"\b(false)\b", ["true"]),
+]
+_NUMBER = re.compile(r"(?<![\w.'])(\d[\d']*(?:\.\d+)?)(?![\w.'])")
+_TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
+_CALL = re.compile(r"^(\s*)([\w:.>()-]+\(.*\);)$")
+_STATEMENT = re.compile(r"^(\s+)(?!return\b|throw\b|break\b|case\b|using\b|else\b|const\b|auto\b|static\b)[\w*].*;$")
+
+
+def code_of(source):
+    """`source` with comments, texts and directives blanked, every other character in its place."""
+
+    def blank(match):
+        return re.sub(r"[^\n]", " ", match.group())
+
+    pattern = re.compile(
+        r'//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|"(?:[^"\\\n]|\\.)*"|\'(?:[^\'\\\n]|\\.)\'', re.M | re.S
+    )
+    return pattern.sub(blank, source)
+
+
+def _operators(code_line):
+    for kind, pattern, replacements in _OPERATORS:
+        for match in re.finditer(pattern, code_line):
+            for after in replacements:
+                yield kind, match.start(1), match.group(1), after
+
+
+def _numbers(code_line):
+    for match in _NUMBER.finditer(code_line):
+        number = match.group(1).replace("'", "")
+        after = str(float(number) + 1) if "." in number else str(int(number) + 1)
+        yield "constant", match.start(1), match.group(1), after
+
+
+def _texts(line, code_line):
+    for match in _TEXT.finditer(line):
+        if code_line[match.start() : match.end()].strip() == "" and not line.lstrip().startswith(("#", "//")):
+            yield "text", match.start(), match.group(), f'"{match.group(1)}~"'
+
+
+def _calls(code_line, line):
+    if code_line.strip() and _CALL.match(line) and code_line.count("(") == code_line.count(")"):
+        before = line.strip()
+        yield "call", line.index(before), before, ";"
+
+
+def _orders(lines, code_lines, index):
+    if index + 1 == len(lines):
+        return
+    first, second = (_STATEMENT.match(code_lines[place].rstrip()) for place in (index, index + 1))
+    if first and second and first.group(1) == second.group(1):
+        before = lines[index].strip() + "\n" + lines[index + 1]
+        after = lines[index + 1].strip() + "\n" + lines[index]
+        yield "order", len(first.group(1)), before, after
+
+
+def mutants_of(file, source):
+    """All mutants of one file, in the order of its text."""
+    lines = source.split("\n")
+    code_lines = code_of(source).split("\n")
+    result = []
+    seen = collections.Counter()
+    for index, (line, code_line) in enumerate(zip(lines, code_lines)):
+        changes = [
+            *_operators(code_line),
+            *_numbers(code_line),
+            *_texts(line, code_line),
+            *_calls(code_line, line),
+            *_orders(lines, code_lines, index),
+        ]
+        for kind, column, before, after in changes:
+            text = line if "\n" not in before else line + "\n" + lines[index + 1]
+            twin = seen[line]
+            result.append(Mutant(file, index + 1, column + 1, kind, before, after, text, twin))
+        seen[line] += 1
+    return result

@@ -1,0 +1,85 @@
+"""A copy of the tree in which mutants are built and tested, so that nobody's sources are touched."""
+
+import pathlib
+import shutil
+import subprocess
+
+# What tests the two floors. The quick ones first: most mutants end there.
+PROGRAMS = ["client_tests", "plugin_tests", "client_schema_tests", "client_exchange_tests"]
+
+
+class Unusable(Exception):
+    """The unchanged tree does not build, or its tests fail: nothing would be learnt from mutants."""
+
+
+class Workshop:
+    """Belongs to one process. `limit` in seconds: tests that run longer count as failed."""
+
+    def __init__(self, home, folder, limit):
+        self.home = pathlib.Path(home)
+        self.tree = pathlib.Path(folder) / "tree"
+        self.build = pathlib.Path(folder) / "build"
+        self.limit = limit
+
+    def prepare(self):
+        """Copies what git tracks, builds, and runs the tests once. Raises Unusable."""
+        files = subprocess.run(
+            ["git", "ls-files", "-z"], cwd=self.home, check=True, capture_output=True, text=True
+        ).stdout.split("\0")
+        kept = {name for name in files if name and (self.home / name).is_file()}
+        self._drop_others(kept)
+        for name in kept:
+            self._copy(name)
+        configure = ["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug"]
+        flags = ["-DKORVEL_BUILD_TESTS=ON", "-DCMAKE_CXX_FLAGS_DEBUG=-O0"]
+        configured = subprocess.run([*configure, *flags], capture_output=True, text=True)
+        if configured.returncode != 0:
+            raise Unusable("cmake: " + configured.stderr[-2000:])
+        if not self._builds():
+            raise Unusable("the unchanged tree does not build")
+        failed = self._first_failure()
+        if failed:
+            raise Unusable(f"the unchanged tree fails {failed}")
+
+    def verdict(self, mutant):
+        """"killed by PROGRAM", "survived" or "not built"; the copy is as before afterwards."""
+        place = self.tree / mutant.file
+        source = place.read_text()
+        place.write_text(mutant.applied(source))
+        try:
+            if not self._builds():
+                return "not built"
+            failed = self._first_failure()
+            return f"killed by {failed}" if failed else "survived"
+        finally:
+            place.write_text(source)
+
+    def _drop_others(self, kept):
+        if not self.tree.is_dir():
+            return
+        for place in self.tree.rglob("*"):
+            if place.is_file() and str(place.relative_to(self.tree)) not in kept:
+                place.unlink()
+
+    # A file that did not change keeps its time, so that a second run builds little.
+    def _copy(self, name):
+        origin, copy = self.home / name, self.tree / name
+        if copy.is_file() and copy.read_bytes() == origin.read_bytes():
+            return
+        copy.parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(origin, copy)
+
+    def _builds(self):
+        command = ["cmake", "--build", self.build, "-j2", "--target", *PROGRAMS]
+        return subprocess.run(command, capture_output=True).returncode == 0
+
+    def _first_failure(self):
+        for program in PROGRAMS:
+            command = [self.build / "tests" / program, "--gtest_fail_fast", "--gtest_brief=1"]
+            try:
+                done = subprocess.run(command, capture_output=True, timeout=self.limit)
+            except subprocess.TimeoutExpired:
+                return program
+            if done.returncode != 0:
+                return program
+        return None
