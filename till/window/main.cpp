@@ -64,6 +64,9 @@ int run(const till::RunOptions &options)
         till::speakAsConfigured();
         till::applyStyle();
         return till::isConfigured(options.configFile) ? show(options, {}) : demonstrate(options);
+    } catch (const SpokenError &error) {
+        std::cerr << "korvel-till-window: " << error.tr().ui().toStdString() << std::endl;
+        return static_cast<int>(ExitStatus::Unusable);
     } catch (const std::exception &error) {
         std::cerr << "korvel-till-window: " << error.what() << std::endl;
         return static_cast<int>(ExitStatus::Unusable);

@@ -139,8 +139,8 @@ TEST_F(BegunRegistrationTest, TheChequeCannotBeChanged)
 {
     EXPECT_TRUE(whyNot([this] {
         till->changeQuantity(1, 2.0);
-    }).startsWith(u"the till ended while it registered"));
-    EXPECT_TRUE(whyNot([this] { till->calculate(); }).startsWith(u"the till ended"));
+    }).startsWith(u"касса остановилась, когда регистрировала"));
+    EXPECT_TRUE(whyNot([this] { till->calculate(); }).startsWith(u"касса остановилась"));
 }
 
 TEST_F(BegunRegistrationTest, IsAskedForAgainWhenTheChequeIsClosed)
