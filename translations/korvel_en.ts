@@ -1741,6 +1741,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>Выйти</source>
         <translation>Quit</translation>
     </message>
+    <message id="windowDemoFileNotWritten">
+        <source>%1: демонстрация не может записать этот файл (%2); освободите место или укажите другую папку в TMPDIR</source>
+        <translation>%1: the demonstration cannot write it (%2); make room or name another folder in TMPDIR</translation>
+    </message>
     <message id="windowDemoOffer">
         <source>Настройки не найдены: не указан --config, и в текущей папке нет till.ini.
 
@@ -1748,6 +1752,14 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <translation>There are no settings: no --config was given, and the current folder has no till.ini.
 
 Start the demonstration? A loyalty service with sample cards and articles will run on this computer. Whatever is sold in the demonstration is forgotten when the window is closed.</translation>
+    </message>
+    <message id="windowDemoServiceMissing">
+        <source>для демонстрации нужна программа korvel-service, её нет ни рядом с этой программой, ни в PATH; установите её или укажите настройки в --config</source>
+        <translation>there is no korvel-service beside this program or in PATH for the demonstration; install it, or name a configuration with --config</translation>
+    </message>
+    <message id="windowDemoServiceNotStarted">
+        <source>сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его адрес в настройках, файл которых задаёт --config</source>
+        <translation>the service of the demonstration, %1, did not start (%2); start one yourself and name its address in a configuration with --config</translation>
     </message>
     <message id="windowDemoStart">
         <source>Запустить демонстрацию</source>
@@ -1843,7 +1855,7 @@ Start the demonstration? A loyalty service with sample cards and articles will r
     </message>
     <message id="windowFunctionMessagesRead">
         <source>Прочитано</source>
-        <translation>Read</translation>
+        <translation>Mark read</translation>
     </message>
     <message id="windowFunctionPoints">
         <source>Баллы</source>
@@ -1884,6 +1896,10 @@ Start the demonstration? A loyalty service with sample cards and articles will r
     <message id="windowNo">
         <source>Нет</source>
         <translation>No</translation>
+    </message>
+    <message id="windowNoConfiguration">
+        <source>нет настроек; укажите файл в --config или положите till.ini в текущую папку</source>
+        <translation>no configuration; name one with --config, or put a till.ini into the current folder</translation>
     </message>
     <message id="windowNoExchanges">
         <source>Обменов с системой лояльности ещё не было</source>

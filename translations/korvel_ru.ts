@@ -1743,6 +1743,10 @@
         <source>Выйти</source>
         <translation>Выйти</translation>
     </message>
+    <message id="windowDemoFileNotWritten">
+        <source>%1: демонстрация не может записать этот файл (%2); освободите место или укажите другую папку в TMPDIR</source>
+        <translation>%1: демонстрация не может записать этот файл (%2); освободите место или укажите другую папку в TMPDIR</translation>
+    </message>
     <message id="windowDemoOffer">
         <source>Настройки не найдены: не указан --config, и в текущей папке нет till.ini.
 
@@ -1750,6 +1754,14 @@
         <translation>Настройки не найдены: не указан --config, и в текущей папке нет till.ini.
 
 Запустить демонстрацию? На этом компьютере запустится сервис лояльности с примерами карт и товаров. Всё, что продано в демонстрации, забывается, когда окно закрывается.</translation>
+    </message>
+    <message id="windowDemoServiceMissing">
+        <source>для демонстрации нужна программа korvel-service, её нет ни рядом с этой программой, ни в PATH; установите её или укажите настройки в --config</source>
+        <translation>для демонстрации нужна программа korvel-service, её нет ни рядом с этой программой, ни в PATH; установите её или укажите настройки в --config</translation>
+    </message>
+    <message id="windowDemoServiceNotStarted">
+        <source>сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его адрес в настройках, файл которых задаёт --config</source>
+        <translation>сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его адрес в настройках, файл которых задаёт --config</translation>
     </message>
     <message id="windowDemoStart">
         <source>Запустить демонстрацию</source>
@@ -1886,6 +1898,10 @@
     <message id="windowNo">
         <source>Нет</source>
         <translation>Нет</translation>
+    </message>
+    <message id="windowNoConfiguration">
+        <source>нет настроек; укажите файл в --config или положите till.ini в текущую папку</source>
+        <translation>нет настроек; укажите файл в --config или положите till.ini в текущую папку</translation>
     </message>
     <message id="windowNoExchanges">
         <source>Обменов с системой лояльности ещё не было</source>
