@@ -14,7 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr std::size_t blanksOfALevel = 4;
-constexpr std::size_t usualSize = 16384;
+// Room for a hundred positions: more would be fetched from the system anew for each document.
+constexpr std::size_t usualSize = 120 * 1024;
 constexpr int hexBase = 16;
 // Up to there every whole number is a double of its own, and its digits are the shortest.
 constexpr double wholeNumbersEnd = 9007199254740992.0;
@@ -88,7 +89,7 @@ JsonWriter::JsonWriter()
 
 QByteArray JsonWriter::written() const
 {
-    return QByteArray::fromStdString(m_bytes) + '\n';
+    return QByteArray::fromStdString(m_bytes);
 }
 
 void JsonWriter::begin(char bracket)
@@ -107,6 +108,8 @@ void JsonWriter::end(char bracket)
     --m_depth;
     indent();
     m_bytes += bracket;
+    if (m_depth == 0)
+        m_bytes += '\n';
     m_isFirst = false;
 }
 
