@@ -15,35 +15,47 @@ namespace {
 
 const QString interfaceId = u"KorvelLoyaltyOnline"_s;
 
-[[noreturn]] void fail(const QString &fileName, const QString &reason, const QString &remedy)
+[[noreturn]] void fail(const QString &fileName, const tr::Tr &reason, const tr::Tr &remedy)
 {
-    throw PluginError(u"%1: %2; %3"_s.arg(fileName, reason, remedy));
+    throw PluginError(tr::Tr(tr::undefined, u"%1: %2; %3"_s).arg(fileName).arg(reason).arg(remedy));
 }
 
 void requireMetadata(const QPluginLoader &loader, const QString &fileName)
 {
-    const QString remedy = u"name the loyalty plug-in with --plugin"_s;
+    const tr::Tr remedy{u"pluginNameIt"_s, u"укажите модуль лояльности через --plugin"_s};
     if (!QFileInfo::exists(fileName))
-        fail(fileName, u"there is no such file"_s, remedy);
+        fail(fileName, {u"pluginMissing"_s, u"нет такого файла"_s}, remedy);
     const QJsonObject metadata = loader.metaData();
     if (metadata.isEmpty())
-        fail(fileName, u"it is no plug-in for this Qt (%1)"_s.arg(loader.errorString()), remedy);
+        fail(fileName,
+            tr::Tr(u"pluginForeign"_s, u"это не модуль для этой версии Qt (%1)"_s)
+                .arg(loader.errorString()),
+            remedy);
     const QString id = metadata.value(u"IID").toString();
     if (id != interfaceId)
-        fail(fileName, u"its interface id is \"%1\" and not \"%2\""_s.arg(id, interfaceId), remedy);
+        fail(fileName,
+            tr::Tr(u"pluginInterface"_s, u"идентификатор интерфейса «%1», а нужен «%2»"_s)
+                .arg(id)
+                .arg(interfaceId),
+            remedy);
 }
 
 BasicPlugin *initialise(QObject *object, const QString &fileName)
 {
-    const QString remedy = u"look into the till's log, and build it against this host"_s;
+    const tr::Tr remedy{
+        u"pluginBuildAndLook"_s, u"посмотрите журнал программы и соберите модуль с этим хостом"_s};
     auto *plugin = qobject_cast<BasicPlugin *>(object);
     if (!plugin)
-        fail(fileName, u"its object is no plug-in of this host"_s, remedy);
+        fail(fileName, {u"pluginObject"_s, u"его объект не подходит этому хосту"_s}, remedy);
     try {
         if (!plugin->init())
-            fail(fileName, u"it could not be initialised"_s, remedy);
+            fail(fileName, {u"pluginNotInitialised"_s, u"не удалось инициализировать модуль"_s},
+                remedy);
     } catch (const BasicException &error) {
-        fail(fileName, u"it could not be initialised: "_s + error.tr().ui(), remedy);
+        fail(fileName,
+            tr::Tr(u"pluginNotInitialisedBecause"_s, u"не удалось инициализировать модуль: %1"_s)
+                .arg(error.tr()),
+            remedy);
     }
     return plugin;
 }
@@ -59,10 +71,6 @@ BasicLoyaltySystem *systemOf(const BasicPlugin *plugin)
 
 } // namespace
 
-PluginError::PluginError(const QString &text)
-    : std::runtime_error(text.toStdString())
-{ }
-
 PluginError::~PluginError() = default;
 
 LoadedPlugin::LoadedPlugin(const QString &fileName)
@@ -71,12 +79,13 @@ LoadedPlugin::LoadedPlugin(const QString &fileName)
     requireMetadata(loader, fileName);
     m_object.reset(loader.instance());
     if (!m_object)
-        fail(fileName, u"it cannot be loaded (%1)"_s.arg(loader.errorString()),
-            u"build it against this host"_s);
+        fail(fileName,
+            tr::Tr(u"pluginNotLoaded"_s, u"модуль не загружается (%1)"_s).arg(loader.errorString()),
+            {u"pluginBuild"_s, u"соберите его с этим хостом"_s});
     m_system = systemOf(initialise(m_object.get(), fileName));
     if (!m_system)
-        fail(fileName, u"it registers no loyalty system"_s,
-            u"name the loyalty plug-in with --plugin"_s);
+        fail(fileName, {u"pluginWithoutSystem"_s, u"модуль не регистрирует систему лояльности"_s},
+            {u"pluginNameIt"_s, u"укажите модуль лояльности через --plugin"_s});
 }
 
 LoadedPlugin::~LoadedPlugin() = default;

@@ -1,20 +1,20 @@
 #pragma once
 
 #include "host/framework/basicloyaltysystem.h"
+#include "host/framework/spokenerror.h"
 
 #include <QObject>
 #include <QString>
 
 #include <memory>
-#include <stdexcept>
 
 namespace till {
 
 /// A plug-in that cannot be used; `what()` says in one line which file, why and what to do.
-class PluginError : public std::runtime_error
+class PluginError : public SpokenError
 {
 public:
-    explicit PluginError(const QString &text);
+    using SpokenError::SpokenError;
     ~PluginError() override;
 };
 

@@ -1,6 +1,10 @@
 #include "till/usage.h"
 
+#include "host/framework/tr.h"
+
 #include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
 
 namespace till {
 
@@ -27,16 +31,27 @@ std::string complaint(const CLI::App &app, const CLI::Error &error)
         || commandNames(lastCommand(app)).empty())
         return error.what();
     const auto words = app.remaining(true);
-    const std::string what
-        = words.empty() ? "a command is missing" : "\"" + words.front() + "\" is no command";
-    return what + "; it is one of " + commandNames(lastCommand(app));
+    const tr::Tr what = words.empty() ? tr::Tr(u"usageCommandMissing"_s, u"не указана команда"_s)
+                                      : tr::Tr(u"usageNoCommand"_s, u"«%1» — не команда"_s)
+                                            .arg(QString::fromStdString(words.front()));
+    return tr::Tr(u"usageOneOf"_s, u"%1; есть команды %2"_s)
+        .arg(what)
+        .arg(QString::fromStdString(commandNames(lastCommand(app))))
+        .ui()
+        .toStdString();
 }
 
 } // namespace
 
 std::string usageError(const CLI::App &app, const CLI::Error &error)
 {
-    return app.get_name() + ": " + complaint(app, error) + "; see " + app.get_name() + " --help\n";
+    const QString name = QString::fromStdString(app.get_name());
+    return tr::Tr(u"usageSeeHelp"_s, u"%1: %2; смотрите %1 --help"_s)
+               .arg(name)
+               .arg(QString::fromStdString(complaint(app, error)))
+               .ui()
+               .toStdString()
+        + '\n';
 }
 
 } // namespace till

@@ -1,5 +1,7 @@
 #include "till/windowstart.h"
 
+#include "host/framework/tr.h"
+
 #include <QCoreApplication>
 #include <QFile>
 
@@ -43,8 +45,11 @@ ExitStatus startWindow(const RunOptions &options)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
     execv(arguments.front(), arguments.data());
-    std::cerr << "korvel-till: the window " << words.front() << " cannot be started ("
-              << std::strerror(errno) << "); it is installed beside korvel-till" << std::endl;
+    const tr::Tr complaint = tr::Tr(u"tillWindowNotStarted"_s,
+        u"окно %1 не запускается (%2); оно устанавливается рядом с korvel-till"_s)
+                                 .arg(program)
+                                 .arg(QString::fromLocal8Bit(std::strerror(errno)));
+    std::cerr << "korvel-till: " << complaint.ui().toStdString() << std::endl;
     return ExitStatus::Unusable;
 }
 

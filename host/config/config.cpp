@@ -39,9 +39,10 @@ QByteArray contentsOf(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw ConfigError(
-            u"%1: the file cannot be read: %2; check its path and its permissions"_s.arg(
-                path, file.errorString()));
+        throw ConfigError(tr::Tr(u"configUnreadable"_s,
+            u"%1: файл не читается: %2; проверьте его путь и права доступа"_s)
+                              .arg(path)
+                              .arg(file.errorString()));
     return file.readAll();
 }
 
@@ -49,7 +50,9 @@ QString readValueFile(const QString &path)
 {
     std::optional<QString> text = config::decoded(contentsOf(path));
     if (!text)
-        throw ConfigError(u"%1: the file is not in UTF-8; save it as UTF-8"_s.arg(path));
+        throw ConfigError(
+            tr::Tr(u"configNotUtf8"_s, u"%1: файл не в кодировке UTF-8; сохраните его в UTF-8"_s)
+                .arg(path));
     if (text->endsWith(u'\n'))
         text->chop(1);
     if (text->endsWith(u'\r'))
@@ -81,8 +84,11 @@ QString resolved(const ini::Setting &setting, const QString &fileName)
     try {
         return readValueFile(path);
     } catch (const ConfigError &error) {
-        throw ConfigError(u"%1:%2:%3: %4"_s.arg(fileName, QString::number(setting.line),
-            QString::number(setting.column), QString::fromUtf8(error.what())));
+        throw ConfigError(tr::Tr(tr::undefined, u"%1:%2:%3: %4"_s)
+                              .arg(fileName)
+                              .arg(QString::number(setting.line))
+                              .arg(QString::number(setting.column))
+                              .arg(error.tr()));
     }
 }
 
@@ -92,10 +98,6 @@ Log4Qt::Logger *logger()
 }
 
 } // namespace
-
-ConfigError::ConfigError(const QString &text)
-    : std::runtime_error(text.toStdString())
-{ }
 
 ConfigError::~ConfigError() = default;
 

@@ -1,15 +1,11 @@
 #pragma once
 
-#include "host/export.h"
+#include "host/framework/spokenerror.h"
 
-#include <QString>
-
-#include <stdexcept>
-
-/// A configuration file that cannot be used; `what()` says file, line, column, why, and what to do.
-class POSHOST_EXPORT ConfigError : public std::runtime_error
+/// A configuration file that cannot be used; it says file, line, column, why, and what to do.
+class POSHOST_EXPORT ConfigError : public SpokenError
 {
 public:
-    explicit ConfigError(const QString &text);
+    using SpokenError::SpokenError;
     ~ConfigError() override;
 };

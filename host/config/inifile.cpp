@@ -32,17 +32,21 @@ public:
     [[nodiscard]] QList<Section> takeSections() { return std::move(m_sections); }
 
 private:
-    [[noreturn]] void fail(qsizetype offset, const QString &text) const
+    [[noreturn]] void fail(qsizetype offset, const tr::Tr &text) const
     {
-        throw ConfigError(u"%1:%2:%3: %4"_s.arg(
-            m_fileName, QString::number(m_line), QString::number(offset + 1), text));
+        throw ConfigError(tr::Tr(tr::undefined, u"%1:%2:%3: %4"_s)
+                              .arg(m_fileName)
+                              .arg(QString::number(m_line))
+                              .arg(QString::number(offset + 1))
+                              .arg(text));
     }
 
     [[nodiscard]] QString decoded(const QByteArray &bytes) const
     {
         const std::optional<QString> text = config::decoded(bytes);
         if (!text)
-            fail(0, u"the line is not in UTF-8; save the file as UTF-8"_s);
+            fail(0,
+                {u"configLineNotUtf8"_s, u"строка не в кодировке UTF-8; сохраните файл в UTF-8"_s});
         return *text;
     }
 
@@ -51,15 +55,20 @@ private:
         const qsizetype open = m_text.indexOf(u'[');
         const qsizetype close = m_text.indexOf(u']', open);
         if (close < 0)
-            fail(open, u"\"]\" is missing; close the section's name with it"_s);
+            fail(open, {u"configOpenSection"_s, u"не хватает «]»; закройте ею имя секции"_s});
         const QString rest = m_text.mid(close + 1);
         if (!rest.trimmed().isEmpty())
-            fail(close + 1, u"text behind \"]\"; put comments and settings on their own lines"_s);
+            fail(close + 1,
+                {u"configTextBehindSection"_s,
+                    u"текст после «]»; комментарии и настройки пишите в отдельных строках"_s});
         const QString name = m_text.mid(open + 1, close - open - 1).trimmed();
         if (name.isEmpty())
-            fail(open, u"the section has no name; write one between \"[\" and \"]\""_s);
+            fail(open,
+                {u"configSectionWithoutName"_s,
+                    u"у секции нет имени; напишите его между «[» и «]»"_s});
         if (name.contains(u':'))
-            fail(m_text.indexOf(u':'), u"\":\" in a section's name; choose a name without it"_s);
+            fail(m_text.indexOf(u':'),
+                {u"configColonInSection"_s, u"«:» в имени секции; выберите имя без неё"_s});
         m_sections.append({name, {}});
     }
 
@@ -68,12 +77,18 @@ private:
         const qsizetype start = firstNonBlank(0);
         const qsizetype equals = m_text.indexOf(u'=');
         if (equals < 0)
-            fail(start, u"\"=\" is missing; write \"key = value\", or \"#\" before a comment"_s);
+            fail(start,
+                {u"configEqualsMissing"_s,
+                    u"не хватает «=»; напишите «ключ = значение» или поставьте «#» перед "
+                    u"комментарием"_s});
         const QString key = m_text.left(equals).trimmed();
         if (key.isEmpty())
-            fail(start, u"the setting has no key; write one before \"=\""_s);
+            fail(
+                start, {u"configKeyMissing"_s, u"у настройки нет ключа; напишите его перед «=»"_s});
         if (m_sections.isEmpty())
-            fail(start, u"a setting before the first section; put a \"[section]\" above it"_s);
+            fail(start,
+                {u"configSectionMissing"_s,
+                    u"настройка перед первой секцией; поставьте над ней «[секция]»"_s});
         m_sections.last().settings.append({key, m_text.mid(equals + 1).trimmed(), m_line,
             static_cast<int>(firstNonBlank(equals + 1) + 1)});
     }

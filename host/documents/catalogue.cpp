@@ -13,10 +13,6 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-CatalogueError::CatalogueError(const QString &text)
-    : std::runtime_error(text.toStdString())
-{ }
-
 CatalogueError::~CatalogueError() = default;
 
 namespace {
@@ -45,8 +41,10 @@ QJsonValue parsed(const QByteArray &contents, const QString &fileName)
         const auto array = QByteArray::fromStdString(nlohmann::json::array({json}).dump());
         return QJsonDocument::fromJson(array)[0];
     } catch (const nlohmann::json::parse_error &error) {
-        throw CatalogueError(u"%1:%2: %3; correct the line"_s.arg(
-            fileName, placeOf(contents, error.byte), reasonOf(error)));
+        throw CatalogueError(tr::Tr(u"catalogueSyntax"_s, u"%1:%2: %3; исправьте строку"_s)
+                                 .arg(fileName)
+                                 .arg(placeOf(contents, error.byte))
+                                 .arg(reasonOf(error)));
     }
 }
 
@@ -75,8 +73,10 @@ Catalogue Catalogue::load(const QString &fileName)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        throw CatalogueError(u"%1: cannot be read: %2; see the setting Till:catalogue"_s.arg(
-            fileName, file.errorString()));
+        throw CatalogueError(tr::Tr(
+            u"catalogueUnreadable"_s, u"%1: не читается: %2; проверьте настройку Till:catalogue"_s)
+                                 .arg(fileName)
+                                 .arg(file.errorString()));
     return parse(file.readAll(), fileName);
 }
 
@@ -85,8 +85,9 @@ Catalogue Catalogue::parse(const QByteArray &contents, const QString &fileName)
     try {
         return cataloguereader::read(JsonField(parsed(contents, fileName)));
     } catch (const StorageError &error) {
-        throw CatalogueError(
-            u"%1: %2; correct the value"_s.arg(fileName, QString::fromUtf8(error.what())));
+        throw CatalogueError(tr::Tr(u"catalogueWrong"_s, u"%1: %2; исправьте значение"_s)
+                                 .arg(fileName)
+                                 .arg(error.tr()));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "host/documents/tmc.h"
 #include "host/export.h"
+#include "host/framework/spokenerror.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -9,8 +10,6 @@
 #include <QSharedPointer>
 #include <QString>
 #include <QStringList>
-
-#include <stdexcept>
 
 /// What the shop sells, one article. A record of values.
 struct Article
@@ -40,12 +39,12 @@ struct TillPlace
     int firstCheque = 1; ///< number of the first document of an empty state folder
 };
 
-/// A catalogue that cannot be used. `what()` names the file and then either line and column of a
+/// A catalogue that cannot be used. It names the file and then either line and column of a
 /// syntax error or the JSON pointer of the value and what was expected there.
-class POSHOST_EXPORT CatalogueError : public std::runtime_error
+class POSHOST_EXPORT CatalogueError : public SpokenError
 {
 public:
-    explicit CatalogueError(const QString &text);
+    using SpokenError::SpokenError;
     ~CatalogueError() override;
 };
 

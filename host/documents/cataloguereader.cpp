@@ -26,7 +26,7 @@ QStringList textsOf(const JsonField &parent, const QString &name)
 double priceOf(const JsonField &field)
 {
     if (!field.value().isDouble() || field.value().toDouble() < 0.0)
-        field.fail(u"a price, a number from 0 up"_s);
+        field.fail({u"jsonPrice"_s, u"цена, число от 0"_s});
     return field.value().toDouble();
 }
 
@@ -74,7 +74,9 @@ Article readArticle(const JsonField &field)
 void takeOnce(QSet<QString> &taken, const QString &key, const JsonField &article)
 {
     if (key.isEmpty() || taken.contains(key))
-        article.fail(u"a code and barcodes of its own, \"%1\" is none"_s.arg(key));
+        article.fail(
+            tr::Tr(u"jsonOwnCodes"_s, u"собственный код и собственные штрихкоды, «%1» уже занят"_s)
+                .arg(key));
     taken.insert(key);
 }
 
@@ -114,7 +116,7 @@ TillPlace readPlace(const JsonField &whole)
     if (const auto first = field->find(u"firstCheque"_s))
         place.firstCheque = first->integer();
     if (place.firstCheque < 1)
-        field->at(u"firstCheque"_s).fail(u"a number from 1 up"_s);
+        field->at(u"firstCheque"_s).fail({u"jsonNumberFromOne"_s, u"число от 1"_s});
     return place;
 }
 

@@ -60,8 +60,8 @@ void appendToReceipts(const QString &text)
         atomicfile::makePrivateFolder(folder);
         posix::File(fileName, O_WRONLY | O_APPEND | O_CREAT).write(text.toUtf8());
     } catch (const StorageError &error) {
-        throw BasicException(tr::Tr(u"receiptNotPrinted"_s, u"Не удалось напечатать: %1"_s)
-                                 .arg(QString::fromUtf8(error.what())));
+        throw BasicException(
+            tr::Tr(u"receiptNotPrinted"_s, u"Не удалось напечатать: %1"_s).arg(error.tr()));
     }
 }
 

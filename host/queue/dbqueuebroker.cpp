@@ -127,12 +127,11 @@ void DBQueueBroker::enqueue(
     try {
         outbox().put(newMessage(queue, message, remark));
     } catch (const StorageError &error) {
-        const QString reason = QString::fromUtf8(error.what());
-        Log4Qt::LogManager::logger(u"poshost.queue"_s)->error(reason);
+        Log4Qt::LogManager::logger(u"poshost.queue"_s)->error(error.tr().ru());
         throw BasicException(tr::Tr(u"queueMessageNotKept"_s,
             u"Не удалось сохранить чек в очередь отправки: %1. Запишите номер чека и сообщите "
             u"администратору"_s)
-                                 .arg(reason));
+                                 .arg(error.tr()));
     }
 }
 

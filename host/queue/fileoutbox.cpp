@@ -35,7 +35,9 @@ void FileOutbox::put(const QueueMessage &message)
         with([this, &message](MessageStore &store) {
             // What came before goes before.
             if (!m_spill.isEmpty())
-                throw StorageError(u"%1: what was spilled is not taken in yet"_s.arg(m_fileName));
+                throw StorageError(
+                    tr::Tr(u"queueSpilledWaits"_s, u"%1: отложенное вне файла ещё не перенесено"_s)
+                        .arg(m_fileName));
             store.append(message);
         });
     } catch (const StorageError &error) {
@@ -50,7 +52,7 @@ MessageStore &FileOutbox::store()
 {
     if (!m_store) {
         m_store = std::make_unique<MessageStore>(m_fileName, m_knownDamage);
-        m_knownDamage.clear();
+        m_knownDamage = {};
         keepBallast();
     }
     // Without room for the ballast the queue's file would only use up what the spill file needs.
@@ -89,7 +91,7 @@ void FileOutbox::close(const QueueUnusable &error)
     if (!dynamic_cast<const QueueDamaged *>(&error))
         return;
     // Where others have it open it stays: then the next who has it alone finds what is wrong.
-    m_knownDamage = m_store ? QString::fromUtf8(error.what()) : QString();
+    m_knownDamage = m_store ? error.tr() : tr::Tr();
     m_store.reset();
 }
 

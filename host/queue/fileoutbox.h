@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/outbox.h"
 #include "host/queue/spillfile.h"
 
@@ -34,5 +35,5 @@ private:
     qint64 m_ballastBytes;
     SpillFile m_spill;
     std::unique_ptr<MessageStore> m_store;
-    QString m_knownDamage;
+    tr::Tr m_knownDamage;
 };

@@ -46,7 +46,7 @@ QStringList columnsOfLease()
 
 } // namespace
 
-MessageStore::MessageStore(const QString &fileName, const QString &knownDamage)
+MessageStore::MessageStore(const QString &fileName, const tr::Tr &knownDamage)
     : MessageStore(std::make_unique<QueueFile>(fileName, knownDamage), leaseowner::makeName())
 { }
 
@@ -116,7 +116,9 @@ QList<QueueMessage> MessageStore::firstMovable(int count, const QDateTime &now)
     row.finish();
     transaction.commit();
     if (!busyLanes.isEmpty())
-        throw StorageError(u"%1: a message is still in another program's hands"_s.arg(fileName()));
+        throw StorageError(tr::Tr(
+            u"queueMessageInOtherHands"_s, u"%1: сообщение ещё отправляет другая программа"_s)
+                               .arg(fileName()));
     return messages;
 }
 
@@ -173,7 +175,9 @@ CheckedOut MessageStore::takeNext(const Wanted &wanted)
                 messagerow::written(now.addMSecs(leaseowner::leaseLength.count())), number});
     if (!row.next())
         throw QueueDamaged(
-            u"%1: message %2 stands in the index only"_s.arg(fileName()).arg(number));
+            tr::Tr(u"queueDamageIndex"_s, u"%1: сообщение %2 есть только в индексе"_s)
+                .arg(fileName())
+                .arg(QString::number(number)));
     next.message = messagetable::messageFrom(row);
     return next;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/queueerror.h"
 #include "host/queue/queuehome.h"
 #include "host/queue/queuemessage.h"
@@ -42,7 +43,7 @@ public:
     static constexpr int settledBetweenSums = 500;
 
     /// Opens the queue's file, see `QueueFile`.
-    explicit MessageStore(const QString &fileName, const QString &knownDamage = {});
+    explicit MessageStore(const QString &fileName, const tr::Tr &knownDamage = {});
     /// @param owner name of this deliverer, different from that of any other.
     MessageStore(std::unique_ptr<QueueHome> home, const QString &owner);
 

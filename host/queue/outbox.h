@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/messagestore.h"
 #include "host/queue/queueerror.h"
 
@@ -35,7 +36,7 @@ public:
     /// @throws StorageError when the file cannot be read.
     [[nodiscard]] virtual QList<QueueMessage> spilled() = 0;
     /// Why the queue could not be reached the last time; empty: it could, or needs no reaching.
-    [[nodiscard]] virtual QString unreached() const { return {}; }
+    [[nodiscard]] virtual tr::Tr unreached() const { return {}; }
     /// Closes what cannot be used any more; the next operation opens it again, and sets a damaged
     /// file aside.
     virtual void close(const QueueUnusable &error) = 0;

@@ -20,15 +20,17 @@ bool hasLog(const QString &fileName)
     return QFileInfo(fileName + u"-wal").size() > 0;
 }
 
-QString damageOfLength(QueueDatabase &database)
+tr::Tr damageOfLength(QueueDatabase &database)
 {
     const qint64 claimed
         = database.ask(u"page_count"_s).toLongLong() * database.ask(u"page_size"_s).toLongLong();
     const qint64 found = QFileInfo(database.fileName()).size();
     // What the log holds is not in the file yet.
     return found < claimed && !hasLog(database.fileName())
-        ? u"%1 of %2 bytes"_s.arg(QString::number(found), QString::number(claimed))
-        : QString();
+        ? tr::Tr(u"queueDamageLength"_s, u"%1 из %2 байт"_s)
+              .arg(QString::number(found))
+              .arg(QString::number(claimed))
+        : tr::Tr();
 }
 
 bool wasReadLately(QueueDatabase &database)
@@ -56,13 +58,13 @@ Finding readThrough(QueueDatabase &database)
 {
     const QString found
         = database.ask(isSmall(database) ? u"integrity_check(1)"_s : u"quick_check(1)"_s);
-    return {found == u"ok"_s ? QString() : found, true};
+    return {found == u"ok"_s ? tr::Tr() : tr::Tr(tr::undefined, found), true};
 }
 
 Finding lookAtDatabase(const QString &fileName)
 {
     QueueDatabase database(fileName, QueueDatabase::Use::Look);
-    const QString length = damageOfLength(database);
+    const tr::Tr length = damageOfLength(database);
     if (!length.isEmpty())
         return {length, false};
     if (isSmall(database) || hasLog(fileName) || !isKnown(database) || !wasReadLately(database))
@@ -77,13 +79,15 @@ Finding lookAt(const QString &fileName)
     // These the database would take for a new file, and throw the log away.
     const QFileInfo file(fileName);
     if (!file.exists())
-        return {hasLog(fileName) ? u"only its log is left"_s : QString(), false};
+        return {hasLog(fileName) ? tr::Tr(u"queueDamageOnlyLog"_s, u"остался только её журнал"_s)
+                                 : tr::Tr(),
+            false};
     if (file.isFile() && file.size() == 0)
-        return {u"it is empty"_s, false};
+        return {{u"queueDamageEmpty"_s, u"она пуста"_s}, false};
     try {
         return lookAtDatabase(fileName);
     } catch (const QueueDamaged &error) {
-        return {QString::fromUtf8(error.what()), false};
+        return {error.tr(), false};
     }
 }
 

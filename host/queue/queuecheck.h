@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/export.h"
+#include "host/framework/tr.h"
 #include "host/queue/queuedatabase.h"
 
 #include <QString>
@@ -15,7 +16,7 @@ inline constexpr int hoursBetweenReadings = 24;
 
 struct Finding
 {
-    QString damage; ///< what is wrong, for people; empty when nothing is, or when there is no file
+    tr::Tr damage; ///< what is wrong, for people; empty when nothing is, or when there is no file
     bool readThrough = false; ///< the whole file was read
 };
 

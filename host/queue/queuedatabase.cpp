@@ -60,17 +60,23 @@ QueueDatabase::QueueDatabase(
 
 QueueDatabase::~QueueDatabase() = default;
 
-void QueueDatabase::fail(const QString &what, const QSqlError &error) const
+void QueueDatabase::fail(const tr::Tr &what, const QSqlError &error) const
 {
     if (m_dialect.isShared())
-        throw QueueUnreached(what + u": "
-            + (wasCut() ? serverconnection::notAnsweredInTime : serverconnection::shown(error))
-            + u"; look at the server and the network");
-    const QString text = what + u": " + error.text();
+        throw QueueUnreached(tr::Tr(u"queueServerFailed"_s, u"%1: %2; проверьте сервер и сеть"_s)
+                                 .arg(what)
+                                 .arg(wasCut() ? serverconnection::notAnsweredInTime()
+                                               : serverconnection::shown(error)));
+    const tr::Tr text = tr::Tr(tr::undefined, u"%1: %2"_s).arg(what).arg(error.text());
     const int code = error.nativeErrorCode().toInt() & PrimaryCode;
     if (code == Corrupt || code == NoDatabase)
         throw QueueDamaged(text);
     throw StorageError(text);
+}
+
+void QueueDatabase::failUsing(const QSqlError &error) const
+{
+    fail(tr::Tr(u"queueNotUsed"_s, u"%1: очередь недоступна"_s).arg(m_fileName), error);
 }
 
 void QueueDatabase::open(Use use)
@@ -81,7 +87,8 @@ void QueueDatabase::open(Use use)
         options += u";QSQLITE_OPEN_READONLY"_s;
     m_connection.database().setConnectOptions(options);
     if (!m_connection.database().open())
-        fail(m_fileName + u": the queue cannot be opened, see \"Queue:database\"",
+        fail(tr::Tr(u"queueNotOpened"_s, u"%1: очередь не открывается, см. «Queue:database»"_s)
+                 .arg(m_fileName),
             m_connection.database().lastError());
 }
 
@@ -90,8 +97,10 @@ void QueueDatabase::configure()
     run(u"PRAGMA journal_mode = WAL"_s);
     run(u"PRAGMA synchronous = FULL"_s);
     if (ask(u"journal_mode"_s) != u"wal"_s || ask(u"synchronous"_s) != synchronousFull)
-        throw StorageError(u"%1: the queue's file system cannot keep what is committed; put the "
-                           u"file on a local disk by \"Queue:database\""_s.arg(m_fileName));
+        throw StorageError(tr::Tr(u"queueFileSystem"_s,
+            u"%1: файловая система очереди не хранит записанное надёжно; разместите файл на "
+            u"локальном диске через «Queue:database»"_s)
+                               .arg(m_fileName));
 }
 
 QString QueueDatabase::ask(const QString &pragma)
@@ -136,14 +145,14 @@ int QueueDatabase::change(const QString &statement, const QVariantList &values)
     if (found == m_changes.end()) {
         QSqlQuery query(m_connection.database());
         if (!query.prepare(statement))
-            fail(m_fileName + u": the queue cannot be used", query.lastError());
+            failUsing(query.lastError());
         found = m_changes.emplace(statement, std::move(query)).first;
     }
     QSqlQuery &query = found->second;
     for (int place = 0; place < values.size(); ++place)
         query.bindValue(place, values.at(place));
     if (!query.exec())
-        fail(m_fileName + u": the queue cannot be used", query.lastError());
+        failUsing(query.lastError());
     return query.numRowsAffected();
 }
 
@@ -164,7 +173,7 @@ QSqlQuery QueueDatabase::run(
         done = done && query.exec();
     }
     if (!done)
-        fail(m_fileName + u": the queue cannot be used", query.lastError());
+        failUsing(query.lastError());
     return query;
 }
 
@@ -180,7 +189,7 @@ QString QueueDatabase::execution(
         const QString name = u"queue_%1"_s.arg(m_prepared.size());
         QSqlQuery query(m_connection.database());
         if (!query.exec(serverconnection::preparation(name, statement)))
-            fail(m_fileName + u": the queue cannot be used", query.lastError());
+            failUsing(query.lastError());
         m_prepared.insert(statement, name);
     }
     return serverconnection::execution(

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/export.h"
+#include "host/framework/tr.h"
 #include "host/queue/sqldialect.h"
 
 #include <QHash>
@@ -95,7 +96,8 @@ private:
     void open(Use use);
     void configure();
     QString execution(const QString &statement, const QVariantList &values, Planning planning);
-    [[noreturn]] void fail(const QString &what, const QSqlError &error) const;
+    [[noreturn]] void fail(const tr::Tr &what, const QSqlError &error) const;
+    [[noreturn]] void failUsing(const QSqlError &error) const;
 
     QString m_fileName;
     const SqlDialect &m_dialect;

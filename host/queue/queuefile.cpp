@@ -30,7 +30,7 @@ void makePrivate(const QString &fileName)
 
 } // namespace
 
-QueueFile::QueueFile(const QString &fileName, const QString &knownDamage)
+QueueFile::QueueFile(const QString &fileName, const tr::Tr &knownDamage)
     : m_fileName(fileName)
     , m_presence(
           (atomicfile::makePrivateFolder(QFileInfo(fileName).absolutePath()), fileName + u".open"))
@@ -38,7 +38,9 @@ QueueFile::QueueFile(const QString &fileName, const QString &knownDamage)
     if (m_presence.tryLock())
         openAlone(knownDamage);
     if (!m_presence.share(openingByOthersWaitedFor))
-        throw StorageError(u"%1: another program is still opening the queue"_s.arg(fileName));
+        throw StorageError(
+            tr::Tr(u"queueBeingOpened"_s, u"%1: другая программа ещё открывает очередь"_s)
+                .arg(fileName));
     if (m_database)
         return;
     m_database = std::make_unique<QueueDatabase>(m_fileName);
@@ -52,7 +54,7 @@ QString QueueFile::deliveryLock() const
     return m_fileName + u".lock"_s;
 }
 
-void QueueFile::openAlone(const QString &knownDamage)
+void QueueFile::openAlone(const tr::Tr &knownDamage)
 {
     if (QFileInfo(m_fileName).isFile())
         makePrivate(m_fileName);
@@ -71,7 +73,7 @@ void QueueFile::openAlone(const QString &knownDamage)
     salvageWhatWasSetAside();
 }
 
-void QueueFile::setAside(const QString &damage)
+void QueueFile::setAside(const tr::Tr &damage)
 {
     const QString aside = setaside::move(m_fileName);
     note(tr::Tr(u"queueSetAside"_s,

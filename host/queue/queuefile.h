@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/queuehome.h"
 #include "host/storage/filelock.h"
 
@@ -19,7 +20,7 @@ public:
     ///        then, whatever the look at it says. Empty: nothing.
     /// @throws StorageError when the file cannot be opened, or stays in another process's opening
     ///         for two seconds; `QueueDamaged` when it is damaged and others have it open.
-    explicit QueueFile(const QString &fileName, const QString &knownDamage = {});
+    explicit QueueFile(const QString &fileName, const tr::Tr &knownDamage = {});
     ~QueueFile() override;
     Q_DISABLE_COPY_MOVE(QueueFile)
 
@@ -29,8 +30,8 @@ public:
     [[nodiscard]] QString deliveryLock() const override;
 
 private:
-    void openAlone(const QString &knownDamage);
-    void setAside(const QString &damage);
+    void openAlone(const tr::Tr &knownDamage);
+    void setAside(const tr::Tr &damage);
     void salvageWhatWasSetAside();
     void note(const tr::Tr &notice);
 

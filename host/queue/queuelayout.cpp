@@ -87,10 +87,11 @@ int layoutOf(QueueDatabase &database)
 {
     const int oldestThatCopes = database.ask(u"user_version"_s).toInt();
     if (oldestThatCopes > thisLayout)
-        throw StorageError(u"%1: the queue was made by a newer version (%2, this one knows %3); "
-                           u"install that one"_s.arg(database.fileName())
-                               .arg(oldestThatCopes)
-                               .arg(thisLayout));
+        throw StorageError(tr::Tr(u"queueNewer"_s,
+            u"%1: очередь создана более новой версией (%2, эта знает %3); установите ту версию"_s)
+                               .arg(database.fileName())
+                               .arg(QString::number(oldestThatCopes))
+                               .arg(QString::number(thisLayout)));
     return hasFacts(database) ? qMax(database.fact(u"layout"_s).toInt(), firstLayoutWithFacts)
                               : oldestThatCopes;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/export.h"
+#include "host/framework/tr.h"
 #include "host/queue/queuemessage.h"
 
 #include <QList>
@@ -22,7 +23,7 @@ public:
     struct Beside
     {
         /// Why a shared queue cannot be reached: the store is then this machine's own.
-        QString unreached;
+        tr::Tr unreached;
         /// This machine's own store with what waits to move to a shared queue; null: none beside.
         /// Must outlive the office too.
         MessageStore *local = nullptr;
@@ -44,7 +45,7 @@ public:
         QDateTime lastErrorTime;
         QDateTime lastSuccess; ///< when a message was delivered; invalid: never
         /// Why a shared queue cannot be reached; the counts are then those of this machine.
-        QString unreached;
+        tr::Tr unreached;
         /// Messages of this machine that have to move to a shared queue, with those spilled.
         qint64 waitingHere = 0;
     };

@@ -33,9 +33,11 @@ QByteArray line(const QJsonObject &members)
     return QJsonDocument(members).toJson(QJsonDocument::Compact) + '\n';
 }
 
-[[noreturn]] void failReading(const QString &fileName, const QString &why)
+[[noreturn]] void failReading(const QString &fileName, const tr::Tr &why)
 {
-    throw StorageError(u"%1: %2; nothing was taken from it"_s.arg(fileName, why));
+    throw StorageError(tr::Tr(u"queueFileNotTaken"_s, u"%1: %2; из него ничего не взято"_s)
+                           .arg(fileName)
+                           .arg(why));
 }
 
 QJsonObject readObject(const QByteArray &text)
@@ -49,9 +51,11 @@ void readExport(const QString &fileName, const std::function<void(QueueMessage &
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        failReading(fileName, u"cannot be read: "_s + file.errorString());
+        failReading(fileName,
+            tr::Tr(u"queueFileUnreadable"_s, u"не читается: %1"_s).arg(file.errorString()));
     if (readObject(file.readLine())[formatMember].toInt() != format)
-        failReading(fileName, u"no file of exported messages of this version"_s);
+        failReading(
+            fileName, {u"queueFileForeign"_s, u"это не файл выгруженных сообщений этой версии"_s});
     int count = 0;
     while (!file.atEnd()) {
         const QByteArray text = file.readLine();
@@ -63,9 +67,11 @@ void readExport(const QString &fileName, const std::function<void(QueueMessage &
         const QJsonObject end = readObject(text);
         if (file.atEnd() && end[countMember].toInt(-1) == count)
             return;
-        failReading(fileName, u"line %1 is damaged"_s.arg(count + 2));
+        failReading(fileName,
+            tr::Tr(u"queueFileLineDamaged"_s, u"строка %1 повреждена"_s)
+                .arg(QString::number(count + 2)));
     }
-    failReading(fileName, u"its end is missing"_s);
+    failReading(fileName, {u"queueFileCut"_s, u"не хватает конца"_s});
 }
 
 /// Writes the messages behind each other and marks them as moved.
@@ -105,7 +111,9 @@ bool takeBack(QueueDatabase &database, const QueueMessage &message)
 int QueueOffice::exportTo(const QString &fileName)
 {
     if (QFileInfo::exists(fileName))
-        throw StorageError(u"%1: is there already; choose another name"_s.arg(fileName));
+        throw StorageError(
+            tr::Tr(u"queueFileThere"_s, u"%1: такой файл уже есть; выберите другое имя"_s)
+                .arg(fileName));
     const QString made = fileName + u".new";
     int count = 0;
     try {

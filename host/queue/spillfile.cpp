@@ -19,15 +19,17 @@ constexpr std::chrono::seconds lockWaitedFor{2};
 void lock(posix::File &file, const QString &fileName)
 {
     if (!file.tryLock(lockWaitedFor))
-        throw StorageError(u"%1: in use by another program"_s.arg(fileName));
+        throw StorageError(tr::Tr(u"fileInUse"_s, u"%1: занят другой программой"_s).arg(fileName));
 }
 
 QByteArray contentsOf(const QString &fileName)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        throw StorageError(u"%1: cannot be read: %2; see that it belongs to the till's user"_s.arg(
-            fileName, file.errorString()));
+        throw StorageError(tr::Tr(u"fileUnreadable"_s,
+            u"%1: не читается: %2; проверьте, что он принадлежит пользователю кассы"_s)
+                               .arg(fileName)
+                               .arg(file.errorString()));
     return file.readAll();
 }
 

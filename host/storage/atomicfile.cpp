@@ -36,8 +36,10 @@ void writeSynced(const QString &fileName, const QByteArray &contents)
 void rename(const QString &from, const QString &to)
 {
     if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
-        throw StorageError(u"%1: cannot be replaced: %2; see that the folder is writable"_s.arg(
-            to, posix::lastError()));
+        throw StorageError(tr::Tr(u"fileNotReplaced"_s,
+            u"%1: не заменяется: %2; проверьте, доступна ли папка для записи"_s)
+                               .arg(to)
+                               .arg(posix::lastError()));
 }
 
 } // namespace
@@ -73,9 +75,10 @@ void makePrivateFolder(const QString &folder)
     const QString error = isMade ? QString() : posix::lastError();
     // Another program may have been first, and not have synced it yet.
     if (!isMade && !QFileInfo(made).isDir())
-        throw StorageError(
-            u"%1: the folder cannot be made: %2; make it, or choose another one"_s.arg(
-                folder, error));
+        throw StorageError(tr::Tr(
+            u"folderNotMade"_s, u"%1: папка не создаётся: %2; создайте её или выберите другую"_s)
+                               .arg(folder)
+                               .arg(error));
     posix::syncFolder(folderOf(made));
 }
 
@@ -88,8 +91,10 @@ void remove(const QString &fileName)
 void removeUnsynced(const QString &fileName)
 {
     if (::unlink(QFile::encodeName(fileName).constData()) != 0 && errno != ENOENT)
-        throw StorageError(u"%1: cannot be removed: %2; see that the folder is writable"_s.arg(
-            fileName, posix::lastError()));
+        throw StorageError(tr::Tr(
+            u"fileNotRemoved"_s, u"%1: не удаляется: %2; проверьте, доступна ли папка для записи"_s)
+                               .arg(fileName)
+                               .arg(posix::lastError()));
 }
 
 } // namespace atomicfile

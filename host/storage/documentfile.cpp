@@ -57,8 +57,10 @@ QSharedPointer<AbstractDocument> load(const QString &fileName)
     if (!file.exists())
         return {};
     if (!file.open(QIODevice::ReadOnly))
-        throw StorageError(u"%1: cannot be read: %2; see that it belongs to the till's user"_s.arg(
-            fileName, file.errorString()));
+        throw StorageError(tr::Tr(u"fileUnreadable"_s,
+            u"%1: не читается: %2; проверьте, что он принадлежит пользователю кассы"_s)
+                               .arg(fileName)
+                               .arg(file.errorString()));
     return documentjson::read(file.readAll(), fileName);
 }
 

@@ -42,7 +42,7 @@ EDocumentState readState(const JsonField &field)
     for (const auto &[value, name] : states())
         if (name == field.text())
             return value;
-    field.fail(u"open, closed or cancelled"_s);
+    field.fail({u"jsonDocumentState"_s, u"open, closed или cancelled"_s});
 }
 
 EDocumentType readType(const JsonField &field)
@@ -55,7 +55,7 @@ EDocumentType readType(const JsonField &field)
     case EDocumentType::ReturnOfSale:
         return type;
     }
-    field.fail(u"the code of a document type"_s);
+    field.fail({u"jsonDocumentType"_s, u"код вида документа"_s});
 }
 
 void readHead(const JsonField &field, AbstractDocument &document)
@@ -250,7 +250,9 @@ void writeLastMembers(JsonWriter &json, const AbstractDocument &document)
 QSharedPointer<AbstractDocument> readDocument(const JsonField &field)
 {
     if (field.at(u"format"_s).integer() != format)
-        field.at(u"format"_s).fail(u"%1, which is what this version can read"_s.arg(format));
+        field.at(u"format"_s)
+            .fail(tr::Tr(u"jsonFormat"_s, u"%1: только это читает данная версия"_s)
+                      .arg(QString::number(format)));
     auto document = QSharedPointer<AbstractDocument>::create(
         readType(field.at(u"type"_s)), field.at(u"number"_s).text());
     readHead(field, *document);
@@ -287,14 +289,19 @@ QSharedPointer<AbstractDocument> read(const QByteArray &contents, const QString 
 {
     QJsonParseError syntax;
     const auto json = QJsonDocument::fromJson(contents, &syntax);
-    const QString remedy = u"restore the file from a copy, or move it away"_s;
+    const tr::Tr remedy{
+        u"documentRestoreRemedy"_s, u"восстановите файл из копии или уберите его"_s};
     if (syntax.error != QJsonParseError::NoError)
-        throw StorageError(u"%1: damaged at byte %2: %3; %4"_s.arg(
-            fileName, QString::number(syntax.offset), syntax.errorString(), remedy));
+        throw StorageError(tr::Tr(u"documentDamaged"_s, u"%1: повреждён в байте %2: %3; %4"_s)
+                               .arg(fileName)
+                               .arg(QString::number(syntax.offset))
+                               .arg(syntax.errorString())
+                               .arg(remedy));
     try {
         return readDocument(JsonField(json.object()));
     } catch (const StorageError &error) {
-        throw StorageError(u"%1: %2; %3"_s.arg(fileName, QString::fromUtf8(error.what()), remedy));
+        throw StorageError(
+            tr::Tr(tr::undefined, u"%1: %2; %3"_s).arg(fileName).arg(error.tr()).arg(remedy));
     }
 }
 

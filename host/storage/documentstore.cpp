@@ -50,9 +50,11 @@ DocumentStore::DocumentStore()
     : m_lock(lockFile())
 {
     if (!m_lock.tryLock())
-        throw StorageError(
-            u"%1: another till (process %2) has this folder open; end it, or choose another folder"_s
-                .arg(folder().path(), m_lock.holder()));
+        throw StorageError(tr::Tr(u"stateFolderInUse"_s,
+            u"%1: с этой папкой уже работает другая касса (процесс %2); завершите её или "
+            u"выберите другую папку"_s)
+                               .arg(folder().path())
+                               .arg(m_lock.holder()));
     atomicfile::makePrivateFolder(folder().closedDocuments());
 }
 
@@ -87,11 +89,14 @@ void DocumentStore::close(const QSharedPointer<AbstractDocument> &document)
 {
     const QString number = document->getNumber();
     if (!isFileName(number))
-        throw StorageError(u"%1: \"%2\" is no document number; letters and digits are"_s.arg(
-            folder().closedDocuments(), number));
+        throw StorageError(tr::Tr(u"documentNumberWrong"_s,
+            u"%1: «%2» — не номер документа; номер состоит из букв и цифр"_s)
+                               .arg(folder().closedDocuments())
+                               .arg(number));
     if (const auto closed = loadClosed(number); closed && !documentfile::isSame(*closed, *document))
-        throw StorageError(u"%1: holds another document of this number; cancel the open one"_s.arg(
-            closedFile(number)));
+        throw StorageError(tr::Tr(u"documentNumberTaken"_s,
+            u"%1: там другой документ с этим номером; отмените открытый"_s)
+                               .arg(closedFile(number)));
     documentfile::save(*document, closedFile(number));
     dropEndedOne();
 }

@@ -29,7 +29,7 @@ QSharedPointer<DocumentCardRecord> readCard(const JsonField &field, const CardRe
         return cardjson::read(field);
     const int place = field.integer();
     if (place < 0 || place >= cards.size())
-        field.fail(u"the place of a card record of this document"_s);
+        field.fail({u"jsonCardPlace"_s, u"место записи карты в этом документе"_s});
     return cards.at(place);
 }
 

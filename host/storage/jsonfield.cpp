@@ -23,10 +23,10 @@ JsonField::JsonField(const QJsonValue &value, const QString &parentPointer, cons
 JsonField JsonField::at(const QString &name) const
 {
     if (!m_value.isObject())
-        fail(u"an object"_s);
+        fail({u"jsonObject"_s, u"объект"_s});
     const JsonField member(m_value[name], m_pointer, name);
     if (member.value().isUndefined())
-        member.fail(u"a value"_s);
+        member.fail({u"jsonValue"_s, u"значение"_s});
     return member;
 }
 
@@ -40,16 +40,17 @@ std::optional<JsonField> JsonField::find(const QString &name) const
 void JsonField::allowOnly(const QStringList &names) const
 {
     if (!m_value.isObject())
-        fail(u"an object"_s);
+        fail({u"jsonObject"_s, u"объект"_s});
     for (const JsonField &member : items())
         if (!names.contains(member.name()))
-            member.fail(u"no such member; the known ones are %1"_s.arg(names.join(u", "_s)));
+            member.fail(tr::Tr(u"jsonNoSuchMember"_s, u"такого члена нет; известны %1"_s)
+                            .arg(names.join(u", "_s)));
 }
 
 QList<JsonField> JsonField::items() const
 {
     if (!m_value.isArray() && !m_value.isObject())
-        fail(u"an array or an object"_s);
+        fail({u"jsonArrayOrObject"_s, u"массив или объект"_s});
     QList<JsonField> fields;
     const QJsonArray array = m_value.toArray();
     for (qsizetype i = 0; i < array.size(); ++i)
@@ -63,14 +64,14 @@ QList<JsonField> JsonField::items() const
 QString JsonField::text() const
 {
     if (!m_value.isString())
-        fail(u"a text"_s);
+        fail({u"jsonText"_s, u"текст"_s});
     return m_value.toString();
 }
 
 bool JsonField::flag() const
 {
     if (!m_value.isBool())
-        fail(u"true or false"_s);
+        fail({u"jsonBoolean"_s, u"true или false"_s});
     return m_value.toBool();
 }
 
@@ -79,7 +80,7 @@ int JsonField::integer() const
     using Limits = std::numeric_limits<int>;
     const qint64 number = m_value.toInteger(std::numeric_limits<qint64>::max());
     if (number < Limits::min() || number > Limits::max())
-        fail(u"an integer of 32 bits"_s);
+        fail({u"jsonInteger"_s, u"целое число в 32 разряда"_s});
     return static_cast<int>(number);
 }
 
@@ -87,7 +88,7 @@ double JsonField::number() const
 {
     const auto number = variantjson::toDouble(m_value);
     if (!number)
-        fail(u"a number"_s);
+        fail({u"jsonNumber"_s, u"число"_s});
     return *number;
 }
 
@@ -97,7 +98,7 @@ QDateTime JsonField::time() const
         return {};
     const QDateTime time = QDateTime::fromString(text(), Qt::ISODateWithMs);
     if (!time.isValid())
-        fail(u"date and time or null"_s);
+        fail({u"jsonDateTime"_s, u"дата и время или null"_s});
     return time;
 }
 
@@ -106,7 +107,8 @@ QVariant JsonField::variant() const
     return variantjson::toVariant(*this);
 }
 
-void JsonField::fail(const QString &expected) const
+void JsonField::fail(const tr::Tr &expected) const
 {
-    throw StorageError(u"at \"%1\": expected %2"_s.arg(m_pointer, expected));
+    throw StorageError(
+        tr::Tr(u"jsonExpected"_s, u"«%1»: ожидается %2"_s).arg(m_pointer).arg(expected));
 }

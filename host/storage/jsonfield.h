@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/framework/tr.h"
+
 #include <QDateTime>
 #include <QJsonValue>
 #include <QList>
@@ -43,7 +45,7 @@ public:
     [[nodiscard]] QVariant variant() const;
 
     /// Throws the error for this place.
-    [[noreturn]] void fail(const QString &expected) const;
+    [[noreturn]] void fail(const tr::Tr &expected) const;
 
 private:
     JsonField(const QJsonValue &value, const QString &parentPointer, const QString &name);

@@ -3,15 +3,19 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <charconv>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype blanksOfALevel = 4;
-constexpr qsizetype usualSize = 16384;
+constexpr std::size_t blanksOfALevel = 4;
+// Room for a hundred positions: more would be fetched from the system anew for each document.
+constexpr std::size_t usualSize = 120 * 1024;
 constexpr int hexBase = 16;
 // Up to there every whole number is a double of its own, and its digits are the shortest.
 constexpr double wholeNumbersEnd = 9007199254740992.0;
@@ -40,33 +44,39 @@ char shortEscape(char16_t unit)
 
 bool isPlain(QChar character)
 {
-    constexpr char16_t asciiEnd = 0x80;
-    const char16_t unit = character.unicode();
-    return unit >= u' ' && unit < asciiEnd && unit != u'"' && unit != u'\\';
+    return character >= u' ' && character != u'"' && character != u'\\' && !character.isSurrogate();
 }
 
-void appendEscape(QByteArray &bytes, char16_t unit)
+void append(std::string &bytes, const QByteArray &more)
+{
+    bytes.append(more.constData(), static_cast<std::size_t>(more.size()));
+}
+
+void appendEscape(std::string &bytes, char16_t unit)
 {
     constexpr int digits = 4;
     bytes += '\\';
     if (const char letter = shortEscape(unit))
         bytes += letter;
     else
-        bytes += 'u' + QByteArray::number(unit, hexBase).rightJustified(digits, '0');
+        append(bytes, 'u' + QByteArray::number(unit, hexBase).rightJustified(digits, '0'));
+}
+
+void appendWhole(std::string &bytes, qint64 number)
+{
+    std::array<char, std::numeric_limits<qint64>::digits10 + 2> digits; // one more, and a sign
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    bytes.append(digits.data(), end);
 }
 
 // Appends what the text begins with and is not plain; how much of the text that was.
-qsizetype appendSpecial(QByteArray &bytes, QStringView text)
+qsizetype appendSpecial(std::string &bytes, QStringView text)
 {
-    const QChar first = text.front();
-    if (first.isHighSurrogate() && text.size() > 1 && text[1].isLowSurrogate()) {
-        bytes += text.first(2).toUtf8();
+    if (text.front().isHighSurrogate() && text.size() > 1 && text[1].isLowSurrogate()) {
+        append(bytes, text.first(2).toUtf8());
         return 2;
     }
-    if (first < u' ' || first == u'"' || first == u'\\' || first.isSurrogate())
-        appendEscape(bytes, first.unicode());
-    else
-        bytes += text.first(1).toUtf8();
+    appendEscape(bytes, text.front().unicode());
     return 1;
 }
 
@@ -75,6 +85,11 @@ qsizetype appendSpecial(QByteArray &bytes, QStringView text)
 JsonWriter::JsonWriter()
 {
     m_bytes.reserve(usualSize);
+}
+
+QByteArray JsonWriter::written() const
+{
+    return QByteArray::fromStdString(m_bytes);
 }
 
 void JsonWriter::begin(char bracket)
@@ -93,6 +108,8 @@ void JsonWriter::end(char bracket)
     --m_depth;
     indent();
     m_bytes += bracket;
+    if (m_depth == 0)
+        m_bytes += '\n';
     m_isFirst = false;
 }
 
@@ -117,7 +134,7 @@ void JsonWriter::key(QLatin1String name)
 {
     place();
     m_bytes += '"';
-    m_bytes.append(name.data(), name.size());
+    m_bytes.append(name.data(), static_cast<std::size_t>(name.size()));
     m_bytes += "\": ";
     m_hasKey = true;
 }
@@ -145,7 +162,7 @@ void JsonWriter::value(bool flag)
 void JsonWriter::value(int number)
 {
     place();
-    m_bytes += QByteArray::number(number);
+    appendWhole(m_bytes, number);
 }
 
 void JsonWriter::value(double number)
@@ -153,11 +170,11 @@ void JsonWriter::value(double number)
     place();
     const bool isMinusZero = number == 0.0 && std::signbit(number);
     if (!std::isfinite(number) || isMinusZero)
-        m_bytes += "\"0x" + QByteArray::number(std::bit_cast<quint64>(number), hexBase) + '"';
+        append(m_bytes, "\"0x" + QByteArray::number(std::bit_cast<quint64>(number), hexBase) + '"');
     else if (std::abs(number) < wholeNumbersEnd && std::trunc(number) == number)
-        m_bytes += QByteArray::number(static_cast<qint64>(number));
+        appendWhole(m_bytes, static_cast<qint64>(number));
     else
-        m_bytes += QByteArray::number(number, 'g', QLocale::FloatingPointShortest);
+        append(m_bytes, QByteArray::number(number, 'g', QLocale::FloatingPointShortest));
 }
 
 void JsonWriter::value(const QString &text)
@@ -179,8 +196,7 @@ void JsonWriter::quote(QStringView text)
     m_bytes += '"';
     while (!text.isEmpty()) {
         const auto plain = std::find_if_not(text.cbegin(), text.cend(), isPlain) - text.cbegin();
-        for (const QChar character : text.first(plain))
-            m_bytes += character.toLatin1();
+        append(m_bytes, text.first(plain).toUtf8());
         text = text.sliced(plain);
         if (!text.isEmpty())
             text = text.sliced(appendSpecial(m_bytes, text));

@@ -7,6 +7,8 @@
 #include <QLatin1String>
 #include <QString>
 
+#include <string>
+
 /// Writes JSON piece by piece, byte for byte what `QJsonDocument` would write indented, without
 /// building the whole in memory first: a document is written at each step of a sale.
 ///
@@ -44,7 +46,7 @@ public:
     }
 
     /// The whole; only when everything that was begun has ended.
-    [[nodiscard]] QByteArray written() const { return m_bytes + '\n'; }
+    [[nodiscard]] QByteArray written() const;
 
 private:
     void begin(char bracket);
@@ -53,8 +55,8 @@ private:
     void indent();
     void quote(QStringView text);
 
-    QByteArray m_bytes;
-    qsizetype m_depth = 0;
+    std::string m_bytes; ///< a QByteArray calls out for each append
+    std::size_t m_depth = 0;
     bool m_isFirst = true; ///< in what was begun last
     bool m_hasKey = false; ///< what comes next is a member's value
 };

@@ -25,9 +25,10 @@ std::optional<qint64> highest(const QString &fileName)
     if (file.open(QIODevice::ReadOnly))
         number = QJsonDocument::fromJson(file.readAll())[highestNumber].toInteger(none);
     if (number == none)
-        throw StorageError(
-            u"%1: the highest document number cannot be read; restore the file, or "
-            u"remove it to count on from the documents that are there"_s.arg(fileName));
+        throw StorageError(tr::Tr(u"documentNumberUnreadable"_s,
+            u"%1: не читается наибольший номер документа; восстановите файл или удалите "
+            u"его, чтобы считать дальше по имеющимся документам"_s)
+                               .arg(fileName));
     return number;
 }
 

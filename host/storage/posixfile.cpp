@@ -34,7 +34,7 @@ File::File(const QString &fileName, int flags)
     , m_descriptor(::open(QFile::encodeName(fileName).constData(), flags | O_CLOEXEC, privateFile))
 {
     if (m_descriptor < 0)
-        fail(u"cannot be opened"_s);
+        fail({u"fileNotOpened"_s, u"не открывается"_s});
 }
 
 File::~File()
@@ -50,7 +50,7 @@ void File::write(const QByteArray &bytes)
         const ssize_t count = ::write(m_descriptor, bytes.constData() + written,
             static_cast<std::size_t>(bytes.size() - written));
         if (count < 0 && errno != EINTR)
-            fail(u"cannot be written"_s);
+            fail({u"fileNotWritten"_s, u"не записывается"_s});
         written += qMax(count, ssize_t{0});
     }
 }
@@ -58,7 +58,7 @@ void File::write(const QByteArray &bytes)
 void File::sync()
 {
     if (::fsync(m_descriptor) != 0)
-        fail(u"cannot be synced to disk"_s);
+        fail({u"fileNotSynced"_s, u"не сбрасывается на диск"_s});
 }
 
 bool File::tryLock()
@@ -81,7 +81,7 @@ bool File::takeLock(int kind, std::chrono::milliseconds wait)
     const auto deadline = std::chrono::steady_clock::now() + wait;
     while (::flock(m_descriptor, kind | LOCK_NB) != 0) {
         if (errno != EWOULDBLOCK)
-            fail(u"cannot be locked"_s);
+            fail({u"fileNotLocked"_s, u"не блокируется"_s});
         if (std::chrono::steady_clock::now() >= deadline)
             return false;
         std::this_thread::sleep_for(lookAgainAfter);
@@ -92,20 +92,20 @@ bool File::takeLock(int kind, std::chrono::milliseconds wait)
 void File::makePrivate()
 {
     if (::fchmod(m_descriptor, privateFile) != 0)
-        fail(u"cannot be made private"_s);
+        fail({u"fileNotPrivate"_s, u"нельзя закрыть от других пользователей"_s});
 }
 
 void File::truncate(qint64 size)
 {
     if (::ftruncate(m_descriptor, size) != 0)
-        fail(u"cannot be cut"_s);
+        fail({u"fileNotCut"_s, u"не усекается"_s});
 }
 
 void File::reserve(qint64 size)
 {
     errno = ::posix_fallocate(m_descriptor, 0, size);
     if (errno != 0)
-        fail(u"has no room"_s);
+        fail({u"fileNoRoom"_s, u"не хватает места"_s});
 }
 
 qint64 File::size() const
@@ -113,7 +113,7 @@ qint64 File::size() const
     struct stat status
     { };
     if (::fstat(m_descriptor, &status) != 0)
-        fail(u"cannot be looked at"_s);
+        fail({u"fileNotLookedAt"_s, u"недоступен"_s});
     return status.st_size;
 }
 
@@ -122,14 +122,16 @@ void File::close()
     const int descriptor = m_descriptor;
     m_descriptor = -1;
     if (::close(descriptor) != 0)
-        fail(u"cannot be closed"_s);
+        fail({u"fileNotClosed"_s, u"не закрывается"_s});
 }
 
-void File::fail(const QString &what) const
+void File::fail(const tr::Tr &what) const
 {
-    throw StorageError(
-        u"%1: %2: %3; see that the folder is there and writable and the disk not full"_s.arg(
-            m_fileName, what, lastError()));
+    throw StorageError(tr::Tr(u"fileFailed"_s,
+        u"%1: %2: %3; проверьте, что папка есть и доступна для записи и что на диске есть место"_s)
+                           .arg(m_fileName)
+                           .arg(what)
+                           .arg(lastError()));
 }
 
 void syncFolder(const QString &folder)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/framework/tr.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -48,7 +50,7 @@ public:
 
 private:
     [[nodiscard]] bool takeLock(int kind, std::chrono::milliseconds wait);
-    [[noreturn]] void fail(const QString &what) const;
+    [[noreturn]] void fail(const tr::Tr &what) const;
 
     QString m_fileName;
     int m_descriptor;

@@ -41,7 +41,7 @@ void SaveToFileLogic::save(
         else
             documentfile::save(*document, folder->path() + u'/' + fileName);
     } catch (const StorageError &error) {
-        throw BasicException(tr::Tr(u"documentNotSaved"_s, u"Не удалось сохранить документ: %1"_s)
-                                 .arg(QString::fromUtf8(error.what())));
+        throw BasicException(
+            tr::Tr(u"documentNotSaved"_s, u"Не удалось сохранить документ: %1"_s).arg(error.tr()));
     }
 }

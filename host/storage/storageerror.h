@@ -1,16 +1,12 @@
 #pragma once
 
-#include "host/export.h"
+#include "host/framework/spokenerror.h"
 
-#include <QString>
-
-#include <stdexcept>
-
-/// Something on disk that cannot be read, written or locked. `what()` is one line for people: what
-/// failed, which file, and what to do.
-class POSHOST_EXPORT StorageError : public std::runtime_error
+/// Something on disk that cannot be read, written or locked: what failed, which file, and what to
+/// do.
+class POSHOST_EXPORT StorageError : public SpokenError
 {
 public:
-    explicit StorageError(const QString &text);
+    using SpokenError::SpokenError;
     ~StorageError() override;
 };

@@ -78,7 +78,7 @@ QVariant readDate(const JsonField &field)
         return QDate();
     const QDate date = QDate::fromString(field.text(), Qt::ISODate);
     if (!date.isValid())
-        field.fail(u"a date or null"_s);
+        field.fail({u"jsonDate"_s, u"дата или null"_s});
     return date;
 }
 
@@ -92,7 +92,7 @@ template <typename Integer> QVariant readFromText(const JsonField &field)
 {
     QVariant number(field.text());
     if (!number.convert(QMetaType::fromType<Integer>()))
-        field.fail(u"an integer as a text"_s);
+        field.fail({u"jsonIntegerText"_s, u"целое число в виде текста"_s});
     return number;
 }
 
@@ -140,8 +140,9 @@ void writeAsKind(JsonWriter &json, const QVariant &value)
     const auto kind = std::find_if(
         kinds().cbegin(), kinds().cend(), [type](const Kind &other) { return other.type == type; });
     if (kind == kinds().cend())
-        throw StorageError(u"values of the type %1 cannot be kept in a document"_s.arg(
-            QString::fromLatin1(value.typeName())));
+        throw StorageError(
+            tr::Tr(u"documentTypeNotKept"_s, u"значения типа %1 нельзя хранить в документе"_s)
+                .arg(QString::fromLatin1(value.typeName())));
     json.beginObject();
     json.key(kind->name);
     kind->write(json, value);
@@ -186,7 +187,7 @@ QVariant toVariant(const JsonField &field)
     const auto kind = std::find_if(kinds().cbegin(), kinds().cend(),
         [&names](const Kind &other) { return names == QStringList{QString(other.name)}; });
     if (kind == kinds().cend())
-        field.fail(u"a value of a known kind"_s);
+        field.fail({u"jsonKnownKind"_s, u"значение известного вида"_s});
     return kind->read(field.at(kind->name));
 }
 

@@ -50,17 +50,20 @@ const QMap<QString, Words> wordsAfter{{u"sale"_s, openedLine}, {u"return"_s, wor
 QString questionAndAnswer(const RecordedDialog &dialog)
 {
     const QString text = u"«%1»"_s.arg(dialog.message.ui());
-    return dialog.kind == RecordedDialog::Kind::Message
-        ? u"The cashier reads: "_s + text
-        : u"The cashier is asked: %1 and answers: %2"_s.arg(text, dialog.answer);
+    const tr::Tr told = dialog.kind == RecordedDialog::Kind::Message
+        ? tr::Tr(u"consoleReads"_s, u"Кассир читает: %1"_s).arg(text)
+        : tr::Tr(u"consoleAnswers"_s, u"Кассира спрашивают: %1, он отвечает: %2"_s)
+              .arg(text)
+              .arg(dialog.answer);
+    return told.ui();
 }
 
 QString happening(const QString &entry)
 {
     if (entry == u"post")
-        return u"The loyalty service is asked."_s;
+        return tr::Tr(u"consoleServiceAsked"_s, u"Обращение к системе лояльности."_s).ui();
     if (entry.startsWith(u"enqueue "))
-        return u"The cheque is in the outgoing queue, on disk."_s;
+        return tr::Tr(u"consoleEnqueued"_s, u"Чек в очереди отправки, на диске."_s).ui();
     return {};
 }
 
@@ -124,9 +127,11 @@ void Narrator::tellDialog(const RecordedDialog &dialog)
 void Narrator::tellRefusal(const Outcome &outcome)
 {
     if (outcome.refusal)
-        line(Colour::Red, u"Refused: «%1»"_s.arg(outcome.refusal->message.ui()));
+        line(Colour::Red,
+            tr::Tr(u"consoleRefused"_s, u"Отказ: «%1»"_s).arg(outcome.refusal->message).ui());
     else if (outcome.result.typeId() == QMetaType::Int)
-        line(Colour::Red, u"The plug-in stopped it."_s);
+        line(Colour::Red,
+            tr::Tr(u"consoleStopped"_s, u"Модуль лояльности остановил операцию."_s).ui());
 }
 
 void Narrator::tellDocument(const ExecutedCommand &command)
@@ -135,7 +140,7 @@ void Narrator::tellDocument(const ExecutedCommand &command)
     if (words == wordsAfter.cend())
         return;
     if (!command.document)
-        return line(u"No document is open."_s);
+        return line(tr::Tr(u"consoleNoDocument"_s, u"Нет открытого документа."_s).ui());
     const QStringList lines = (*words)(*command.document);
     for (const QString &text : lines)
         line(text);

@@ -12,7 +12,7 @@ namespace till {
 void runPrompt(LineEditor &editor, Interpreter &interpreter, std::ostream &errors)
 {
     int number = 0;
-    while (const auto line = editor.read(u"till> "_s)) {
+    while (const auto line = editor.read(tr::Tr(u"consolePrompt"_s, u"касса> "_s).ui())) {
         editor.remember(*line);
         try {
             if (const auto failure = interpreter.execute(++number, *line))

@@ -44,8 +44,10 @@ std::optional<QString> PromptCashier::enter(const InputTextFormParameters &form)
     say(form.title.ui());
     if (hasAnswers())
         return AnswerLine::enter(form);
-    const QString prompt
-        = plaintext::line(u"%1 (empty: %2): "_s.arg(form.message.ui(), form.cancelButton.ui()));
+    const QString prompt = plaintext::line(tr::Tr(u"consoleFormPrompt"_s, u"%1 (пусто: %2): "_s)
+                                               .arg(form.message)
+                                               .arg(form.cancelButton)
+                                               .ui());
     while (const auto line = m_readLine(prompt)) {
         if (line->isEmpty())
             return std::nullopt;

@@ -31,7 +31,8 @@ tr::Tr tooManyPoints(double amount, double available, double sum)
 
 Outcome Till::calculate()
 {
-    const auto sale = openSaleFor(u"total"_s);
+    const auto sale = openSaleOr(
+        {u"cannotCalculateReturn"_s, u"возврат не рассчитывается в системе лояльности"_s});
     requireChangeable();
     Outcome outcome;
     if (!runTriggersBefore(m_system, control::Action(control::EActionType::Total), outcome))
@@ -70,7 +71,8 @@ std::optional<tr::Tr> Till::whyNoPoints(std::optional<double> amount, Outcome &o
 
 Outcome Till::payWithPoints(std::optional<double> amount)
 {
-    const auto sale = openSaleFor(u"points"_s);
+    const auto sale
+        = openSaleOr({u"cannotPayReturnWithPoints"_s, u"возврат не оплачивается баллами"_s});
     requireChangeable();
     Outcome outcome;
     if (const auto reason = whyNoPoints(amount, outcome)) {

@@ -1,10 +1,11 @@
 #include "till/core/cannotdo.h"
 
+using namespace Qt::StringLiterals;
+
 namespace till {
 
-CannotDo::CannotDo(const QString &reason, const QString &remedy)
-    : std::runtime_error(QString(reason + u"; " + remedy).toStdString())
-    , m_text(reason + u"; " + remedy)
+CannotDo::CannotDo(const tr::Tr &reason, const tr::Tr &remedy)
+    : SpokenError(tr::Tr(tr::undefined, u"%1; %2"_s).arg(reason).arg(remedy))
 { }
 
 CannotDo::~CannotDo() = default;

@@ -1,27 +1,24 @@
 #pragma once
 
-#include <QString>
+#include "host/framework/spokenerror.h"
 
-#include <stdexcept>
+#include <QString>
 
 namespace till {
 
 /// A command or one of its arguments is wrong, or cannot be carried out now.
 ///
 /// Thrown before anything has changed: documents, plug-in and files are as they were.
-class CannotDo : public std::runtime_error
+class CannotDo : public SpokenError
 {
 public:
     /// @param reason what is wrong, in one line.
-    /// @param remedy what to do instead.
-    CannotDo(const QString &reason, const QString &remedy);
+    /// @param remedy what to do instead, at the prompt and in the window.
+    CannotDo(const tr::Tr &reason, const tr::Tr &remedy);
     ~CannotDo() override;
 
-    /// Both together: "reason; remedy".
-    [[nodiscard]] QString text() const { return m_text; }
-
-private:
-    QString m_text;
+    /// Both together, "reason; remedy", in the language of the interface.
+    [[nodiscard]] QString text() const { return tr().ui(); }
 };
 
 } // namespace till

@@ -62,7 +62,8 @@ bool isQueued(const AbstractDocument &document)
 Outcome Till::close()
 {
     if (openDocument()->getGoods().isEmpty())
-        throw CannotDo(u"the document has no positions"_s, u"add one or cancel the document"_s);
+        throw CannotDo({u"cannotCloseEmpty"_s, u"в документе нет позиций"_s},
+            {u"cannotCloseEmptyRemedy"_s, u"добавьте позицию или отмените документ"_s});
     requireRightlyPaid();
     Outcome outcome;
     if (!confirmClosing(outcome)) {

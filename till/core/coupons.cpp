@@ -14,10 +14,11 @@ void Till::requireCouponAllowed(const QString &number) const
     if (!open)
         return;
     if (open->getType() != EDocumentType::Sale)
-        throw CannotDo(u"a return takes no coupons"_s, u"close or cancel the return first"_s);
+        throw CannotDo({u"cannotAddCouponToReturn"_s, u"возврат не принимает купоны"_s},
+            {u"cannotReturnFirst"_s, u"сначала закройте или отмените возврат"_s});
     if (open->getCoupon(number))
-        throw CannotDo(u"coupon %1 is on the cheque already"_s.arg(number),
-            u"a coupon counts once on a cheque"_s);
+        throw CannotDo(tr::Tr(u"cannotAddCouponTwice"_s, u"купон %1 уже есть в чеке"_s).arg(number),
+            {u"cannotAddCouponTwiceRemedy"_s, u"в одном чеке купон действует один раз"_s});
 }
 
 Outcome Till::addCoupon(const QString &number, const QString &rawData)

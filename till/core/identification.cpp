@@ -21,8 +21,9 @@ void Till::requireCardAllowed() const
 {
     requireChangeable();
     if (document() && isPaidWithPoints())
-        throw CannotDo(u"the cheque is paid with the points of another card"_s,
-            u"calculate it again with total, which gives the points back"_s);
+        throw CannotDo({u"cannotChangeCardAfterPoints"_s, u"чек оплачен баллами другой карты"_s},
+            {u"cannotChangeCardAfterPointsRemedy"_s,
+                u"рассчитайте чек заново: баллы вернутся на карту"_s});
 }
 
 Outcome Till::presentCard(const QString &number, ECardNumberType type)

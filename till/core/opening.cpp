@@ -27,7 +27,8 @@ void Till::requireEmptyDesk() const
 {
     if (const auto open = document())
         throw CannotDo(
-            u"document %1 is open"_s.arg(open->getNumber()), u"close or cancel it first"_s);
+            tr::Tr(u"cannotWithOpenDocument"_s, u"открыт документ %1"_s).arg(open->getNumber()),
+            {u"cannotWithOpenDocumentRemedy"_s, u"сначала закройте или отмените его"_s});
 }
 
 QSharedPointer<AbstractDocument> Till::makeDocument(EDocumentType type)
@@ -73,8 +74,9 @@ Outcome Till::openReturnOf(const QString &number)
     requireEmptyDesk();
     const auto sale = m_store.loadClosed(number);
     if (!sale || sale->getType() != EDocumentType::Sale)
-        throw CannotDo(u"there is no closed sale %1"_s.arg(number),
-            u"give the number of a sale of this till, or write return alone"_s);
+        throw CannotDo(tr::Tr(u"cannotFindSale"_s, u"нет закрытого чека продажи %1"_s).arg(number),
+            {u"cannotFindSaleRemedy"_s,
+                u"укажите номер чека этой кассы или оформите возврат без чека"_s});
 
     const auto made = makeDocument(EDocumentType::ReturnOfSale);
     made->setReferencedNumber(number);

@@ -50,11 +50,13 @@ Outcome Till::pay(PaymentKind kind, std::optional<double> amount)
 {
     const auto open = openDocument();
     if (!money::counts(rest()))
-        throw CannotDo(u"nothing is left to be paid"_s, u"close the cheque"_s);
+        throw CannotDo({u"cannotPayMore"_s, u"оплачивать больше нечего"_s},
+            {u"cannotPayMoreRemedy"_s, u"закройте чек"_s});
     // Only cash is handed back as change.
     if (kind == PaymentKind::Card && amount && money::counts(*amount - rest()))
-        throw CannotDo(
-            u"a card pays %1 at most"_s.arg(amountText(rest())), u"write pay card for the rest"_s);
+        throw CannotDo(tr::Tr(u"cannotPayOverByCard"_s, u"картой можно оплатить не больше %1"_s)
+                           .arg(amountText(rest())),
+            {u"cannotPayOverByCardRemedy"_s, u"оплатите картой только остаток"_s});
     auto payments = open->getPayments();
     payments.append(Payment{nameOf(kind), amount.value_or(rest())});
     open->setPayments(payments);
@@ -72,8 +74,10 @@ void Till::payRest()
 void Till::requireRightlyPaid() const
 {
     if (money::counts(paid()) && money::counts(rest()))
-        throw CannotDo(u"the cheque is partly paid, %1 are left"_s.arg(amountText(rest())),
-            u"pay the rest with pay cash or pay card"_s);
+        throw CannotDo(
+            tr::Tr(u"cannotClosePartlyPaid"_s, u"чек оплачен не полностью, осталось %1"_s)
+                .arg(amountText(rest())),
+            {u"cannotClosePartlyPaidRemedy"_s, u"доплатите наличными или картой"_s});
 }
 
 } // namespace till

@@ -31,16 +31,19 @@ void Till::requireGoodsAllowed() const
 {
     requireChangeable();
     if (document() && document()->getType() == EDocumentType::ReturnOfSale)
-        throw CannotDo(u"a return of a sale takes its positions from the sale"_s,
-            u"write return alone to take other goods back"_s);
+        throw CannotDo(
+            {u"cannotAddToReturn"_s, u"возврат по чеку берёт свои позиции из чека продажи"_s},
+            {u"cannotAddToReturnRemedy"_s, u"для других товаров оформите возврат без чека"_s});
 }
 
 Outcome Till::addPosition(const PositionRequest &request)
 {
     const Article *article = m_catalogue.byCode(request.code);
     if (!article)
-        throw CannotDo(u"the catalogue has no article %1"_s.arg(request.code),
-            u"use a code of the catalogue that Till:catalogue names"_s);
+        throw CannotDo(
+            tr::Tr(u"cannotFindArticle"_s, u"в каталоге нет товара %1"_s).arg(request.code),
+            {u"cannotFindArticleRemedy"_s,
+                u"возьмите код из каталога, который указан в Till:catalogue"_s});
     requireGoodsAllowed();
     openSaleWhereNoneIs();
     Outcome outcome;
@@ -82,9 +85,10 @@ void Till::requireNoMoreThanSold(int posnum, double quantity) const
     const auto sale = m_store.loadClosed(document()->getReferencedNumber());
     const auto sold = sale ? sale->getPosition(posnum) : QSharedPointer<GoodsItem>();
     if (sold && quantity > sold->getBquant())
-        throw CannotDo(
-            u"only %1 of position %2 were sold"_s.arg(quantityText(sold->getBquant())).arg(posnum),
-            u"return that many or fewer"_s);
+        throw CannotDo(tr::Tr(u"cannotReturnMore"_s, u"по позиции %2 продано только %1"_s)
+                           .arg(quantityText(sold->getBquant()))
+                           .arg(QString::number(posnum)),
+            {u"cannotReturnMoreRemedy"_s, u"верните столько же или меньше"_s});
 }
 
 void Till::setQuantity(GoodsItem &position, double quantity, Outcome &outcome)

@@ -47,8 +47,10 @@ void Till::requireScanAllowed(const QString &data) const
     case Scanned::Goods:
         return requireGoodsAllowed();
     case Scanned::Unknown:
-        throw CannotDo(u"%1 is no card, coupon or article of the catalogue"_s.arg(data),
-            u"look at \"scan\" and the barcodes of the catalogue"_s);
+        throw CannotDo(
+            tr::Tr(u"cannotRecognise"_s, u"%1 — не карта, не купон и не товар из каталога"_s)
+                .arg(data),
+            {u"cannotRecogniseRemedy"_s, u"проверьте «scan» и штрихкоды в каталоге"_s});
     }
 }
 

@@ -29,9 +29,9 @@ qlonglong lastNumberBefore()
     const qlonglong number
         = file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toLongLong(&ok) : 0;
     if (!ok)
-        throw StorageError(
-            u"%1 holds no document number; write the last one of the shift before into it"_s.arg(
-                file.fileName()));
+        throw StorageError(tr::Tr(u"shiftMarkWrong"_s,
+            u"%1: в файле нет номера документа; запишите туда последний номер предыдущей смены"_s)
+                               .arg(file.fileName()));
     return number;
 }
 

@@ -61,15 +61,17 @@ QSharedPointer<AbstractDocument> Till::openDocument() const
 {
     const auto open = document();
     if (!open)
-        throw CannotDo(u"no document is open"_s, u"open one with sale or return"_s);
+        throw CannotDo({u"cannotWithoutDocument"_s, u"нет открытого документа"_s},
+            {u"cannotWithoutDocumentRemedy"_s, u"откройте продажу или возврат"_s});
     return open;
 }
 
-QSharedPointer<AbstractDocument> Till::openSaleFor(const QString &operation) const
+QSharedPointer<AbstractDocument> Till::openSaleOr(const tr::Tr &reason) const
 {
     const auto open = openDocument();
     if (open->getType() != EDocumentType::Sale)
-        throw CannotDo(operation + u" is not for returns"_s, u"close or cancel the return first"_s);
+        throw CannotDo(
+            reason, {u"cannotReturnFirst"_s, u"сначала закройте или отмените возврат"_s});
     return open;
 }
 
@@ -77,8 +79,9 @@ QSharedPointer<GoodsItem> Till::openPosition(int posnum) const
 {
     const auto position = openDocument()->getPosition(posnum);
     if (!position)
-        throw CannotDo(u"the document has no position %1"_s.arg(posnum),
-            u"show lists the positions with their numbers"_s);
+        throw CannotDo(tr::Tr(u"cannotFindPosition"_s, u"в документе нет позиции %1"_s)
+                           .arg(QString::number(posnum)),
+            {u"cannotFindPositionRemedy"_s, u"выберите одну из позиций документа"_s});
     return position;
 }
 
@@ -94,13 +97,17 @@ void Till::requireChangeable() const
     if (!document())
         return;
     if (isRegistered())
-        throw CannotDo(u"the cheque is registered with the loyalty service and cannot be changed"_s,
-            u"close or cancel it"_s);
+        throw CannotDo({u"cannotChangeRegistered"_s,
+                           u"чек зарегистрирован в системе лояльности, его нельзя изменить"_s},
+            {u"cannotCloseOrCancel"_s, u"закройте или отмените его"_s});
     if (document()->isRegistrationBegun())
         throw CannotDo(
-            u"the till ended while it registered the cheque with the loyalty service; the "
-            u"cheque cannot be changed"_s,
-            document()->getType() == EDocumentType::Sale ? u"close or cancel it"_s : u"close it"_s);
+            {u"cannotChangeBegun"_s,
+                u"касса остановилась, когда регистрировала чек в системе лояльности; чек нельзя "
+                u"изменить"_s},
+            document()->getType() == EDocumentType::Sale
+                ? tr::Tr(u"cannotCloseOrCancel"_s, u"закройте или отмените его"_s)
+                : tr::Tr(u"cannotButClose"_s, u"закройте его"_s));
 }
 
 void Till::notify(Outcome &outcome, const Event &event) const

@@ -104,7 +104,7 @@ private:
     void keep();
 
     [[nodiscard]] QSharedPointer<AbstractDocument> openDocument() const;
-    [[nodiscard]] QSharedPointer<AbstractDocument> openSaleFor(const QString &operation) const;
+    [[nodiscard]] QSharedPointer<AbstractDocument> openSaleOr(const tr::Tr &reason) const;
     [[nodiscard]] QSharedPointer<GoodsItem> openPosition(int posnum) const;
     [[nodiscard]] bool isRegistered() const;
     [[nodiscard]] bool isPaidWithPoints() const;

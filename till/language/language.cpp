@@ -30,9 +30,13 @@ bool wantsRussian(const QLocale &system)
 ConfigError noSuchLanguage(const Config &config, const QString &given)
 {
     const QString place = config.placeOf(languageKey);
-    return ConfigError((place.isEmpty() ? place : place + u": ")
-        + u"key %1: \"%2\" is no language of the till; set %3, or leave it out for the system's"_s
-              .arg(languageKey, given, languages().keys().join(u" or "_s)));
+    return ConfigError(tr::Tr(u"tillNoSuchLanguage"_s,
+        u"%1ключ %2: касса не говорит на языке «%3»; укажите %4 или уберите ключ, тогда "
+        u"язык будет системный"_s)
+                           .arg(place.isEmpty() ? place : place + u": ")
+                           .arg(languageKey)
+                           .arg(given)
+                           .arg(languages().keys().join(u", "_s)));
 }
 
 } // namespace

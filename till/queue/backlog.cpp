@@ -15,10 +15,11 @@ std::chrono::minutes minutes(const QString &setting, std::chrono::minutes usual)
     return std::chrono::minutes(qMax(0, count));
 }
 
-QString tooOld(std::chrono::minutes limit)
+tr::Tr tooOld(std::chrono::minutes limit)
 {
-    return u"messages have waited for more than %1 minutes; see korvel-till queue list for the "
-           u"reasons"_s.arg(limit.count());
+    return tr::Tr(u"queueTooOld"_s,
+        u"сообщения ждут отправки дольше, чем %1 мин; причины покажет korvel-till queue list"_s)
+        .arg(QString::number(limit.count()));
 }
 
 } // namespace
@@ -48,8 +49,10 @@ Backlog judgeBacklog(
 {
     if (const qint64 count = waitingForAPerson(status); count > 0)
         return {BacklogLevel::Alarm,
-            u"refused or parked messages that a person must look at: %1; see korvel-till queue "
-            u"list --state-of refused parked"_s.arg(count)};
+            tr::Tr(u"queueNeedsPerson"_s,
+                u"отклонённые и отложенные сообщения, которыми должен заняться человек: %1; "
+                u"смотрите korvel-till queue list --state-of refused parked"_s)
+                .arg(QString::number(count))};
     const auto age = ageOfOldest(status, now);
     if (age > limits.alarm)
         return {BacklogLevel::Alarm, tooOld(limits.alarm)};
@@ -57,9 +60,10 @@ Backlog judgeBacklog(
         return {BacklogLevel::Warning, tooOld(limits.warning)};
     if (!status.unreached.isEmpty())
         return {BacklogLevel::Warning,
-            u"the shared queue cannot be reached, and its messages are not seen: %1; this "
-            u"machine's "
-            u"wait here meanwhile; look at the server and the network"_s.arg(status.unreached)};
+            tr::Tr(u"queueUnreached"_s,
+                u"нет связи с общей очередью, её сообщения не видны: %1; сообщения этой машины "
+                u"пока ждут здесь; проверьте сервер и сеть"_s)
+                .arg(status.unreached)};
     return {};
 }
 
@@ -74,6 +78,19 @@ QString levelName(BacklogLevel level)
         break;
     }
     return u"alarm"_s;
+}
+
+tr::Tr levelText(BacklogLevel level)
+{
+    switch (level) {
+    case BacklogLevel::Good:
+        return {u"queueLevelGood"_s, u"порядок"_s};
+    case BacklogLevel::Warning:
+        return {u"queueLevelWarning"_s, u"внимание"_s};
+    case BacklogLevel::Alarm:
+        break;
+    }
+    return {u"queueLevelAlarm"_s, u"тревога"_s};
 }
 
 } // namespace till

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/queueoffice.h"
 
 #include <chrono>
@@ -28,7 +29,7 @@ enum class BacklogLevel : int
 struct Backlog
 {
     BacklogLevel level = BacklogLevel::Good;
-    QString reason; ///< one line with what to do; empty when all is good
+    tr::Tr reason; ///< one line with what to do; empty when all is good
 };
 
 /// Messages that a person must look at: refused ones, and parked ones that were not moved away.
@@ -45,5 +46,7 @@ struct Backlog
 
 /// "good", "warning" or "alarm".
 [[nodiscard]] QString levelName(BacklogLevel level);
+/// The same for people.
+[[nodiscard]] tr::Tr levelText(BacklogLevel level);
 
 } // namespace till

@@ -147,6 +147,8 @@ int QueueCommandLine::execute() const
         return m_command({text(m_config), text(m_state), m_json});
     } catch (const CannotDo &error) {
         return tell(error.text(), ExitStatus::CannotDo);
+    } catch (const SpokenError &error) {
+        return tell(error.tr().ui(), ExitStatus::Unusable);
     } catch (const std::exception &error) {
         return tell(QString::fromUtf8(error.what()), ExitStatus::Unusable);
     }

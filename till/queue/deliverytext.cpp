@@ -1,5 +1,7 @@
 #include "till/queue/deliverytext.h"
 
+#include "host/framework/tr.h"
+
 using namespace Qt::StringLiterals;
 
 namespace till {
@@ -15,11 +17,14 @@ bool wasCutShort(const DeliveryRest &rest)
 
 QString deliveryText(const DeliveryReport &report, const DeliveryRest &rest)
 {
-    return u"delivered %1, refused %2, failed %3, parked %4; waiting %5"_s.arg(report.delivered)
-        .arg(report.refused)
-        .arg(report.failed)
-        .arg(report.parked)
-        .arg(rest.waiting);
+    return tr::Tr(
+        u"queueDelivery"_s, u"доставлено %1, отклонено %2, не удалось %3, отложено %4; ждут %5"_s)
+        .arg(QString::number(report.delivered))
+        .arg(QString::number(report.refused))
+        .arg(QString::number(report.failed))
+        .arg(QString::number(report.parked))
+        .arg(QString::number(rest.waiting))
+        .ui();
 }
 
 Json deliveryObject(const DeliveryReport &report, const DeliveryRest &rest)
@@ -33,24 +38,35 @@ QStringList deliveryAdvice(const DeliveryReport &report, const DeliveryRest &res
 {
     QStringList advice;
     if (report.busy)
-        advice.append(u"another program is delivering what waits; see korvel-till queue status "
-                      u"when it has done so"_s);
+        advice.append(tr::Tr(u"queueAdviceBusy"_s,
+            u"очередь уже отправляет другая программа; итог потом покажет korvel-till queue "
+            u"status"_s)
+                          .ui());
     if (report.stopped)
-        advice.append(u"the service was not reached, and the rest was not tried; see korvel-till "
-                      u"queue status for the error, and look at the network"_s);
+        advice.append(tr::Tr(u"queueAdviceStopped"_s,
+            u"нет связи с системой лояльности, остальное не отправлялось; ошибку покажет "
+            u"korvel-till queue status, проверьте сеть"_s)
+                          .ui());
     if (report.unauthorised)
-        advice.append(u"the service does not accept the credentials of the messages, and the rest "
-                      u"was not tried; correct KorvelLoyaltyOnline:user and password, then run "
-                      u"korvel-till queue reauthorise"_s);
+        advice.append(tr::Tr(u"queueAdviceUnauthorised"_s,
+            u"система лояльности не принимает имя и пароль сообщений, остальное не "
+            u"отправлялось; исправьте KorvelLoyaltyOnline:user и password, затем выполните "
+            u"korvel-till queue reauthorise"_s)
+                          .ui());
     if (report.refused + report.parked > 0)
-        advice.append(u"refused and parked messages need a person; see korvel-till queue list "
-                      u"--state-of refused parked"_s);
+        advice.append(tr::Tr(u"queueAdvicePerson"_s,
+            u"отклонёнными и отложенными сообщениями должен заняться человек; смотрите "
+            u"korvel-till queue list --state-of refused parked"_s)
+                          .ui());
     if (wasCutShort(rest))
-        advice.append(u"the delivery was asked to end, and the rest was not tried; run it again"_s);
+        advice.append(tr::Tr(u"queueAdviceEnded"_s,
+            u"отправку попросили закончить, остальное не отправлялось; запустите её снова"_s)
+                          .ui());
     if (rest.spilled > 0)
-        advice.append(
-            u"the queue's file cannot take %1 messages, which are not sent before it can; "
-            u"see that its disk has room and that it may be written"_s.arg(rest.spilled));
+        advice.append(tr::Tr(u"queueAdviceSpilled"_s,
+            u"%n сообщений не помещаются в файл очереди и до тех пор не отправляются; "
+            u"проверьте, есть ли место на диске и можно ли писать в файл"_s)
+                          .ui(rest.spilled));
     return advice;
 }
 

@@ -39,9 +39,11 @@ FolderWatch::FolderWatch(const QString &folder, const StopRequest &stop)
         return;
     const QString reason = QString::fromLocal8Bit(std::strerror(errno));
     ::close(m_descriptor);
-    throw StorageError(
-        u"%1: the folder cannot be watched (%2); raise fs.inotify.max_user_instances "
-        u"and max_user_watches"_s.arg(folder, reason));
+    throw StorageError(tr::Tr(u"queueFolderNotWatched"_s,
+        u"%1: не удаётся следить за папкой (%2); увеличьте "
+        u"fs.inotify.max_user_instances и max_user_watches"_s)
+                           .arg(folder)
+                           .arg(reason));
 }
 
 FolderWatch::~FolderWatch()

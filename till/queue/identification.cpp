@@ -10,11 +10,15 @@ QueueMessage messageBeginning(QueueOffice &office, const QString &idBeginning)
 {
     const QList<QueueMessage> found = office.find(idBeginning);
     if (found.isEmpty())
-        throw CannotDo(u"no message has an id that begins with \"%1\""_s.arg(idBeginning),
-            u"see korvel-till queue list --all"_s);
+        throw CannotDo(
+            tr::Tr(u"queueNoSuchId"_s, u"нет сообщения, идентификатор которого начинается с «%1»"_s)
+                .arg(idBeginning),
+            {u"queueNoSuchIdRemedy"_s, u"смотрите korvel-till queue list --all"_s});
     if (found.size() > 1)
-        throw CannotDo(u"several messages have an id that begins with \"%1\""_s.arg(idBeginning),
-            u"give more of it"_s);
+        throw CannotDo(tr::Tr(u"queueAmbiguousId"_s,
+                           u"идентификаторы нескольких сообщений начинаются с «%1»"_s)
+                           .arg(idBeginning),
+            {u"queueAmbiguousIdRemedy"_s, u"укажите больше знаков"_s});
     return found.constFirst();
 }
 

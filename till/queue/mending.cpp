@@ -5,6 +5,7 @@
 #include "till/queue/identification.h"
 #include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
+#include "till/queue/queuetexts.h"
 #include "till/queue/stateselection.h"
 
 #include <cstdio>
@@ -29,13 +30,17 @@ const Change retrying{
     &QueueOffice::retry, {MessageState::Pending, MessageState::Refused, MessageState::Parked}};
 const Change settingAside{&QueueOffice::setAside, {MessageState::Pending, MessageState::Refused}};
 
-QString whyUnchanged(const QueueMessage &message)
+tr::Tr whyUnchanged(const QueueMessage &message)
 {
     if (!message.movedTo.isEmpty())
-        return u"message %1 was moved to %2; import that file to have it back"_s.arg(
-            message.id, message.movedTo);
-    return u"message %1 is %2 and stays as it is; see korvel-till queue show %1"_s.arg(
-        message.id, stateName(message.state));
+        return tr::Tr(u"queueUnchangedMoved"_s,
+            u"сообщение %1 перенесено в %2; чтобы вернуть его, загрузите этот файл"_s)
+            .arg(message.id)
+            .arg(message.movedTo);
+    return tr::Tr(u"queueUnchanged"_s,
+        u"сообщение %1 в состоянии %2 и остаётся как есть; смотрите korvel-till queue show %1"_s)
+        .arg(message.id)
+        .arg(stateName(message.state));
 }
 
 /// Tells which messages were changed while that goes on: a million of them are never in memory
@@ -63,7 +68,7 @@ public:
             print(
                 u"],\"unchanged\":%1}\n"_s.arg(QString::fromStdString(arrayOf(unchanged).dump())));
         else
-            print(u"changed: %1\n"_s.arg(m_count));
+            print(queuetexts::changed.arg(QString::number(m_count)).ui() + u'\n');
     }
 
 private:
@@ -91,7 +96,7 @@ int changeNamed(
     telling.changed(changed);
     telling.end(unchanged);
     for (const QString &id : unchanged)
-        complain(whyUnchanged(messageBeginning(office, id)));
+        complain(whyUnchanged(messageBeginning(office, id)).ui());
     return static_cast<int>(unchanged.isEmpty() ? ExitStatus::Success : ExitStatus::NotAllDone);
 }
 
@@ -119,9 +124,10 @@ void checkOneWay(const Meant &meant)
     const int ways = (meant.idBeginnings.isEmpty() ? 0 : 1) + (meant.states.isEmpty() ? 0 : 1)
         + (meant.all ? 1 : 0);
     if (ways != 1)
-        throw CannotDo(
-            ways == 0 ? u"no message is named"_s : u"messages are named in more than one way"_s,
-            u"give ids, or --state-of, or --all"_s);
+        throw CannotDo(ways == 0
+                ? tr::Tr(u"queueNoneNamed"_s, u"не указано ни одного сообщения"_s)
+                : tr::Tr(u"queueNamedTwoWays"_s, u"сообщения указаны более чем одним способом"_s),
+            {u"queueNamedRemedy"_s, u"укажите идентификаторы, или --state-of, или --all"_s});
 }
 
 int execute(const QueueOptions &options, const Meant &meant, const Change &change)

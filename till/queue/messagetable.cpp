@@ -1,5 +1,6 @@
 #include "till/queue/messagetable.h"
 
+#include "host/framework/tr.h"
 #include "host/text/plaintext.h"
 #include "till/queue/messagetext.h"
 
@@ -22,18 +23,24 @@ constexpr int idLength = 36;
 // The library makes a column as wide as the values of one page; these ones are as wide on all.
 struct Column
 {
-    const char *heading;
+    tr::Tr heading;
     int width;
     bool isNumber = false;
 };
 
 QList<Column> columnsFor(MessageTable::Width width)
 {
-    return {{"ID", width == MessageTable::Width::Terminal ? shortIdLength : idLength},
-        {"ENQUEUED", 16}, {"STATE", 9}, {"TRIES", 5, true}, {"NEXT", 8}, {"CODE", 5, true}};
+    return {{{tr::undefined, u"ID"_s},
+                width == MessageTable::Width::Terminal ? shortIdLength : idLength},
+        {{u"queueColumnEnqueued"_s, u"ПОСТАВЛЕНО"_s}, 16}, {{u"queueColumnState"_s, u"СОСТ."_s}, 9},
+        {{u"queueColumnTries"_s, u"ПОПЫТ"_s}, 5, true}, {{u"queueColumnNext"_s, u"СЛЕДУЮЩ."_s}, 8},
+        {{u"queueColumnCode"_s, u"КОД"_s}, 5, true}};
 }
 
-constexpr auto lastHeading = "LAST ERROR";
+tr::Tr lastHeading()
+{
+    return {u"queueColumnLastError"_s, u"ПОСЛЕДНЯЯ ОШИБКА"_s};
+}
 
 QStringList valuesOf(const QueueMessage &message)
 {
@@ -72,10 +79,11 @@ Table makeTable(const QList<Column> &columns, MessageTable::Width width)
 {
     Table table(made(scols_new_table()), &scols_unref_table);
     for (const Column &column : columns)
-        made(scols_table_new_column(
-            table.get(), column.heading, column.width, column.isNumber ? SCOLS_FL_RIGHT : 0));
+        made(scols_table_new_column(table.get(), column.heading.ui().toUtf8().constData(),
+            column.width, column.isNumber ? SCOLS_FL_RIGHT : 0));
     const bool isCut = width == MessageTable::Width::Terminal;
-    made(scols_table_new_column(table.get(), lastHeading, 1, isCut ? SCOLS_FL_TRUNC : 0));
+    made(scols_table_new_column(
+        table.get(), lastHeading().ui().toUtf8().constData(), 1, isCut ? SCOLS_FL_TRUNC : 0));
     return table;
 }
 

@@ -1,5 +1,6 @@
 #include "till/queue/messagetext.h"
 
+#include "host/framework/tr.h"
 #include "host/text/plaintext.h"
 
 #include <QPair>
@@ -20,19 +21,29 @@ QString countText(int count)
 QList<Line> linesOf(const QueueMessage &message)
 {
     const bool isPending = message.state == MessageState::Pending;
-    return {{u"id"_s, message.id}, {u"queue"_s, message.queue},
-        {u"state"_s, stateName(message.state)}, {u"remark"_s, message.remark},
-        {u"till"_s, message.lane}, {u"document"_s, message.correlationId},
-        {u"enqueued"_s, timeText(message.enqueued)},
-        {u"attempts"_s, QString::number(message.attempts)},
-        {u"last attempt"_s, timeText(message.lastAttempt)},
-        {u"next attempt"_s, isPending ? timeText(message.nextAttempt) : QString()},
-        {u"last error"_s, message.lastError}, {u"code"_s, countText(message.lastCode)},
-        {u"other answers since"_s, timeText(message.answeredOtherwiseSince)},
-        {u"deliverer"_s, message.leaseOwner},
-        {u"deliverers lost"_s, countText(message.deliverersLost)},
-        {u"settled"_s, timeText(message.settled)}, {u"moved to"_s, message.movedTo},
-        {u"url"_s, message.url}};
+    return {{tr::Tr(u"queueMessageId"_s, u"идентификатор"_s).ui(), message.id},
+        {tr::Tr(u"queueMessageQueue"_s, u"очередь"_s).ui(), message.queue},
+        {tr::Tr(u"queueMessageState"_s, u"состояние"_s).ui(), stateName(message.state)},
+        {tr::Tr(u"queueMessageRemark"_s, u"пометка"_s).ui(), message.remark},
+        {tr::Tr(u"queueMessageTill"_s, u"касса"_s).ui(), message.lane},
+        {tr::Tr(u"queueMessageDocument"_s, u"документ"_s).ui(), message.correlationId},
+        {tr::Tr(u"queueMessageEnqueued"_s, u"поставлено в очередь"_s).ui(),
+            timeText(message.enqueued)},
+        {tr::Tr(u"queueMessageAttempts"_s, u"попыток"_s).ui(), QString::number(message.attempts)},
+        {tr::Tr(u"queueMessageLastAttempt"_s, u"последняя попытка"_s).ui(),
+            timeText(message.lastAttempt)},
+        {tr::Tr(u"queueMessageNextAttempt"_s, u"следующая попытка"_s).ui(),
+            isPending ? timeText(message.nextAttempt) : QString()},
+        {tr::Tr(u"queueMessageLastError"_s, u"последняя ошибка"_s).ui(), message.lastError},
+        {tr::Tr(u"queueMessageCode"_s, u"код"_s).ui(), countText(message.lastCode)},
+        {tr::Tr(u"queueMessageOtherAnswers"_s, u"другие ответы с"_s).ui(),
+            timeText(message.answeredOtherwiseSince)},
+        {tr::Tr(u"queueMessageDeliverer"_s, u"кто отправляет"_s).ui(), message.leaseOwner},
+        {tr::Tr(u"queueMessageDeliverersLost"_s, u"отправка прерывалась, раз"_s).ui(),
+            countText(message.deliverersLost)},
+        {tr::Tr(u"queueMessageSettled"_s, u"завершено"_s).ui(), timeText(message.settled)},
+        {tr::Tr(u"queueMessageMovedTo"_s, u"перенесено в"_s).ui(), message.movedTo},
+        {tr::Tr(u"queueMessageUrl"_s, u"адрес"_s).ui(), message.url}};
 }
 
 QString linesText(const QList<Line> &lines)
@@ -50,7 +61,8 @@ QList<Line> headersOf(const QueueMessage &message)
     names.sort();
     QList<Line> lines;
     for (const QString &name : names)
-        lines.append({u"header "_s + name, message.headers[name]});
+        lines.append({tr::Tr(u"queueMessageHeader"_s, u"заголовок %1"_s).arg(name).ui(),
+            message.headers[name]});
     return lines;
 }
 
@@ -67,7 +79,8 @@ QString blockText(const QString &title, const QByteArray &contents)
 QString messageText(const QueueMessage &message)
 {
     return plaintext::block(linesText(linesOf(message) + headersOf(message))
-        + blockText(u"body"_s, message.body) + blockText(u"answer"_s, message.answer));
+        + blockText(tr::Tr(u"queueMessageBody"_s, u"тело"_s).ui(), message.body)
+        + blockText(tr::Tr(u"queueMessageAnswer"_s, u"ответ"_s).ui(), message.answer));
 }
 
 QString timeText(const QDateTime &time)
@@ -77,7 +90,9 @@ QString timeText(const QDateTime &time)
 
 QString reasonText(const QueueMessage &message)
 {
-    return message.movedTo.isEmpty() ? message.lastError : u"moved to "_s + message.movedTo;
+    return message.movedTo.isEmpty()
+        ? message.lastError
+        : tr::Tr(u"queueReasonMoved"_s, u"перенесено в %1"_s).arg(message.movedTo).ui();
 }
 
 } // namespace till

@@ -1,5 +1,7 @@
 #include "till/queue/progressline.h"
 
+#include "host/framework/tr.h"
+
 #include <unistd.h>
 
 #include <algorithm>
@@ -48,7 +50,12 @@ QString ProgressLine::text(const DeliveryReport &soFar, int total)
     const int all = std::max({total, done, 1});
     const auto filled = static_cast<int>(qint64(barWidth) * done / all);
     const QString bar = QString(filled, u'#') + QString(barWidth - filled, u'.');
-    return u"[%1] %2/%3, not delivered %4"_s.arg(bar).arg(done).arg(all).arg(undelivered);
+    return tr::Tr(u"queueProgress"_s, u"[%1] %2/%3, не доставлено %4"_s)
+        .arg(bar)
+        .arg(QString::number(done))
+        .arg(QString::number(all))
+        .arg(QString::number(undelivered))
+        .ui();
 }
 
 } // namespace till

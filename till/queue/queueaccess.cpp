@@ -23,13 +23,15 @@ void checkFolder(const QString &folder)
 {
     const QFileInfo info(folder);
     if (!info.isDir())
-        throw StorageError(
-            u"%1: there is no such state folder; name the till's with --state or in Till:state"_s
-                .arg(folder));
+        throw StorageError(tr::Tr(u"stateFolderMissing"_s,
+            u"%1: нет такой рабочей папки; укажите папку кассы через --state или в Till:state"_s)
+                               .arg(folder));
     if (info.ownerId() != geteuid())
-        throw StorageError(
-            u"%1: the state folder belongs to the user %2; run this as that user"_s.arg(
-                folder, info.owner().isEmpty() ? QString::number(info.ownerId()) : info.owner()));
+        throw StorageError(tr::Tr(u"stateFolderForeign"_s,
+            u"%1: рабочая папка принадлежит пользователю %2; запустите программу от его имени"_s)
+                               .arg(folder)
+                               .arg(info.owner().isEmpty() ? QString::number(info.ownerId())
+                                                           : info.owner()));
 }
 
 } // namespace

@@ -11,8 +11,9 @@ QList<MessageState> statesNamed(const QStringList &names)
     QList<MessageState> states;
     for (const QString &name : names) {
         if (!isStateName(name))
-            throw CannotDo(u"there is no state \"%1\""_s.arg(name),
-                u"use pending, sending, delivered, refused or parked"_s);
+            throw CannotDo(tr::Tr(u"queueNoSuchState"_s, u"нет состояния «%1»"_s).arg(name),
+                {u"queueNoSuchStateRemedy"_s,
+                    u"используйте pending, sending, delivered, refused или parked"_s});
         states.append(stateNamed(name));
     }
     return states;
@@ -27,8 +28,11 @@ QList<MessageState> changeableStates(
         possible.append(stateName(state));
     for (const MessageState state : states)
         if (!changeable.contains(state))
-            throw CannotDo(u"messages that are %1 cannot be changed so"_s.arg(stateName(state)),
-                u"use "_s + possible.join(u", "_s));
+            throw CannotDo(tr::Tr(u"queueStateNotChangeable"_s,
+                               u"сообщения в состоянии %1 так изменить нельзя"_s)
+                               .arg(stateName(state)),
+                tr::Tr(u"queueStateNotChangeableRemedy"_s, u"используйте %1"_s)
+                    .arg(possible.join(u", "_s)));
     return states.isEmpty() ? changeable : states;
 }
 

@@ -7,6 +7,7 @@
 #include "till/queue/credentials.h"
 #include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
+#include "till/queue/queuetexts.h"
 
 #include <QFileInfo>
 
@@ -16,12 +17,12 @@ namespace till::queuecommands {
 
 namespace {
 
-int tell(const QueueOptions &options, const char *what, int count)
+int tell(const QueueOptions &options, const char *member, const tr::Tr &text, int count)
 {
     if (options.json)
-        print(Json{{what, count}});
+        print(Json{{member, count}});
     else
-        print(u"%1: %2\n"_s.arg(QString::fromLatin1(what)).arg(count));
+        print(text.arg(QString::number(count)).ui() + u'\n');
     return static_cast<int>(ExitStatus::Success);
 }
 
@@ -30,22 +31,26 @@ int tell(const QueueOptions &options, const char *what, int count)
 int exportMessages(const QueueOptions &options, const QString &fileName)
 {
     if (QFileInfo::exists(fileName))
-        throw CannotDo(u"%1: is there already"_s.arg(fileName), u"choose another name"_s);
+        throw CannotDo(tr::Tr(u"queueExportThere"_s, u"%1: такой файл уже есть"_s).arg(fileName),
+            {u"queueExportThereRemedy"_s, u"выберите другое имя"_s});
     DBQueueBroker &queue = openQueue(options, oneTimeLogFolder);
     const int count
         = queue.inOffice([&fileName](QueueOffice &office) { return office.exportTo(fileName); });
     if (const int left = queue.waiting(); left > 0)
-        complain(u"%1 messages are in a deliverer's hands or came meanwhile and stay here; export "
-                 u"them to another file later"_s.arg(left));
-    return tell(options, "exported", count);
+        complain(tr::Tr(u"queueExportLeft"_s,
+            u"%n сообщений сейчас отправляются или только что поступили и остаются здесь; "
+            u"выгрузите их позже в другой файл"_s)
+                     .ui(left));
+    return tell(options, "exported", tr::Tr(u"queueExported"_s, u"выгружено: %1"_s), count);
 }
 
 int importMessages(const QueueOptions &options, const QString &fileName)
 {
     if (!QFileInfo(fileName).isFile())
-        throw CannotDo(u"%1: there is no such file"_s.arg(fileName),
-            u"name one that korvel-till queue export has written"_s);
-    return tell(options, "imported",
+        throw CannotDo(tr::Tr(u"queueImportMissing"_s, u"%1: нет такого файла"_s).arg(fileName),
+            {u"queueImportMissingRemedy"_s,
+                u"укажите файл, который записала команда korvel-till queue export"_s});
+    return tell(options, "imported", tr::Tr(u"queueImported"_s, u"загружено: %1"_s),
         openQueue(options, oneTimeLogFolder).inOffice([&fileName](QueueOffice &office) {
             return office.importFrom(fileName, configuredAuthorization());
         }));
@@ -55,9 +60,9 @@ int reauthorise(const QueueOptions &options)
 {
     DBQueueBroker &queue = openQueue(options, oneTimeLogFolder);
     if (!Singleton<Config>::instance()->contains(u"KorvelLoyaltyOnline:user"_s))
-        throw CannotDo(u"the settings have no KorvelLoyaltyOnline:user"_s,
-            u"set it, or name the till's settings with --config"_s);
-    return tell(options, "changed", queue.inOffice([](QueueOffice &office) {
+        throw CannotDo({u"queueNoUser"_s, u"в настройках нет KorvelLoyaltyOnline:user"_s},
+            {u"queueNoUserRemedy"_s, u"задайте его или укажите настройки кассы через --config"_s});
+    return tell(options, "changed", queuetexts::changed, queue.inOffice([](QueueOffice &office) {
         return office.reauthorise(loyaltyQueue, configuredAuthorization());
     }));
 }

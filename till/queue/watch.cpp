@@ -59,7 +59,7 @@ void Watch::run()
             folder.pause(watchpause::shortest);
             waitBehindPass(folder, pause);
         } catch (const StorageError &error) {
-            noteUnusable(QString::fromUtf8(error.what()));
+            noteUnusable(error.tr());
             // Deaf to changes: opening the queue again makes some itself.
             folder.pause(pauseBehindFailure());
         }
@@ -86,11 +86,14 @@ void Watch::waitBehindPass(const FolderWatch &folder, std::chrono::milliseconds 
     }
 }
 
-void Watch::noteUnusable(const QString &reason)
+void Watch::noteUnusable(const tr::Tr &reason)
 {
-    logger()->error(reason);
+    logger()->error(reason.ru());
     if (++m_failures == 1)
-        complain(reason + u"; it is tried again until it can be used"_s);
+        complain(tr::Tr(
+            u"queueTriedAgain"_s, u"%1; попытки повторяются, пока очередь не станет доступна"_s)
+                     .arg(reason)
+                     .ui());
 }
 
 void Watch::noteUsable()
@@ -99,7 +102,7 @@ void Watch::noteUsable()
         return;
     m_failures = 0;
     logger()->info(u"the queue can be used again"_s);
-    complain(u"the queue can be used again"_s);
+    complain(tr::Tr(u"queueUsableAgain"_s, u"очередь снова доступна"_s).ui());
 }
 
 std::chrono::milliseconds Watch::passAndPause() const

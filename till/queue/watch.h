@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/backoff.h"
 #include "host/queue/dbqueuebroker.h"
 #include "till/queue/deliverytext.h"
@@ -57,7 +58,7 @@ private:
     [[nodiscard]] std::chrono::milliseconds passAndPause() const;
     [[nodiscard]] std::chrono::milliseconds pauseBehindFailure() const;
     void waitBehindPass(const FolderWatch &folder, std::chrono::milliseconds pause) const;
-    void noteUnusable(const QString &reason);
+    void noteUnusable(const tr::Tr &reason);
     void noteUsable();
 
     DBQueueBroker &m_queue;

@@ -54,9 +54,10 @@ public:
         m_file.open(path.constData());
         // A folder opens like a file and then gives no line.
         if (!m_file || std::filesystem::is_directory(path.constData()))
-            throw CannotDo(u"the script %1 cannot be read (%2)"_s.arg(fileName,
-                               QString::fromLocal8Bit(std::strerror(m_file ? EISDIR : errno))),
-                u"name a file of commands"_s);
+            throw CannotDo(tr::Tr(u"cannotReadScript"_s, u"не удаётся прочитать сценарий %1 (%2)"_s)
+                               .arg(fileName)
+                               .arg(QString::fromLocal8Bit(std::strerror(m_file ? EISDIR : errno))),
+                {u"cannotReadScriptRemedy"_s, u"укажите файл с командами"_s});
     }
 
     [[nodiscard]] QString name() const { return m_name; }
@@ -148,6 +149,8 @@ ExitStatus run(const RunOptions &options)
         return execute(options, source, transcript);
     } catch (const CannotDo &error) {
         return tell(error.text(), ExitStatus::CannotDo);
+    } catch (const SpokenError &error) {
+        return tell(error.tr().ui(), ExitStatus::Unusable);
     } catch (const std::exception &error) {
         return tell(QString::fromUtf8(error.what()), ExitStatus::Unusable);
     }

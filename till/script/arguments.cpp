@@ -16,7 +16,7 @@ Arguments::Arguments(const QStringList &words, const QString &usage, const QStri
         if (!word.contains(u'=') || !options.contains(name))
             m_words.append(word);
         else if (m_options.contains(name))
-            fail(name + u"= is given twice"_s);
+            fail(tr::Tr(u"scriptTwice"_s, u"%1= указано дважды"_s).arg(name));
         else
             m_options.insert(name, word.sliced(name.size() + 1));
     }
@@ -25,17 +25,17 @@ Arguments::Arguments(const QStringList &words, const QString &usage, const QStri
 QString Arguments::text(const QString &name)
 {
     if (m_words.isEmpty())
-        fail(name + u" is missing"_s);
+        fail(tr::Tr(u"scriptMissing"_s, u"не хватает %1"_s).arg(name));
     const QString word = m_words.takeFirst();
     if (word.isEmpty())
-        fail(name + u" is empty"_s);
+        fail(tr::Tr(u"scriptEmpty"_s, u"пустое значение %1"_s).arg(name));
     return word;
 }
 
 QString Arguments::rest(const QString &name)
 {
     if (m_words.isEmpty())
-        fail(name + u" are missing"_s);
+        fail(tr::Tr(u"scriptMissingWords"_s, u"не хватает слов %1"_s).arg(name));
     const QString joined = m_words.join(u' ');
     m_words.clear();
     return joined;
@@ -46,7 +46,9 @@ double Arguments::positiveNumber(const QString &name)
     const QString word = text(name);
     const double value = toNumber(word, name);
     if (value <= 0.0)
-        fail(name + u" must be greater than 0, it is "_s + word);
+        fail(tr::Tr(u"scriptNotPositive"_s, u"%1 должно быть больше 0, а указано %2"_s)
+                 .arg(name)
+                 .arg(word));
     return value;
 }
 
@@ -61,7 +63,8 @@ int Arguments::position()
     bool ok = false;
     const int number = word.toInt(&ok);
     if (!ok || number < 1)
-        fail(u"POSITION must be a number from 1, it is "_s + word);
+        fail(tr::Tr(u"scriptNoPosition"_s, u"POSITION должно быть числом от 1, а указано %1"_s)
+                 .arg(word));
     return number;
 }
 
@@ -80,7 +83,7 @@ std::optional<double> Arguments::numberOption(const QString &name) const
 void Arguments::end() const
 {
     if (!m_words.isEmpty())
-        fail(u"\"%1\" is one word too many"_s.arg(m_words.constFirst()));
+        fail(tr::Tr(u"scriptTooManyWords"_s, u"лишнее слово «%1»"_s).arg(m_words.constFirst()));
 }
 
 double Arguments::toNumber(const QString &word, const QString &name) const
@@ -88,13 +91,16 @@ double Arguments::toNumber(const QString &word, const QString &name) const
     // Stricter than a conversion: "1e3", "inf" and " 5" are slips of the pen at a till.
     static const QRegularExpression decimal(u"^[0-9]+(\\.[0-9]+)?$"_s);
     if (!decimal.match(word).hasMatch())
-        fail(name + u" must be a number such as 2 or 0.742, it is "_s + word);
+        fail(tr::Tr(
+            u"scriptNoNumber"_s, u"%1 должно быть числом, например 2 или 0.742, а указано %2"_s)
+                 .arg(name)
+                 .arg(word));
     return word.toDouble();
 }
 
-void Arguments::fail(const QString &reason) const
+void Arguments::fail(const tr::Tr &reason) const
 {
-    throw CannotDo(reason, u"write: "_s + m_usage);
+    throw CannotDo(reason, tr::Tr(u"scriptUsage"_s, u"напишите: %1"_s).arg(m_usage));
 }
 
 } // namespace till

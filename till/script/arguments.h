@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/framework/tr.h"
+
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -38,7 +40,7 @@ public:
 
 private:
     [[nodiscard]] double toNumber(const QString &word, const QString &name) const;
-    [[noreturn]] void fail(const QString &reason) const;
+    [[noreturn]] void fail(const tr::Tr &reason) const;
 
     QStringList m_words;
     QString m_usage;

@@ -21,15 +21,16 @@ PaymentKind paymentKind(const QString &word)
         return PaymentKind::Cash;
     if (word == u"card")
         return PaymentKind::Card;
-    throw CannotDo(u"nobody pays with \"%1\""_s.arg(word), u"write pay cash or pay card"_s);
+    throw CannotDo(tr::Tr(u"scriptNoPayment"_s, u"нет способа оплаты «%1»"_s).arg(word),
+        {u"scriptNoPaymentRemedy"_s, u"напишите pay cash или pay card"_s});
 }
 
 QDateTime localTime(const QString &word)
 {
     const QDateTime time = QDateTime::fromString(word, Qt::ISODate);
     if (!time.isValid())
-        throw CannotDo(
-            u"\"%1\" is no time"_s.arg(word), u"write one such as 2026-03-01T12:30:00, or real"_s);
+        throw CannotDo(tr::Tr(u"scriptNoTime"_s, u"«%1» — не время"_s).arg(word),
+            {u"scriptNoTimeRemedy"_s, u"напишите время вида 2026-03-01T12:30:00 или real"_s});
     return time.toLocalTime();
 }
 
@@ -148,7 +149,7 @@ Outcome Commands::cancel(Arguments &arguments)
 
 Outcome Commands::answer(Arguments &arguments)
 {
-    const QString kind = arguments.text(u"what to answer"_s);
+    const QString kind = arguments.text(u"ok|cancel|text"_s);
     const QString words = kind == u"text" ? arguments.rest(u"WORDS"_s) : QString();
     arguments.end();
     if (kind == u"ok")
@@ -158,8 +159,9 @@ Outcome Commands::answer(Arguments &arguments)
     else if (kind == u"text")
         m_answers.addText(words);
     else
-        throw CannotDo(u"\"%1\" is no answer"_s.arg(kind),
-            u"write answer ok, answer cancel or answer text WORDS"_s);
+        throw CannotDo(tr::Tr(u"scriptNoAnswer"_s, u"«%1» — не ответ"_s).arg(kind),
+            {u"scriptNoAnswerRemedy"_s,
+                u"напишите answer ok, answer cancel или answer text WORDS"_s});
     return {};
 }
 
@@ -207,7 +209,8 @@ Outcome Commands::help(Arguments &arguments)
     arguments.end();
     Outcome outcome;
     for (const Command &command : table())
-        outcome.notices.append(tr::Tr(tr::undefined, command.usage + u": "_s + command.summary));
+        outcome.notices.append(
+            tr::Tr(tr::undefined, u"%1: %2"_s).arg(command.usage).arg(command.summary));
     return outcome;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "till/core/frozenclock.h"
 #include "till/core/till.h"
 #include "till/script/answerline.h"
@@ -22,7 +23,7 @@ public:
 
         QString name;
         QString usage;
-        QString summary;
+        tr::Tr summary;
         Handler handler = nullptr; ///< null for `expect`, which the interpreter does itself
         /// Whether `expect` looks at its object.
         bool isChecked = true;

@@ -14,7 +14,7 @@ namespace till {
 
 namespace {
 
-const QString usage = u"write: expect PATH OP VALUE"_s;
+const QString usage = u"expect PATH OP VALUE"_s;
 
 Json valueOf(const QString &text)
 {
@@ -92,10 +92,12 @@ Expectation::Expectation(const QStringList &words)
     const bool alone = m_operator == Operator::Exists || m_operator == Operator::Absent;
     const qsizetype wanted = alone ? wordsWithoutValue : wordsWithoutValue + 1;
     if (words.size() < wanted)
-        throw CannotDo(u"VALUE is missing"_s, usage);
+        throw CannotDo(tr::Tr(u"scriptMissing"_s, u"не хватает %1"_s).arg(u"VALUE"_s),
+            tr::Tr(u"scriptUsage"_s, u"напишите: %1"_s).arg(usage));
     if (words.size() > wanted)
-        throw CannotDo(u"\"%1\" is one word too many"_s.arg(words.at(wanted)),
-            u"put a VALUE of several words in quotes"_s);
+        throw CannotDo(
+            tr::Tr(u"scriptTooManyWords"_s, u"лишнее слово «%1»"_s).arg(words.at(wanted)),
+            {u"scriptQuoteValue"_s, u"возьмите VALUE из нескольких слов в кавычки"_s});
 }
 
 QList<Expectation::Step> Expectation::parsePath(const QString &path)
@@ -103,8 +105,8 @@ QList<Expectation::Step> Expectation::parsePath(const QString &path)
     static const QRegularExpression whole(u"^[^.\\[\\]]+(\\.[^.\\[\\]]+|\\[[0-9]{1,9}\\])*$"_s);
     static const QRegularExpression step(u"\\[([0-9]+)\\]|([^.\\[\\]]+)"_s);
     if (!whole.match(path).hasMatch())
-        throw CannotDo(u"\"%1\" is no path"_s.arg(path),
-            u"write one such as document.positions[0].sumDiscounted"_s);
+        throw CannotDo(tr::Tr(u"scriptNoPath"_s, u"«%1» — не путь"_s).arg(path),
+            {u"scriptNoPathRemedy"_s, u"напишите путь вида document.positions[0].sumDiscounted"_s});
     QList<Step> steps;
     auto matches = step.globalMatch(path);
     while (matches.hasNext()) {
@@ -125,8 +127,9 @@ Expectation::Operator Expectation::parseOperator(const QString &name)
         {u"absent"_s, Operator::Absent}};
     const auto found = operators.constFind(name);
     if (found == operators.cend())
-        throw CannotDo(u"\"%1\" is no operator"_s.arg(name),
-            u"use ==, !=, <, >, contains, exists or absent"_s);
+        throw CannotDo(tr::Tr(u"scriptNoOperator"_s, u"«%1» — не оператор"_s).arg(name),
+            {u"scriptNoOperatorRemedy"_s,
+                u"используйте ==, !=, <, >, contains, exists или absent"_s});
     return *found;
 }
 
@@ -174,9 +177,12 @@ std::optional<QString> Expectation::failure(const Json &object) const
     const Json *actual = find(object);
     if (actual ? holds(*actual) : m_operator == Operator::Absent)
         return std::nullopt;
-    const QString found
-        = actual ? u"it is "_s + QString::fromStdString(actual->dump()) : u"there is none"_s;
-    return u"expected %1, but %2"_s.arg(m_claim, found);
+    const tr::Tr failure = actual
+        ? tr::Tr(u"scriptExpectedOther"_s, u"ожидалось %1, а получено %2"_s)
+              .arg(m_claim)
+              .arg(QString::fromStdString(actual->dump()))
+        : tr::Tr(u"scriptExpectedMissing"_s, u"ожидалось %1, а такого значения нет"_s).arg(m_claim);
+    return failure.ui();
 }
 
 } // namespace till

@@ -65,8 +65,8 @@ std::optional<QString> Interpreter::expect(const QStringList &arguments) const
 {
     const Expectation expectation(arguments);
     if (m_checked.is_null())
-        throw CannotDo(
-            u"nothing was done yet that could be checked"_s, u"put expect behind a command"_s);
+        throw CannotDo({u"scriptNothingToCheck"_s, u"ещё ничего не сделано, проверять нечего"_s},
+            {u"scriptNothingToCheckRemedy"_s, u"поставьте expect после команды"_s});
     return expectation.failure(m_checked);
 }
 

@@ -20,7 +20,8 @@ QString decode(const std::string &line)
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder(QByteArrayView(line));
     if (decoder.hasError())
-        throw CannotDo(u"the line is not in UTF-8"_s, u"save the script in UTF-8"_s);
+        throw CannotDo({u"scriptLineNotUtf8"_s, u"строка не в кодировке UTF-8"_s},
+            {u"scriptLineNotUtf8Remedy"_s, u"сохраните сценарий в UTF-8"_s});
     return text;
 }
 

@@ -60,7 +60,8 @@ private:
     {
         const qsizetype end = m_line.indexOf(singleQuote, m_at);
         if (end < 0)
-            throw CannotDo(u"a single quote is not closed"_s, u"add ' where the text ends"_s);
+            throw CannotDo({u"scriptOpenQuote"_s, u"не закрыта одинарная кавычка"_s},
+                {u"scriptOpenQuoteRemedy"_s, u"поставьте ' в конце текста"_s});
         const QString text = m_line.sliced(m_at, end - m_at).toString();
         m_at = end + 1;
         return text;
@@ -75,7 +76,8 @@ private:
             text += m_line[m_at++];
         }
         if (atEnd())
-            throw CannotDo(u"a double quote is not closed"_s, u"add \" where the text ends"_s);
+            throw CannotDo({u"scriptOpenDoubleQuote"_s, u"не закрыта двойная кавычка"_s},
+                {u"scriptOpenDoubleQuoteRemedy"_s, u"поставьте \" в конце текста"_s});
         ++m_at;
         return text;
     }
@@ -88,7 +90,9 @@ private:
     QChar escaped()
     {
         if (atEnd())
-            throw CannotDo(u"the line ends in a backslash"_s, u"write \\\\ for a backslash"_s);
+            throw CannotDo(
+                {u"scriptEndsInBackslash"_s, u"строка кончается обратной косой чертой"_s},
+                {u"scriptEndsInBackslashRemedy"_s, u"напишите \\\\ вместо одной черты"_s});
         return m_line[m_at++];
     }
 

@@ -22,17 +22,20 @@ TranscriptFile::TranscriptFile(const QString &fileName)
     const bool opened = isStandardOutput(fileName) ? m_file.open(stdout, QIODevice::WriteOnly)
                                                    : m_file.open(QIODevice::WriteOnly);
     if (!opened)
-        throw CannotDo(
-            u"the transcript %1 cannot be written: %2"_s.arg(m_name, m_file.errorString()),
-            u"name a file in a folder that can be written"_s);
+        throw CannotDo(tr::Tr(u"cannotWriteTranscript"_s, u"не удаётся записать протокол %1: %2"_s)
+                           .arg(m_name)
+                           .arg(m_file.errorString()),
+            {u"cannotWriteTranscriptRemedy"_s, u"укажите файл в папке, доступной для записи"_s});
 }
 
 void TranscriptFile::write(const Json &object)
 {
     const QByteArray line = plaintext::json(QByteArray::fromStdString(object.dump())) + '\n';
     if (m_file.write(line) != line.size() || !m_file.flush())
-        throw StorageError(u"the transcript %1 cannot be written: %2; make room for it"_s.arg(
-            m_name, m_file.errorString()));
+        throw StorageError(
+            tr::Tr(u"transcriptFull"_s, u"не удаётся записать протокол %1: %2; освободите место"_s)
+                .arg(m_name)
+                .arg(m_file.errorString()));
 }
 
 } // namespace till

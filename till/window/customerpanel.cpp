@@ -16,6 +16,7 @@ CustomerPanel::CustomerPanel(QWidget *parent)
     form->setContentsMargins({});
     auto *heading = new QLabel(texts::customer.ui(), this);
     heading->setObjectName(u"heading"_s);
+    heading->setTextFormat(Qt::PlainText);
     form->addRow(heading);
     m_card = addLine(*form, texts::customerCard.ui(), u"customerCard"_s);
     m_type = addLine(*form, texts::customerType.ui(), u"customerType"_s);

@@ -220,7 +220,7 @@ bool Desk::carryOut(const std::function<Outcome()> &operation)
     } catch (const CannotDo &error) {
         tell(error.text());
     } catch (const StorageError &error) {
-        tell(QString::fromUtf8(error.what()));
+        tell(error.tr().ui());
     }
     m_isBusy = false;
     m_connection.observe(m_exchanges.count(), m_exchanges.lastSucceeded(), now());
@@ -303,7 +303,7 @@ QString Desk::queueState()
             [](QueueOffice &office) { return office.status(); });
         m_queueState = queueText(status, now());
     } catch (const StorageError &error) {
-        m_queueState = texts::queueUnusable.arg(QString::fromUtf8(error.what())).ui();
+        m_queueState = texts::queueUnusable.arg(error.tr()).ui();
     }
     return m_queueState;
 }

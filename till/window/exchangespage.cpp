@@ -37,6 +37,7 @@ constexpr QColor failedColour{0xb3, 0x26, 0x1e};
 QPlainTextEdit *makeXmlView(const QString &objectName)
 {
     auto *view = new QPlainTextEdit;
+    view->setContextMenuPolicy(Qt::NoContextMenu);
     view->setObjectName(objectName);
     view->setProperty("isXml", true);
     view->setReadOnly(true);
@@ -52,6 +53,7 @@ QLabel *makeHeading(const QString &text)
 {
     auto *heading = new QLabel(text);
     heading->setObjectName(u"heading"_s);
+    heading->setTextFormat(Qt::PlainText);
     return heading;
 }
 

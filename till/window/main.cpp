@@ -1,5 +1,6 @@
 // korvel-till-window: the cashier's window of the till.
 
+#include "host/framework/spokenerror.h"
 #include "till/configuration.h"
 #include "till/exitstatus.h"
 #include "till/language/language.h"
@@ -51,8 +52,7 @@ int demonstrate(const till::RunOptions &options)
             till::texts::demoOffer, till::texts::demoStart, till::texts::demoDecline, nullptr)
             .exec()
         != QDialog::Accepted)
-        throw std::runtime_error("no configuration; name one with --config, or put a till.ini into "
-                                 "the current folder");
+        throw SpokenError(till::texts::noConfiguration);
     const till::Demo demo(options);
     return show(demo.options(), till::texts::demoBand.arg(demo.service().url().toString()).ui());
 }
@@ -64,6 +64,9 @@ int run(const till::RunOptions &options)
         till::speakAsConfigured();
         till::applyStyle();
         return till::isConfigured(options.configFile) ? show(options, {}) : demonstrate(options);
+    } catch (const SpokenError &error) {
+        std::cerr << "korvel-till-window: " << error.tr().ui().toStdString() << std::endl;
+        return static_cast<int>(ExitStatus::Unusable);
     } catch (const std::exception &error) {
         std::cerr << "korvel-till-window: " << error.what() << std::endl;
         return static_cast<int>(ExitStatus::Unusable);
@@ -87,6 +90,5 @@ int main(int argc, char *argv[])
     // The windows' library would take "--plugin" for an option of its own.
     int programName = 1;
     const QApplication application(programName, argv);
-    till::speakAsConfigured();
     return run(options.given());
 }

@@ -87,6 +87,9 @@ MainWindow::MainWindow(Desk &desk)
     // A plain widget paints the style sheet's background only when told.
     setAttribute(Qt::WA_StyledBackground);
     setWindowTitle(texts::windowTitle.ui());
+    // A menu of the toolkit's own is of no use at a till, and speaks the toolkit's language.
+    m_input->setContextMenuPolicy(Qt::NoContextMenu);
+    m_paper->setContextMenuPolicy(Qt::NoContextMenu);
     m_band->setWordWrap(true);
     m_band->hide();
     m_pages->addWidget(makeSalePage());

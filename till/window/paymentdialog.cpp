@@ -53,6 +53,7 @@ PaymentDialog::PaymentDialog(double rest, QWidget *parent)
 {
     setWindowTitle(texts::payment.ui());
     m_given->setObjectName(u"given"_s);
+    m_given->setContextMenuPolicy(Qt::NoContextMenu);
     m_given->setPlaceholderText(texts::givenHint.ui());
     auto *rows = new QVBoxLayout(this);
     rows->addWidget(makeText(u"formTitle"_s, texts::payment.ui()));

@@ -19,7 +19,7 @@ QueueOffice::Status statusFrom(const QJsonObject &object)
     for (const MessageState state : states)
         status.counts[state] = counts.value(stateName(state)).toInteger();
     status.moved = object.value("moved"_L1).toInteger();
-    status.unreached = object.value("unreached"_L1).toString();
+    status.unreached = {tr::undefined, object.value("unreached"_L1).toString()};
     const QString oldest = object.value("oldest"_L1).toString();
     status.oldestWaiting = QDateTime::fromString(oldest, Qt::ISODateWithMs);
     return status;

@@ -38,6 +38,7 @@ TextFormDialog::TextFormDialog(const InputTextFormParameters &form, QWidget *par
     setObjectName(form.formName);
     setWindowTitle(form.title.ui());
     m_input->setObjectName(u"formInput"_s);
+    m_input->setContextMenuPolicy(Qt::NoContextMenu);
     auto *rows = new QVBoxLayout(this);
     rows->addWidget(makeText(u"formTitle"_s, form.title.ui()));
     rows->addWidget(makeText(u"formMessage"_s, form.message.ui()));

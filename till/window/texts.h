@@ -144,6 +144,17 @@ inline const tr::Tr demoOffer(QStringLiteral("windowDemoOffer"),
 inline const tr::Tr demoStart(
     QStringLiteral("windowDemoStart"), QStringLiteral("Запустить демонстрацию"));
 inline const tr::Tr demoDecline(QStringLiteral("windowDemoDecline"), QStringLiteral("Выйти"));
+inline const tr::Tr noConfiguration(QStringLiteral("windowNoConfiguration"),
+    QStringLiteral("нет настроек; укажите файл в --config или положите till.ini в текущую папку"));
+inline const tr::Tr demoServiceMissing(QStringLiteral("windowDemoServiceMissing"),
+    QStringLiteral("для демонстрации нужна программа korvel-service, её нет ни рядом с этой "
+                   "программой, ни в PATH; установите её или укажите настройки в --config"));
+inline const tr::Tr demoServiceNotStarted(QStringLiteral("windowDemoServiceNotStarted"),
+    QStringLiteral("сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его "
+                   "адрес в настройках, файл которых задаёт --config"));
+inline const tr::Tr demoFileNotWritten(QStringLiteral("windowDemoFileNotWritten"),
+    QStringLiteral("%1: демонстрация не может записать этот файл (%2); освободите место или "
+                   "укажите другую папку в TMPDIR"));
 inline const tr::Tr demoStarting(
     QStringLiteral("windowDemoStarting"), QStringLiteral("Запускается сервис лояльности…"));
 inline const tr::Tr demoBand(QStringLiteral("windowDemoBand"),

@@ -59,9 +59,12 @@ void demand(QueueDatabase &database, const QString &setting, const QString &want
 {
     const QString found = answerTo(database, u"SHOW "_s + setting);
     if (found != wanted)
-        throw QueueUnreached(
-            u"%1: the queue's server has %2 = %3 where %4 is needed; set it there"_s.arg(
-                database.fileName(), setting, found, wanted));
+        throw QueueUnreached(tr::Tr(u"queueServerSetting"_s,
+            u"%1: на сервере очереди %2 = %3, а нужно %4; задайте это там"_s)
+                                 .arg(database.fileName())
+                                 .arg(setting)
+                                 .arg(found)
+                                 .arg(wanted));
 }
 
 QStringList literalsOf(const QSqlDatabase &database, const QVariantList &values)
@@ -78,11 +81,12 @@ QStringList literalsOf(const QSqlDatabase &database, const QVariantList &values)
     return literals;
 }
 
-[[noreturn]] void failToReach(const ServerAddress &address, const QString &reason)
+[[noreturn]] void failToReach(const ServerAddress &address, const tr::Tr &reason)
 {
-    throw QueueUnreached(
-        u"%1: the queue's server cannot be reached: %2; look at the server, the network "
-        u"and \"Queue:database\""_s.arg(address.shown(), reason));
+    throw QueueUnreached(tr::Tr(u"queueServerUnreached"_s,
+        u"%1: нет связи с сервером очереди: %2; проверьте сервер, сеть и «Queue:database»"_s)
+                             .arg(address.shown())
+                             .arg(reason));
 }
 
 /// The network address of the server; empty for a socket.
@@ -96,7 +100,7 @@ QString find(const ServerAddress &address, std::chrono::steady_clock::time_point
     const auto found = serverlookup::find(
         address.host, address.port, std::max(left / 2, std::chrono::milliseconds(1)));
     if (!found.error.isEmpty())
-        failToReach(address, found.error);
+        failToReach(address, tr::Tr(tr::undefined, found.error));
     return found.networkAddress;
 }
 
@@ -119,7 +123,9 @@ void open(QSqlDatabase &database, const ServerAddress &address,
     std::chrono::steady_clock::time_point deadline)
 {
     if (!database.isValid())
-        failToReach(address, u"Qt's driver for PostgreSQL is missing (libqt6sql6-psql)"_s);
+        failToReach(address,
+            {u"queueDriverMissing"_s,
+                u"не хватает драйвера Qt для PostgreSQL (libqt6sql6-psql)"_s});
     const QString networkAddress = find(address, deadline);
     database.setHostName(address.host);
     database.setPort(address.port);
@@ -129,7 +135,7 @@ void open(QSqlDatabase &database, const ServerAddress &address,
     database.setConnectOptions(options(address, networkAddress));
     const ConnectionWatch watch(address, networkAddress, deadline);
     if (!database.open())
-        failToReach(address, watch.hasCut() ? notAnsweredInTime : shown(database.lastError()));
+        failToReach(address, watch.hasCut() ? notAnsweredInTime() : shown(database.lastError()));
     PQsetNoticeProcessor(handleOf(database), logNotice, nullptr);
 }
 
@@ -149,9 +155,14 @@ void configure(QueueDatabase &database)
         u"SET idle_in_transaction_session_timeout = %1"_s.arg(idleTransactionMilliseconds));
 }
 
-QString shown(const QSqlError &error)
+tr::Tr notAnsweredInTime()
 {
-    return error.databaseText().simplified();
+    return {u"queueServerLate"_s, u"сервер не ответил вовремя"_s};
+}
+
+tr::Tr shown(const QSqlError &error)
+{
+    return {tr::undefined, error.databaseText().simplified()};
 }
 
 QString preparation(const QString &name, const QString &statement)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/server/serveraddress.h"
 
 #include <QSqlDatabase>
@@ -14,7 +15,7 @@ class QueueDatabase;
 namespace serverconnection {
 
 /// What is said when a wait was ended here.
-inline const QString notAnsweredInTime = QStringLiteral("the server has not answered in time");
+[[nodiscard]] tr::Tr notAnsweredInTime();
 
 /// Opens it until then, with half of the time for the name and the way there.
 /// @throws QueueUnreached when that fails; one line without the password.
@@ -27,7 +28,7 @@ void open(QSqlDatabase &database, const ServerAddress &address,
 void configure(QueueDatabase &database);
 
 /// A driver's error in one line.
-[[nodiscard]] QString shown(const QSqlError &error);
+[[nodiscard]] tr::Tr shown(const QSqlError &error);
 /// The statement that prepares another one, which has question marks for its values only, under a
 /// name.
 [[nodiscard]] QString preparation(const QString &name, const QString &statement);

@@ -88,17 +88,19 @@ bool isMade(QueueDatabase &database)
         return false;
     const int oldestThatCopes = database.fact(oldestThatCopesFact).toInt();
     if (oldestThatCopes > thisLayout)
-        throw QueueUnreached(u"%1: the queue was made by a newer version (%2, this one knows %3); "
-                             u"install that one"_s.arg(database.fileName())
-                                 .arg(oldestThatCopes)
-                                 .arg(thisLayout));
+        throw QueueUnreached(tr::Tr(u"queueNewer"_s,
+            u"%1: очередь создана более новой версией (%2, эта знает %3); установите ту версию"_s)
+                                 .arg(database.fileName())
+                                 .arg(QString::number(oldestThatCopes))
+                                 .arg(QString::number(thisLayout)));
     const int layout = database.fact(layoutFact).toInt();
     if (layout < thisLayout)
-        throw QueueUnreached(
-            u"%1: the database has tables of an older version (%2, this one needs "
-            u"%3); name another database in \"Queue:database\""_s.arg(database.fileName())
-                .arg(layout)
-                .arg(thisLayout));
+        throw QueueUnreached(tr::Tr(u"queueOlder"_s,
+            u"%1: в базе данных таблицы более старой версии (%2, этой нужна %3); укажите "
+            u"другую базу данных в «Queue:database»"_s)
+                                 .arg(database.fileName())
+                                 .arg(QString::number(layout))
+                                 .arg(QString::number(thisLayout)));
     return true;
 }
 
@@ -114,9 +116,10 @@ void bringUp(QueueDatabase &database)
     if (isMade(database))
         return;
     if (isTable(database, u"messages"_s))
-        throw QueueUnreached(
-            u"%1: the database has a table \"messages\" of another program; name "
-            u"a database of the queue's own in \"Queue:database\""_s.arg(database.fileName()));
+        throw QueueUnreached(tr::Tr(u"queueForeignTable"_s,
+            u"%1: в базе данных есть таблица «messages» другой программы; укажите в "
+            u"«Queue:database» отдельную базу данных очереди"_s)
+                                 .arg(database.fileName()));
     for (const QString &statement : statements)
         database.run(statement);
     database.setFact(layoutFact, QString::number(thisLayout));

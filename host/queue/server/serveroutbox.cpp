@@ -49,7 +49,8 @@ void ServerOutbox::put(const QueueMessage &message)
             // What came before goes before.
             if (!moveOver(Clock::now() + longestMove))
                 throw StorageError(
-                    u"%1: earlier messages are still moving there"_s.arg(server.fileName()));
+                    tr::Tr(u"queueStillMoving"_s, u"%1: туда ещё переносятся прежние сообщения"_s)
+                        .arg(server.fileName()));
             server.append(message);
         });
     } catch (const StorageError &error) {
@@ -129,10 +130,10 @@ template <typename Work> void ServerOutbox::bounded(const Work &work)
         throw QueueUnreached(m_lastFailure);
     try {
         work(begin + longestWait);
-        m_lastFailure.clear();
+        m_lastFailure = {};
     } catch (const QueueUnreached &error) {
         m_store.reset();
-        m_lastFailure = QString::fromUtf8(error.what());
+        m_lastFailure = error.tr();
         if (Clock::now() - begin > noticeableWait)
             pause(error);
         throw;
@@ -141,7 +142,7 @@ template <typename Work> void ServerOutbox::bounded(const Work &work)
 
 void ServerOutbox::pause(const QueueUnusable &cause)
 {
-    m_lastFailure = QString::fromUtf8(cause.what());
+    m_lastFailure = cause.tr();
     m_pauseUntil = Clock::now() + pauseAfterWait;
 }
 
@@ -174,8 +175,10 @@ bool ServerOutbox::moveOver(Clock::time_point until)
         // Who delivers from the file, with other settings, has what moves in hand.
         FileLock lock(local.deliveryLock());
         if (!lock.tryLock())
-            throw StorageError(u"%1: its messages are in another program's hands and cannot move "
-                               u"to the shared queue yet"_s.arg(local.fileName()));
+            throw StorageError(tr::Tr(u"queueCannotMoveYet"_s,
+                u"%1: сообщения ещё отправляет другая программа, перенести их в общую очередь "
+                u"пока нельзя"_s)
+                                   .arg(local.fileName()));
         while (Clock::now() < until)
             if (!moveSome(local))
                 return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/framework/tr.h"
 #include "host/queue/fileoutbox.h"
 
 #include <chrono>
@@ -34,7 +35,7 @@ public:
     [[nodiscard]] QString folder() const override { return m_local->folder(); }
     [[nodiscard]] bool isShared() const override { return true; }
     [[nodiscard]] QList<QueueMessage> spilled() override { return m_local->spilled(); }
-    [[nodiscard]] QString unreached() const override { return m_lastFailure; }
+    [[nodiscard]] tr::Tr unreached() const override { return m_lastFailure; }
     void close(const QueueUnusable &error) override;
 
 private:
@@ -52,5 +53,5 @@ private:
     QString m_owner; ///< the same however often the server is reached again
     std::unique_ptr<MessageStore> m_store;
     Clock::time_point m_pauseUntil{};
-    QString m_lastFailure;
+    tr::Tr m_lastFailure;
 };

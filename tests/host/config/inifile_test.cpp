@@ -94,19 +94,18 @@ TEST(IniFile, SaysWhereAndWhyALineIsBroken)
     };
     const QList<Row> rows{
         {"[S]\nk=1\n  words",
-            u"till.ini:3:3: \"=\" is missing; write \"key = value\", or \"#\" "
-            "before a comment"_s},
-        {"[S", u"till.ini:1:1: \"]\" is missing; close the section's name with it"_s},
-        {" [ ]", u"till.ini:1:2: the section has no name; write one between \"[\" and \"]\""_s},
-        {"[a:b]", u"till.ini:1:3: \":\" in a section's name; choose a name without it"_s},
+            u"till.ini:3:3: не хватает «=»; напишите «ключ = значение» или поставьте «#» перед "
+            "комментарием"_s},
+        {"[S", u"till.ini:1:1: не хватает «]»; закройте ею имя секции"_s},
+        {" [ ]", u"till.ini:1:2: у секции нет имени; напишите его между «[» и «]»"_s},
+        {"[a:b]", u"till.ini:1:3: «:» в имени секции; выберите имя без неё"_s},
         {"[S] k=1",
-            u"till.ini:1:4: text behind \"]\"; put comments and settings on their own lines"_s},
-        {"[S]\n=1", u"till.ini:2:1: the setting has no key; write one before \"=\""_s},
-        {"\nk=1",
-            u"till.ini:2:1: a setting before the first section; put a \"[section]\" above it"_s},
+            u"till.ini:1:4: текст после «]»; комментарии и настройки пишите в отдельных строках"_s},
+        {"[S]\n=1", u"till.ini:2:1: у настройки нет ключа; напишите его перед «=»"_s},
+        {"\nk=1", u"till.ini:2:1: настройка перед первой секцией; поставьте над ней «[секция]»"_s},
         {"[S]\nk=\xD5\xEB\xE5\xE1",
-            u"till.ini:2:1: the line is not in UTF-8; save the file as UTF-8"_s},
-        {"[S]\nk=\xD0", u"till.ini:2:1: the line is not in UTF-8; save the file as UTF-8"_s},
+            u"till.ini:2:1: строка не в кодировке UTF-8; сохраните файл в UTF-8"_s},
+        {"[S]\nk=\xD0", u"till.ini:2:1: строка не в кодировке UTF-8; сохраните файл в UTF-8"_s},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.bytes.toStdString());

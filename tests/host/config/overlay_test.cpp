@@ -64,15 +64,15 @@ TEST_F(OverlayTest, LoadingAgainForgetsWhatWasReadBefore)
 
 TEST_F(OverlayTest, AFileThatCannotBeReadIsNamed)
 {
-    EXPECT_TRUE(loadingError().startsWith(pathOf(mainFile) + u": the file cannot be read: "));
+    EXPECT_TRUE(loadingError().startsWith(pathOf(mainFile) + u": файл не читается: "));
 }
 
 TEST_F(OverlayTest, AValueFileThatCannotBeReadIsNamedWithItsSetting)
 {
     givenFile(mainFile, "[S]\npassword = @file:none\n");
 
-    EXPECT_TRUE(loadingError().startsWith(
-        at(2) + u"12: " + pathOf(u"none"_s) + u": the file cannot be read: "));
+    EXPECT_TRUE(
+        loadingError().startsWith(at(2) + u"12: " + pathOf(u"none"_s) + u": файл не читается: "));
 }
 
 TEST_F(OverlayTest, EveryFileThatWasReadIsKnown)
@@ -93,7 +93,8 @@ TEST_F(OverlayTest, AValueFileMustBeInUtf8)
     givenFile(mainFile, "[S]\npassword=@file:secret\n");
 
     EXPECT_EQ(loadingError(),
-        at(2) + u"10: " + pathOf(u"secret"_s) + u": the file is not in UTF-8; save it as UTF-8");
+        at(2) + u"10: " + pathOf(u"secret"_s)
+            + u": файл не в кодировке UTF-8; сохраните его в UTF-8");
 }
 
 } // namespace

@@ -196,7 +196,7 @@ TEST_F(LoggingTest, AFolderThatCannotBeMadeIsNamed)
 {
     const QString error = errorOf(u"/proc/korvel"_s, {});
 
-    EXPECT_TRUE(error.startsWith(u"/proc/korvel: the folder cannot be made")) << qPrintable(error);
+    EXPECT_TRUE(error.startsWith(u"/proc/korvel: папка не создаётся")) << qPrintable(error);
 }
 
 TEST_F(LoggingTest, AFolderThatCannotBeWrittenToIsNamed)

@@ -319,7 +319,7 @@ TEST_F(DamagedQueueTest, DamageThatOnlyUseShowsIsMendedToo)
     givenFilledQueue();
     queue()->open();
     EXPECT_THROW(queue()->inOffice([](QueueOffice &) -> int {
-        throw QueueDamaged(u"a row could not be read"_s);
+        throw QueueDamaged({tr::undefined, u"a row could not be read"_s});
     }),
         QueueDamaged);
     EXPECT_EQ(noticesOfOpening(), (QStringList{u"queueSetAside"_s, u"queueSalvaged"_s}));

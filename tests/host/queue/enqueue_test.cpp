@@ -135,7 +135,7 @@ TEST_F(EnqueueTest, WithAWrongAddressMessagesStayOnThisMachine)
     EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
     EXPECT_EQ(queue()->waiting(), 1);
     EXPECT_THROW(whenDelivered(), StorageError);
-    EXPECT_TRUE(log.lines().first().contains(u"Queue:database: no user"_s));
+    EXPECT_TRUE(log.lines().first().contains(u"Queue:database: не указан пользователь"_s));
 }
 
 } // namespace

@@ -77,7 +77,8 @@ TEST_F(PostgresTest, TablesOfANewerVersionAreLeftAlone)
 {
     queue()->open();
     ask(u"UPDATE facts SET value = '3' WHERE name = 'oldest_layout_that_copes'"_s);
-    EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"newer version (3, this one knows 2)"_s));
+    EXPECT_TRUE(
+        errorOf(queueengine::setting()).contains(u"более новой версией (3, эта знает 2)"_s));
     EXPECT_EQ(keptHere(), 1);
 }
 
@@ -93,15 +94,14 @@ TEST_F(PostgresTest, TablesOfAnOlderVersionAreLeftAlone)
     queue()->open();
     ask(u"UPDATE facts SET value = '1' WHERE name = 'layout'"_s);
     EXPECT_TRUE(errorOf(queueengine::setting())
-                    .contains(u"older version (1, this one needs 2); name another"_s));
+                    .contains(u"более старой версии (1, этой нужна 2); укажите"_s));
     EXPECT_EQ(keptHere(), 1);
 }
 
 TEST_F(PostgresTest, TablesOfAnotherProgramAreLeftAlone)
 {
     ask(u"CREATE TABLE messages (text TEXT)"_s);
-    EXPECT_TRUE(
-        errorOf(queueengine::setting()).contains(u"a table \"messages\" of another program"_s));
+    EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"таблица «messages» другой программы"_s));
     EXPECT_EQ(ask(u"SELECT count(*) FROM pg_tables WHERE tablename = 'facts'"_s), QVariantList{0});
     EXPECT_EQ(keptHere(), 1);
 }
@@ -124,7 +124,7 @@ TEST_F(PostgresTest, ServerThatDoesNotSyncIsRefused)
         while (ask(u"SHOW fsync"_s) != QVariantList{syncing}) { }
     };
     whenSyncing(u"off"_s);
-    EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"fsync = off where on is needed"_s));
+    EXPECT_TRUE(errorOf(queueengine::setting()).contains(u"fsync = off, а нужно on"_s));
     EXPECT_EQ(keptHere(), 1);
     whenSyncing(u"on"_s);
 }
@@ -155,7 +155,7 @@ TEST_F(PostgresTest, DatabaseThatCannotHoldEveryLanguageIsRefused)
     ask(u"DROP DATABASE IF EXISTS latin"_s);
     ask(u"CREATE DATABASE latin ENCODING 'LATIN1' LOCALE 'C' TEMPLATE template0"_s);
     const QString error = errorOf(queueengine::setting().replace(u"/postgres"_s, u"/latin"_s));
-    EXPECT_TRUE(error.contains(u"server_encoding = LATIN1 where UTF8 is needed"_s));
+    EXPECT_TRUE(error.contains(u"server_encoding = LATIN1, а нужно UTF8"_s));
 }
 
 TEST_F(PostgresTest, ReachedThroughItsSocket)
@@ -467,7 +467,7 @@ TEST_P(UnreachedTest, IsSaidInOneLineWithoutThePassword)
     address.replace(QString::fromUtf8(replaced), QString::fromUtf8(by));
     const QString error = errorOf(address);
     EXPECT_TRUE(error.startsWith(u"postgresql://"_s)) << error.toStdString();
-    EXPECT_TRUE(error.contains(u"\"Queue:database\""_s));
+    EXPECT_TRUE(error.contains(u"«Queue:database»"_s));
     EXPECT_TRUE(error.contains(QString::fromUtf8(said))) << error.toStdString();
     EXPECT_FALSE(error.contains(u'\n'));
     givenSetting(u"Queue:database"_s, address);

@@ -24,7 +24,7 @@ using Clock = std::chrono::steady_clock;
 
 // Far below what the driver and the server wait for by themselves.
 constexpr std::chrono::milliseconds brief{200};
-const QString inTime = u"the server has not answered in time"_s;
+const QString inTime = u"сервер не ответил вовремя"_s;
 
 class PostgresWaitsTest : public testing::Test, public QueueFixture
 {

@@ -86,7 +86,7 @@ TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
     givenMessage(u"one"_s);
     Singleton<DBQueueBroker>::reset();
     ask(u"PRAGMA user_version = 4"_s);
-    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("newer version (4, this one knows 3)"));
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("более новой версией (4, эта знает 3)"));
     EXPECT_EQ(ask(u"SELECT count(*) FROM messages"_s), QVariantList{1});
     EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{4});
 }
@@ -123,7 +123,7 @@ TEST_F(QueueDatabaseTest, FileIsNotOpenedWhileAnotherProcessMakesOrMovesIt)
     ASSERT_TRUE(QDir().mkpath(folder()));
     FileLock other(databaseFile() + u".open"_s);
     ASSERT_TRUE(other.tryLock());
-    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("still opening"));
+    EXPECT_THAT(errorOfOpening(), testing::HasSubstr("ещё открывает"));
     EXPECT_FALSE(QFile::exists(databaseFile()));
 }
 

@@ -192,7 +192,7 @@ TEST_F(HeldSpillTest, ASpillFileThatCannotBeReadStopsNoDelivery)
     ASSERT_TRUE(QDir().mkpath(spillFile()));
     EXPECT_EQ(whenDelivered().delivered, 1);
     EXPECT_EQ(queue()->waiting(), 0);
-    EXPECT_FALSE(log.lines().filter(u"cannot be read"_s).isEmpty());
+    EXPECT_FALSE(log.lines().filter(u"не читается"_s).isEmpty());
 }
 
 TEST_F(SpillingTest, LockedQueueSpillsAfterTwoSeconds)

@@ -110,7 +110,9 @@ TEST_F(SpillFileTest, StaysWhenItCouldNotBeTakenOver)
 {
     spill.append(makeMessage(u"a"_s));
     const QByteArray before = files::contents(name);
-    EXPECT_THROW(spill.takeOver([](const QList<QueueMessage> &) { throw StorageError(u"full"_s); }),
+    EXPECT_THROW(spill.takeOver([](const QList<QueueMessage> &) {
+        throw StorageError({tr::undefined, u"full"_s});
+    }),
         StorageError);
     EXPECT_EQ(files::contents(name), before);
 }

@@ -56,7 +56,7 @@ TEST_F(DamagedDocumentTest, ErrorNamesTheFileAndWhatToDo)
     for (const QByteArray contents : {"", "{", "not JSON", "[]", "{}", "\0\0\0\0"}) {
         SCOPED_TRACE(contents.constData());
         EXPECT_THAT(errorOf(contents), testing::StartsWith("state/document.json: "));
-        EXPECT_THAT(errorOf(contents), testing::HasSubstr("restore the file from a copy"));
+        EXPECT_THAT(errorOf(contents), testing::HasSubstr("восстановите файл из копии"));
     }
 }
 
@@ -64,7 +64,7 @@ TEST_F(DamagedDocumentTest, EveryShorterBeginningIsRefused)
 {
     const QByteArray whole = documentjson::write(*document()).trimmed();
     for (qsizetype size = 0; size < whole.size(); ++size)
-        ASSERT_THAT(errorOf(whole.left(size)), testing::HasSubstr("damaged at byte")) << size;
+        ASSERT_THAT(errorOf(whole.left(size)), testing::HasSubstr("повреждён в байте")) << size;
 }
 
 TEST_F(DamagedDocumentTest, EveryMemberIsNeeded)
@@ -73,7 +73,7 @@ TEST_F(DamagedDocumentTest, EveryMemberIsNeeded)
     for (const QString &name : names) {
         QJsonObject without = file;
         without.remove(name);
-        EXPECT_THAT(errorOf(without), testing::HasSubstr("at \"/" + name.toStdString() + "\""));
+        EXPECT_THAT(errorOf(without), testing::HasSubstr("«/" + name.toStdString() + "»"));
     }
 }
 
@@ -84,8 +84,8 @@ TEST_F(DamagedDocumentTest, UnknownMembersArePassedOver)
 
 TEST_F(DamagedDocumentTest, FormatOfAnotherVersionIsRefused)
 {
-    EXPECT_THAT(errorWith(u"format"_s, 2), testing::HasSubstr("at \"/format\": expected 1"));
-    EXPECT_THAT(errorWith(u"format"_s, 0), testing::HasSubstr("at \"/format\": expected 1"));
+    EXPECT_THAT(errorWith(u"format"_s, 2), testing::HasSubstr("«/format»: ожидается 1"));
+    EXPECT_THAT(errorWith(u"format"_s, 0), testing::HasSubstr("«/format»: ожидается 1"));
 }
 
 TEST_F(DamagedDocumentTest, ValuesOfAnotherKindAreRefused)
@@ -97,27 +97,27 @@ TEST_F(DamagedDocumentTest, ValuesOfAnotherKindAreRefused)
         const char *expected;
     };
     const QList<Row> rows{
-        {u"type"_s, 2, "the code of a document type"},
-        {u"type"_s, 1.5, "an integer"},
-        {u"type"_s, 4294967297.0, "an integer"},
-        {u"number"_s, 17, "a text"},
-        {u"state"_s, u"shut"_s, "open, closed or cancelled"},
-        {u"opened"_s, u"yesterday"_s, "date and time"},
-        {u"positions"_s, 5, "an array"},
-        {u"positions"_s, QJsonArray{5}, "an object"},
+        {u"type"_s, 2, "код вида документа"},
+        {u"type"_s, 1.5, "целое число"},
+        {u"type"_s, 4294967297.0, "целое число"},
+        {u"number"_s, 17, "текст"},
+        {u"state"_s, u"shut"_s, "open, closed или cancelled"},
+        {u"opened"_s, u"yesterday"_s, "дата и время"},
+        {u"positions"_s, 5, "массив"},
+        {u"positions"_s, QJsonArray{5}, "объект"},
         {u"payments"_s, QJsonArray{QJsonObject{{u"kind"_s, u"cash"_s}, {u"amount"_s, u"1"_s}}},
-            "a number"},
-        {u"pluginData"_s, QJsonObject{{u"group"_s, 5}}, "an array or an object"},
-        {u"pluginData"_s, QJsonObject{{u"g"_s, QJsonObject{{u"k"_s, 5}}}}, "a known kind"},
+            "число"},
+        {u"pluginData"_s, QJsonObject{{u"group"_s, 5}}, "массив или объект"},
+        {u"pluginData"_s, QJsonObject{{u"g"_s, QJsonObject{{u"k"_s, 5}}}}, "известного вида"},
         {u"pluginData"_s,
             QJsonObject{{u"g"_s, QJsonObject{{u"k"_s, QJsonObject{{u"date"_s, u"1.1.24"_s}}}}}},
-            "a date"},
+            "дата"},
         {u"pluginData"_s,
             QJsonObject{{u"g"_s, QJsonObject{{u"k"_s, QJsonObject{{u"int64"_s, u"x"_s}}}}}},
-            "an integer"},
+            "целое число"},
         {u"pluginData"_s,
             QJsonObject{{u"g"_s, QJsonObject{{u"k"_s, QJsonObject{{u"double"_s, u"0xZ"_s}}}}}},
-            "a number"},
+            "число"},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.expected);
@@ -136,7 +136,7 @@ TEST_F(DamagedDocumentTest, ImpactThatNamesACardThatIsNotThere)
     document()->setEffects(effects);
     file = QJsonDocument::fromJson(documentjson::write(*document())).object();
     EXPECT_THAT(errorWith(u"cards"_s, QJsonArray()),
-        testing::HasSubstr("at \"/effects/bonusImpacts/0/detail/card\""));
+        testing::HasSubstr("«/effects/bonusImpacts/0/detail/card»"));
 }
 
 } // namespace

@@ -77,7 +77,7 @@ TEST_F(DocumentStoreTest, SecondTillIsRefusedAndToldWhoIsThere)
     } catch (const StorageError &error) {
         EXPECT_THAT(error.what(), testing::StartsWith(stateFolder().toStdString()));
         EXPECT_THAT(error.what(),
-            testing::HasSubstr("process " + std::to_string(QCoreApplication::applicationPid())));
+            testing::HasSubstr("процесс " + std::to_string(QCoreApplication::applicationPid())));
     }
 }
 

@@ -176,7 +176,7 @@ TEST_F(NarratorTest, RemarksOfTheScriptAreItsOwnWords)
 
 TEST_F(NarratorTest, AnEmptyDeskIsTold)
 {
-    EXPECT_EQ(story(u"show"_s), "> show\n    No document is open.\n    Ждут отправки: 0\n");
+    EXPECT_EQ(story(u"show"_s), "> show\n    No document is open.\n    Waiting to be sent: 0\n");
 }
 
 TEST_F(NarratorTest, AtAPromptNeitherCommandNorDialogIsRepeated)

@@ -149,9 +149,9 @@ TEST_F(CalculationTest, AnExceptionIsFinishedWithEvent73AndTheSaleGoesOn)
 
 TEST_F(CalculationTest, TotalIsAnErrorOnAReturnAndAtAnEmptyDesk)
 {
-    EXPECT_TRUE(whyNot([&] { till->calculate(); }).startsWith(u"no document is open"));
+    EXPECT_TRUE(whyNot([&] { till->calculate(); }).startsWith(u"нет открытого документа"));
     till->openReturn();
-    EXPECT_TRUE(whyNot([&] { till->calculate(); }).startsWith(u"total is not for returns"));
+    EXPECT_TRUE(whyNot([&] { till->calculate(); }).startsWith(u"возврат не рассчитывается"));
 }
 
 TEST_F(CalculationTest, TotalDropsPayments)
@@ -286,7 +286,8 @@ TEST_F(SpendingTest, PointsAreAnErrorOnAReturn)
 {
     till->cancel();
     till->openReturn();
-    EXPECT_TRUE(whyNot([&] { till->payWithPoints({}); }).startsWith(u"points is not for returns"));
+    EXPECT_TRUE(
+        whyNot([&] { till->payWithPoints({}); }).startsWith(u"возврат не оплачивается баллами"));
 }
 
 TEST_F(SpendingTest, WhatWasGrantedIsOnDisk)

@@ -238,7 +238,7 @@ TEST_F(ClosingTest, APartlyPaidChequeIsAnErrorAndAsksNothing)
     givenSaleOf({u"1002"_s});
     till->pay(till::PaymentKind::Card, 60.0);
     EXPECT_EQ(whyNot([&] { till->close(); }),
-        u"the cheque is partly paid, 40.00 are left; pay the rest with pay cash or pay card"_s);
+        u"чек оплачен не полностью, осталось 40.00; доплатите наличными или картой"_s);
     EXPECT_EQ(takeCalls(), QStringList());
 }
 
@@ -254,14 +254,14 @@ TEST_F(ClosingTest, APaidChequeKeepsItsPayment)
 TEST_F(ClosingTest, AnEmptyDocumentCannotBeClosed)
 {
     till->openSale();
-    EXPECT_TRUE(whyNot([&] { till->close(); }).startsWith(u"the document has no positions"));
+    EXPECT_TRUE(whyNot([&] { till->close(); }).startsWith(u"в документе нет позиций"));
     EXPECT_TRUE(till->document());
 }
 
 TEST_F(ClosingTest, AnEmptyDeskHasNothingToCloseOrCancel)
 {
-    EXPECT_TRUE(whyNot([&] { till->close(); }).startsWith(u"no document is open"));
-    EXPECT_TRUE(whyNot([&] { till->cancel(); }).startsWith(u"no document is open"));
+    EXPECT_TRUE(whyNot([&] { till->close(); }).startsWith(u"нет открытого документа"));
+    EXPECT_TRUE(whyNot([&] { till->cancel(); }).startsWith(u"нет открытого документа"));
 }
 
 TEST_F(ClosingTest, AReturnIsCommittedAndNotAnnounced)

@@ -76,7 +76,7 @@ TEST_F(IdentificationTest, ASecondCardIsAnErrorOnceTheChequeIsRegistered)
 {
     whenPresented(number);
     loyalty->presented->setOperationId(u"T-1"_s);
-    EXPECT_TRUE(whyNot([&] { whenPresented(other); }).startsWith(u"the cheque is registered"));
+    EXPECT_TRUE(whyNot([&] { whenPresented(other); }).startsWith(u"чек зарегистрирован"));
     EXPECT_EQ(attached(), number);
 }
 
@@ -90,7 +90,8 @@ TEST_F(IdentificationTest, ASecondCardIsAnErrorOncePointsArePaid)
         return true;
     };
     till->payWithPoints(std::nullopt);
-    EXPECT_TRUE(whyNot([&] { whenPresented(other); }).startsWith(u"the cheque is paid with"));
+    EXPECT_TRUE(
+        whyNot([&] { whenPresented(other); }).startsWith(u"чек оплачен баллами другой карты"));
 }
 
 TEST_F(IdentificationTest, AnExceptionIsARefusalAndTheSaleGoesOn)

@@ -53,7 +53,7 @@ TEST_F(OpeningTest, ANumberIsNotGivenAgainAfterACancel)
 TEST_F(OpeningTest, SaleAndReturnAreErrorsWhileADocumentIsOpen)
 {
     till->openSale();
-    const QString wanted = u"document 17 is open; close or cancel it first"_s;
+    const QString wanted = u"открыт документ 17; сначала закройте или отмените его"_s;
     EXPECT_EQ(whyNot([&] { till->openSale(); }), wanted);
     EXPECT_EQ(whyNot([&] { till->openReturn(); }), wanted);
     EXPECT_EQ(whyNot([&] { till->openReturnOf(u"1"_s); }), wanted);
@@ -111,7 +111,7 @@ TEST_F(OpeningTest, OnlyClosedSalesCanBeReturned)
         SCOPED_TRACE(qPrintable(number));
         EXPECT_TRUE(whyNot([&] {
             till->openReturnOf(number);
-        }).startsWith(u"there is no closed sale "_s + number));
+        }).startsWith(u"нет закрытого чека продажи "_s + number));
         EXPECT_FALSE(till->document());
     }
 }

@@ -28,7 +28,7 @@ TEST_F(PaymentsTest, WithoutAnAmountTheRestIsPaid)
 TEST_F(PaymentsTest, ACardPaysNoMoreThanTheRest)
 {
     EXPECT_EQ(whyNot([&] { till->pay(PaymentKind::Card, 100.01); }),
-        u"a card pays 100.00 at most; write pay card for the rest"_s);
+        u"картой можно оплатить не больше 100.00; оплатите картой только остаток"_s);
 }
 
 TEST_F(PaymentsTest, CashMayBeMoreThanTheRest)
@@ -40,13 +40,15 @@ TEST_F(PaymentsTest, CashMayBeMoreThanTheRest)
 TEST_F(PaymentsTest, NothingIsPaidTwice)
 {
     till->pay(PaymentKind::Cash, std::nullopt);
-    EXPECT_TRUE(whyNot([&] { till->pay(PaymentKind::Cash, 1.0); }).startsWith(u"nothing is left"));
+    EXPECT_TRUE(
+        whyNot([&] { till->pay(PaymentKind::Cash, 1.0); }).startsWith(u"оплачивать больше нечего"));
 }
 
 TEST_F(PaymentsTest, AnEmptyDeskTakesNoMoney)
 {
     till->cancel();
-    EXPECT_TRUE(whyNot([&] { till->pay(PaymentKind::Cash, 1.0); }).startsWith(u"no document"));
+    EXPECT_TRUE(
+        whyNot([&] { till->pay(PaymentKind::Cash, 1.0); }).startsWith(u"нет открытого документа"));
     EXPECT_DOUBLE_EQ(till->rest(), 0.0);
 }
 

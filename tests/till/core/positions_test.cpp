@@ -64,7 +64,7 @@ TEST_F(PositionsTest, NumbersAreNeverGivenTwice)
 
 TEST_F(PositionsTest, AnUnknownArticleOpensNoSale)
 {
-    EXPECT_TRUE(whyNot([&] { whenAdded(u"77"_s); }).startsWith(u"the catalogue has no article 77"));
+    EXPECT_TRUE(whyNot([&] { whenAdded(u"77"_s); }).startsWith(u"в каталоге нет товара 77"));
     EXPECT_FALSE(till->document());
 }
 
@@ -136,15 +136,16 @@ TEST_F(PositionsTest, AStoppedQuantityLeavesThePositionAsItWas)
 TEST_F(PositionsTest, UnknownPositionsAreErrors)
 {
     givenSaleOf({u"1001"_s});
-    const QString wanted = u"the document has no position 2; "_s;
+    const QString wanted = u"в документе нет позиции 2; "_s;
     EXPECT_TRUE(whyNot([&] { till->changeQuantity(2, 1.0); }).startsWith(wanted));
     EXPECT_TRUE(whyNot([&] { till->removePosition(2); }).startsWith(wanted));
 }
 
 TEST_F(PositionsTest, AnEmptyDeskHasNoPositions)
 {
-    EXPECT_TRUE(whyNot([&] { till->changeQuantity(1, 1.0); }).startsWith(u"no document is open"));
-    EXPECT_TRUE(whyNot([&] { till->removePosition(1); }).startsWith(u"no document is open"));
+    EXPECT_TRUE(
+        whyNot([&] { till->changeQuantity(1, 1.0); }).startsWith(u"нет открытого документа"));
+    EXPECT_TRUE(whyNot([&] { till->removePosition(1); }).startsWith(u"нет открытого документа"));
 }
 
 TEST_F(PositionsTest, AChangedChequeDropsPaymentsButNotPluginData)
@@ -172,20 +173,21 @@ TEST_F(PositionsTest, ARegisteredChequeCannotBeChanged)
         [this] { till->removePosition(1); }, [this] { till->calculate(); },
         [this] { till->payWithPoints(std::nullopt); }, [this] { till->scan(u"461001"_s); }};
     for (const auto &change : changes)
-        EXPECT_TRUE(whyNot(change).startsWith(u"the cheque is registered"));
+        EXPECT_TRUE(whyNot(change).startsWith(u"чек зарегистрирован"));
 }
 
 TEST_F(PositionsTest, AReturnOfASaleTakesNoOtherGoods)
 {
     till->openReturnOf(givenClosedSale());
-    EXPECT_TRUE(whyNot([&] { whenAdded(u"1001"_s); }).startsWith(u"a return of a sale takes"));
-    EXPECT_TRUE(whyNot([&] { till->scan(u"461001"_s); }).startsWith(u"a return of a sale takes"));
+    EXPECT_TRUE(whyNot([&] { whenAdded(u"1001"_s); }).startsWith(u"возврат по чеку берёт"));
+    EXPECT_TRUE(whyNot([&] { till->scan(u"461001"_s); }).startsWith(u"возврат по чеку берёт"));
 }
 
 TEST_F(PositionsTest, NoMoreCanBeReturnedThanWasSold)
 {
     till->openReturnOf(givenClosedSale());
-    EXPECT_TRUE(whyNot([&] { till->changeQuantity(1, 1.5); }).startsWith(u"only 1 of position 1"));
+    EXPECT_TRUE(
+        whyNot([&] { till->changeQuantity(1, 1.5); }).startsWith(u"по позиции 1 продано только 1"));
     till->changeQuantity(1, 0.5);
     EXPECT_DOUBLE_EQ(position(1)->getBquant(), 0.5);
 }
@@ -207,13 +209,13 @@ TEST_F(PositionsTest, ACouponOpensASaleAndTellsTheTriggersNumberAndRawData)
 TEST_F(PositionsTest, ACouponCountsOnce)
 {
     till->addCoupon(u"990"_s, {});
-    EXPECT_TRUE(whyNot([&] { till->addCoupon(u"990"_s, {}); }).startsWith(u"coupon 990 is on"));
+    EXPECT_TRUE(whyNot([&] { till->addCoupon(u"990"_s, {}); }).startsWith(u"купон 990 уже есть"));
 }
 
 TEST_F(PositionsTest, AReturnTakesNoCoupons)
 {
     till->openReturn();
-    EXPECT_TRUE(whyNot([&] { till->addCoupon(u"990"_s, {}); }).startsWith(u"a return takes no"));
+    EXPECT_TRUE(whyNot([&] { till->addCoupon(u"990"_s, {}); }).startsWith(u"возврат не принимает"));
 }
 
 } // namespace

@@ -140,7 +140,9 @@ TEST_F(RestartTest, ABegunReturnCanOnlyBeClosed)
     till->document()->setRegistrationBegun(true);
     till->pay(till::PaymentKind::Card, std::nullopt);
     givenRestart();
-    EXPECT_TRUE(whyNot([this] { till->removePosition(1); }).startsWith(u"the till ended while"));
+    EXPECT_TRUE(whyNot([this] {
+        till->removePosition(1);
+    }).startsWith(u"касса остановилась, когда регистрировала"));
     const auto outcome = till->cancel();
     ASSERT_EQ(outcome.notices.size(), 1);
     EXPECT_EQ(outcome.notices.constFirst().id(), u"tillReturnUnknown"_s);
@@ -179,8 +181,8 @@ TEST_F(BegunRegistrationTest, TheChequeCannotBeChanged)
 {
     EXPECT_TRUE(whyNot([this] {
         till->changeQuantity(1, 2.0);
-    }).startsWith(u"the till ended while it registered"));
-    EXPECT_TRUE(whyNot([this] { till->calculate(); }).startsWith(u"the till ended"));
+    }).startsWith(u"касса остановилась, когда регистрировала"));
+    EXPECT_TRUE(whyNot([this] { till->calculate(); }).startsWith(u"касса остановилась"));
 }
 
 TEST_F(BegunRegistrationTest, IsAskedForAgainWhenTheChequeIsClosed)

@@ -59,14 +59,14 @@ TEST_F(ScanningTest, BarcodesAndCodesAreGoods)
 
 TEST_F(ScanningTest, WhatIsUnknownOpensNoSale)
 {
-    EXPECT_TRUE(whyNot([&] { till->scan(u"55"_s); }).startsWith(u"55 is no card, coupon or"));
+    EXPECT_TRUE(whyNot([&] { till->scan(u"55"_s); }).startsWith(u"55 — не карта, не купон"));
     EXPECT_FALSE(till->document());
 }
 
 TEST_F(ScanningTest, WhatIsUnknownIsAnErrorOnAnOpenChequeToo)
 {
     givenSaleOf({u"1001"_s});
-    EXPECT_TRUE(whyNot([&] { till->scan(u"55"_s); }).startsWith(u"55 is no card, coupon or"));
+    EXPECT_TRUE(whyNot([&] { till->scan(u"55"_s); }).startsWith(u"55 — не карта, не купон"));
     EXPECT_FALSE(document()->getModifiers().isSet(modifiers::Type::RepeatedScan));
 }
 
@@ -121,7 +121,7 @@ TEST_F(ScanningTest, ARepeatedScanOfAPositionThatWasTakenOffIsAScanLikeAnyOther)
     EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 1.0);
     EXPECT_EQ(document()->getPosition(3)->getCode(), u"1002"_s);
     till->removePosition(3);
-    EXPECT_TRUE(whyNot([&] { till->scan(u"whatever"_s); }).startsWith(u"whatever is no card"));
+    EXPECT_TRUE(whyNot([&] { till->scan(u"whatever"_s); }).startsWith(u"whatever — не карта"));
 }
 
 TEST_F(ScanningTest, ARepeatedScanOnANewChequeIsAScanLikeAnyOther)
@@ -136,7 +136,7 @@ TEST_F(ScanningTest, TheLastPositionOfAReturnOfASaleIsNotRaised)
 {
     till->openReturnOf(givenClosedSale());
     givenUseOfLastPosition();
-    EXPECT_TRUE(whyNot([&] { till->scan(u"461001"_s); }).startsWith(u"a return of a sale takes"));
+    EXPECT_TRUE(whyNot([&] { till->scan(u"461001"_s); }).startsWith(u"возврат по чеку берёт"));
     EXPECT_DOUBLE_EQ(document()->getPosition(1)->getBquant(), 1.0);
 }
 

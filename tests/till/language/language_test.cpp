@@ -1,8 +1,7 @@
-#include "till/language/language.h"
-
 #include "host/config/config.h"
 #include "host/framework/tr.h"
 #include "tests/till/language/speakingtest.h"
+#include "till/language/language.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -73,14 +72,14 @@ TEST_F(LanguageTest, AnotherSettingIsAnErrorThatNamesFileLineAndKey)
 
     EXPECT_EQ(complaint(),
         name
-            + u":3: key Till:language: \"Ru\" is no language of the till; set en or ru, or leave it "
-              u"out for the system's"_s);
+            + u":3: ключ Till:language: касса не говорит на языке «Ru»; укажите en, ru или уберите "
+              u"ключ, тогда язык будет системный"_s);
 }
 
 TEST_F(LanguageTest, AnEmptySettingAndOneWithoutAFileAreErrorsToo)
 {
     m_config.set(u"Till:language"_s, {});
-    EXPECT_TRUE(complaint().startsWith(u"key Till:language: \"\" is no language"_s));
+    EXPECT_TRUE(complaint().startsWith(u"ключ Till:language: касса не говорит на языке «»"_s));
 }
 
 TEST_F(LanguageTest, TheLocaleIsTheSystemsWhereThatHasTheLanguage)

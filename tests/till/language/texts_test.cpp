@@ -36,6 +36,26 @@ TEST_F(TextsTest, AnUnknownIdWithANumberKeepsItsRussianText)
     EXPECT_EQ(tr::Tr(tr::undefined, u"текст"_s).ui(), u"текст"_s);
 }
 
+TEST_F(TextsTest, CountsChooseThePluralForm)
+{
+    const tr::Tr left(u"queueExportLeft"_s, {});
+    struct Row
+    {
+        Language language;
+        int count;
+        QString beginning;
+    };
+    const QList<Row> rows{{Language::English, 1, u"1 message is"_s},
+        {Language::English, 2, u"2 messages are"_s}, {Language::Russian, 1, u"1 сообщение "_s},
+        {Language::Russian, 3, u"3 сообщения "_s}, {Language::Russian, 5, u"5 сообщений "_s},
+        {Language::Russian, 11, u"11 сообщений "_s}, {Language::Russian, 21, u"21 сообщение "_s}};
+    for (const Row &row : rows) {
+        till::speak(row.language);
+        EXPECT_TRUE(left.ui(row.count).startsWith(row.beginning))
+            << left.ui(row.count).toStdString();
+    }
+}
+
 TEST_F(TextsTest, MessagesInsideAMessageComeInItsLanguage)
 {
     const tr::Tr state(u"tillMessageMoved"_s, u"перенесено в файл %1"_s);

@@ -125,7 +125,7 @@ TEST_F(PromptTest, AnErrorIsToldAndThePromptGoesOn)
 {
     givenPrompt();
     whenTyped("close\n");
-    thenShows("no document is open; open one with sale or return");
+    thenShows("no document is open; open a sale or a return");
     whenTyped("add 1002\n");
     thenShows("Молоко");
     EXPECT_EQ(whenInputEnds(), 0);

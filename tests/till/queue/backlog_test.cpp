@@ -52,10 +52,10 @@ TEST(BacklogTest, LevelsByAgeAndByWhatWaitsForAPerson)
 TEST(BacklogTest, SharedQueueThatIsNotSeenIsAWarningAtLeast)
 {
     auto status = statusOf({-1, 0, 0, 0, BacklogLevel::Good});
-    status.unreached = u"postgresql://till@shop:5432/queue: away"_s;
+    status.unreached = {tr::undefined, u"postgresql://till@shop:5432/queue: away"_s};
     const Backlog backlog = judgeBacklog(status, now, {});
     EXPECT_EQ(backlog.level, BacklogLevel::Warning);
-    EXPECT_TRUE(backlog.reason.contains(status.unreached));
+    EXPECT_TRUE(backlog.reason.ui().contains(status.unreached.ui()));
     status.counts[MessageState::Refused] = 1;
     EXPECT_EQ(judgeBacklog(status, now, {}).level, BacklogLevel::Alarm);
 }
@@ -85,7 +85,7 @@ TEST(StatusReportTest, PeopleReadEveryFigure)
     QueueOffice::Status status = statusOf({61, 0, 2, 2, BacklogLevel::Good});
     status.counts[MessageState::Pending] = 12;
     status.spilled = 3;
-    status.unreached = u"postgresql://shop: no answer"_s;
+    status.unreached = {tr::undefined, u"postgresql://shop: no answer"_s};
     status.waitingHere = 4;
     status.lastError = u"HTTP 503\nbusy"_s;
     status.lastErrorTime = now;
@@ -111,7 +111,7 @@ TEST(StatusReportTest, ProgramsReadEveryFigure)
     status.lastErrorTime = now;
     status.lastSuccess = now.addSecs(-1);
     status.spilled = 3;
-    status.unreached = u"no answer"_s;
+    status.unreached = {tr::undefined, u"no answer"_s};
     status.waitingHere = 4;
     const Json object = statusObject(status, now, judgeBacklog(status, now, {}));
     EXPECT_EQ(object["oldest"], "2024-03-05T16:58:59Z");

@@ -229,7 +229,7 @@ TEST_F(SendingTest, WhatCannotBeTakenInIsNotAllDelivered)
     givenSpilled(messageFor(u"bb"_s));
     for (const QStringList &words : {QStringList{u"deliver"_s}, {u"watch"_s, u"--once"_s}}) {
         whenAsked(words);
-        thenFails(1, u"korvel-till: the queue's file cannot take 1 messages, "_s);
+        thenFails(1, u"korvel-till: the queue's file cannot take 1 message, "_s);
     }
     EXPECT_EQ(sent().size(), 1);
     givenRoom();

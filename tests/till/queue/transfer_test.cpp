@@ -80,7 +80,7 @@ TEST_F(TransferTest, WhatIsInHandStaysAndIsTold)
     message.state = MessageState::Sending;
     givenMessage(message);
     whenAsked({u"export"_s, path(u"queue.export"_s)});
-    thenFails(0, u"korvel-till: 1 messages are in a deliverer's hands"_s);
+    thenFails(0, u"korvel-till: 1 message is in a deliverer's hands"_s);
     EXPECT_EQ(output, "exported: 0\n");
 }
 

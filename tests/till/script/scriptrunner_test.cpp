@@ -43,7 +43,7 @@ TEST_F(ScriptRunnerTest, AFailedExpectationIsToldAndTheScriptGoesOn)
 TEST_F(ScriptRunnerTest, ACommandThatCannotBeDoneStopsTheScript)
 {
     EXPECT_EQ(whenRun("\nclose\nadd 1001\n"), ExitStatus::CannotDo);
-    EXPECT_EQ(errors.str(), "sale.till:2: no document is open; open one with sale or return\n");
+    EXPECT_EQ(errors.str(), "sale.till:2: no document is open; open a sale or a return\n");
     EXPECT_FALSE(document());
 }
 

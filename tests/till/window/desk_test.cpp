@@ -299,7 +299,7 @@ TEST_F(DeskTest, ASharedQueueIsLookedAtBySomebodyElse)
     ASSERT_TRUE(till::Desk::isQueueShared());
     EXPECT_EQ(desk.queueState(), QString());
     QueueOffice::Status status;
-    status.unreached = u"no route"_s;
+    status.unreached = tr::Tr(tr::undefined, u"no route"_s);
     desk.takeQueueState(status);
     EXPECT_EQ(desk.queueState(), u"Очередь отправки пуста · сервер очереди недоступен");
     desk.takeQueueFailure(u"no program"_s);

@@ -54,8 +54,19 @@ TEST_F(MainWindowTest, MarkupInATextIsShownAsItIs)
     const auto labels = window.findChildren<QLabel *>();
     ASSERT_FALSE(labels.isEmpty());
     for (const QLabel *label : labels)
-        if (!label->objectName().isEmpty())
+        if (!label->objectName().isEmpty()) {
             EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+        }
+}
+
+// Its words would be the toolkit's, in its language.
+TEST_F(MainWindowTest, NoFieldHasAMenuOfTheToolkits)
+{
+    for (const QWidget *field : window.findChildren<QWidget *>())
+        if (field->inherits("QLineEdit") || field->inherits("QPlainTextEdit")) {
+            EXPECT_EQ(field->contextMenuPolicy(), Qt::NoContextMenu)
+                << field->objectName().toStdString();
+        }
 }
 
 TEST_F(MainWindowTest, EveryFunctionHasALargeButtonThatNamesItsKey)

@@ -63,7 +63,7 @@ TEST(QueueTextTest, TellsWhatWaitsAndForHowLong)
 TEST(QueueTextTest, AServerThatIsNotReachedIsTold)
 {
     QueueOffice::Status status;
-    status.unreached = u"no route"_s;
+    status.unreached = tr::Tr(tr::undefined, u"no route"_s);
     EXPECT_EQ(till::queueText(status, noon), u"Очередь отправки пуста · сервер очереди недоступен");
 }
 

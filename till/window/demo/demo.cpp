@@ -1,9 +1,10 @@
 #include "till/window/demo/demo.h"
 
+#include "host/framework/spokenerror.h"
+#include "till/window/texts.h"
+
 #include <QDir>
 #include <QFile>
-
-#include <stdexcept>
 
 // Resources of a static library are registered by hand, from outside of any namespace.
 static void registerResources()
@@ -23,10 +24,7 @@ void write(const QString &fileName, const QByteArray &contents)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        throw std::runtime_error(
-            u"%1: the demonstration cannot write it (%2); make room or name another folder in "
-            u"TMPDIR"_s.arg(fileName, file.errorString())
-                .toStdString());
+        throw SpokenError(texts::demoFileNotWritten.arg(fileName).arg(file.errorString()));
     file.setPermissions(ownFile);
 }
 
@@ -40,9 +38,7 @@ QString programOrComplain()
 {
     const QString program = DemoService::findProgram();
     if (program.isEmpty())
-        throw std::runtime_error("there is no korvel-service beside this program or in PATH for "
-                                 "the demonstration; install it, or name a configuration with "
-                                 "--config");
+        throw SpokenError(texts::demoServiceMissing);
     return program;
 }
 

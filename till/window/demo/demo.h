@@ -17,7 +17,7 @@ class Demo
 public:
     /// Starts the service and writes the files.
     /// @param given what the till was called with; its plug-in and state folder count.
-    /// @throws std::runtime_error when something of it cannot be done.
+    /// @throws SpokenError when something of it cannot be done.
     explicit Demo(const RunOptions &given);
 
     [[nodiscard]] const RunOptions &options() const { return m_options; }
@@ -31,7 +31,7 @@ private:
 
 /// Writes a configuration that sells the sample catalogue with the service there into a folder.
 /// @return the options of a till that sells so, otherwise as given.
-/// @throws std::runtime_error when a file cannot be written.
+/// @throws SpokenError when a file cannot be written.
 [[nodiscard]] RunOptions writeDemoFiles(
     const QString &folder, const QUrl &service, const RunOptions &given);
 

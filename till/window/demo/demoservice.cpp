@@ -1,5 +1,6 @@
 #include "till/window/demo/demoservice.h"
 
+#include "host/framework/spokenerror.h"
 #include "till/window/texts.h"
 
 #include <QCoreApplication>
@@ -13,7 +14,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -40,10 +40,7 @@ DemoService::DemoService(const QString &program, std::chrono::milliseconds limit
         return;
     const QString reason = whyNot();
     end();
-    throw std::runtime_error(
-        u"the service of the demonstration, %1, did not start (%2); start one yourself and name "
-        u"its address in a configuration with --config"_s.arg(program, reason)
-            .toStdString());
+    throw SpokenError(texts::demoServiceNotStarted.arg(program).arg(reason));
 }
 
 DemoService::~DemoService()

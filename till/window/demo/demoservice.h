@@ -21,7 +21,7 @@ public:
     [[nodiscard]] static QString findProgram();
 
     /// Starts it and waits until it listens, with a progress that can be cancelled.
-    /// @throws std::runtime_error when it cannot; `what()` is one line with the remedy.
+    /// @throws SpokenError when it cannot.
     explicit DemoService(const QString &program, std::chrono::milliseconds limit = longestStart);
     ~DemoService();
     Q_DISABLE_COPY_MOVE(DemoService)
