@@ -66,4 +66,10 @@ void Service::orderFault(const QByteArray &words) const
     answerTo(url, [&] { return emulator::httpPost(url, words); });
 }
 
+void Service::reset() const
+{
+    const QString url = m_process->api("reset");
+    answerTo(url, [&] { return emulator::httpPost(url, {}); });
+}
+
 } // namespace restart

@@ -25,6 +25,8 @@ public:
     /// @throws std::runtime_error when the API does not answer with status 200.
     [[nodiscard]] nlohmann::json get(const QString &path) const;
     void orderFault(const QByteArray &words) const;
+    /// Its books are as at the start again, and no faults are ordered.
+    void reset() const;
 
 private:
     void start();

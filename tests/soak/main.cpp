@@ -45,6 +45,10 @@ int main(int count, char **words)
     program.add_option("--seed", plan.seed, "the same seed, the same cheques and faults")
         ->capture_default_str();
     CLI11_PARSE(program, count, words);
+    if (plan.cheques < plan.settling + soak::fewestBlocks * soak::chequesOfBlock) {
+        std::cerr << "soak: too few cheques behind the first ones to see a slope\n";
+        return cannotRun;
+    }
     try {
         return perform(plan);
     } catch (const std::exception &error) {

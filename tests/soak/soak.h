@@ -14,7 +14,7 @@ namespace soak {
 /// How much is sold.
 struct Plan
 {
-    int cheques = 0; ///< at least twice `settling`
+    int cheques = 0; ///< at least three blocks more than `settling`
     int settling = 0; ///< cheques after which nothing may grow any more
     quint32 seed = 0;
     /// What the till is made to lose at its exchanges, a value of the variable that spoils it;
@@ -38,6 +38,7 @@ struct Report
 
 constexpr qint64 allowedGrowth = 2 * 1024 * 1024; // bytes
 constexpr int chequesOfBlock = 500;
+constexpr int fewestBlocks = 3; ///< that show a slope
 
 /// Sells cheques drawn by lot in one till process, one in a hundred with a fault, and looks at the
 /// process meanwhile.

@@ -36,7 +36,7 @@ TEST(SoakControlTest, ATillThatKeepsMemoryIsFound)
 
 TEST(SoakControlTest, ATillThatKeepsFilesOpenIsFound)
 {
-    const auto report = runOf(settling + chequesOfBlock, faults::spoilDescriptors);
+    const auto report = runOf(settling + fewestBlocks * chequesOfBlock, faults::spoilDescriptors);
     EXPECT_EQ(violations(report, false).size(), 1);
 }
 
