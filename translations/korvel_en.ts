@@ -23,6 +23,10 @@
         <source>для других товаров оформите возврат без чека</source>
         <translation>open a return without a sale to take other goods back</translation>
     </message>
+    <message id="cannotButClose">
+        <source>закройте его</source>
+        <translation>close it</translation>
+    </message>
     <message id="cannotCalculateReturn">
         <source>возврат не рассчитывается в системе лояльности</source>
         <translation>a return is not calculated</translation>
@@ -1433,6 +1437,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <source>%1: нет такой рабочей папки; укажите папку кассы через --state или в Till:state</source>
         <translation>%1: there is no such state folder; name the till's with --state or in Till:state</translation>
     </message>
+    <message id="tillChequeQueued">
+        <source>Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат</source>
+        <translation>The cheque is in the outgoing queue already and will be registered. Close the cheque and make a return</translation>
+    </message>
     <message id="tillDelivered">
         <source>Отправка очереди: доставлено %1, отклонено %2, ждут %3</source>
         <translation>Outgoing queue: delivered %1, refused %2, waiting %3</translation>
@@ -1500,6 +1508,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
     <message id="tillRegistrationUnknown">
         <source>Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек и оформите возврат</source>
         <translation>The cheque may be registered with the loyalty service already, and there is no connection with it. Close the cheque and make a return</translation>
+    </message>
+    <message id="tillReturnUnknown">
+        <source>Возврат, возможно, уже проведён в системе лояльности. Закройте его</source>
+        <translation>The return may be booked with the loyalty service already. Close it</translation>
     </message>
     <message id="tillShiftOpenDocument">
         <source>Открыт документ %1</source>

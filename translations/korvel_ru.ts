@@ -23,6 +23,10 @@
         <source>для других товаров оформите возврат без чека</source>
         <translation>для других товаров оформите возврат без чека</translation>
     </message>
+    <message id="cannotButClose">
+        <source>закройте его</source>
+        <translation>закройте его</translation>
+    </message>
     <message id="cannotCalculateReturn">
         <source>возврат не рассчитывается в системе лояльности</source>
         <translation>возврат не рассчитывается в системе лояльности</translation>
@@ -1435,6 +1439,10 @@
         <source>%1: нет такой рабочей папки; укажите папку кассы через --state или в Till:state</source>
         <translation>%1: нет такой рабочей папки; укажите папку кассы через --state или в Till:state</translation>
     </message>
+    <message id="tillChequeQueued">
+        <source>Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат</source>
+        <translation>Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат</translation>
+    </message>
     <message id="tillDelivered">
         <source>Отправка очереди: доставлено %1, отклонено %2, ждут %3</source>
         <translation>Отправка очереди: доставлено %1, отклонено %2, ждут %3</translation>
@@ -1502,6 +1510,10 @@
     <message id="tillRegistrationUnknown">
         <source>Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек и оформите возврат</source>
         <translation>Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек и оформите возврат</translation>
+    </message>
+    <message id="tillReturnUnknown">
+        <source>Возврат, возможно, уже проведён в системе лояльности. Закройте его</source>
+        <translation>Возврат, возможно, уже проведён в системе лояльности. Закройте его</translation>
     </message>
     <message id="tillShiftOpenDocument">
         <source>Открыт документ %1</source>

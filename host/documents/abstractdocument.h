@@ -144,8 +144,8 @@ public:
     /// Text of the loyalty system that is printed with the cheque.
     [[nodiscard]] QString getChequeText() const { return m_chequeText; }
     virtual void setChequeText(const QString &text) { m_chequeText = text; }
-    /// Whether the loyalty system is being asked to register the sale. On a document that a till
-    /// takes up: it was, and nobody knows what came of it.
+    /// Whether the loyalty system is being asked to register the sale or return. On a document that
+    /// a till takes up: it was, and nobody knows what came of it.
     [[nodiscard]] bool isRegistrationBegun() const { return m_registrationBegun; }
     void setRegistrationBegun(bool begun) { m_registrationBegun = begun; }
     /// Whether the loyalty system may or may not hold a booking of the sale: taking it back has

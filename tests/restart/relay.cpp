@@ -1,5 +1,9 @@
 #include "tests/restart/relay.h"
 
+#include <poll.h>
+
+#include <array>
+#include <cerrno>
 #include <utility>
 
 namespace restart {
@@ -35,6 +39,19 @@ bool readRequest(const Socket &till, QByteArray &request)
     return true;
 }
 
+// Waits until the service says something, or is seen not to be there; false when the till has gone
+// before.
+bool isAnswered(const Socket &till, const Socket &service)
+{
+    if (!service.isValid())
+        return true;
+    constexpr int forEver = -1;
+    std::array<pollfd, 2> waited{
+        {{service.descriptor(), POLLIN, 0}, {till.descriptor(), POLLIN, 0}}};
+    while (::poll(waited.data(), waited.size(), forEver) < 0 && errno == EINTR) { }
+    return waited[0].revents != 0;
+}
+
 } // namespace
 
 Relay::Relay(quint16 servicePort)
@@ -57,11 +74,42 @@ void Relay::strikeAt(int exchange, Moment moment, std::function<void()> kill)
     m_strike = Strike{exchange, moment, std::move(kill)};
 }
 
+void Relay::forgetStrike()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_strike.reset();
+    m_struck.wait(lock, [this] { return !m_isStriking; });
+}
+
+void Relay::noteThatItStruck()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_isStriking = false;
+    m_struck.notify_all();
+}
+
+void Relay::showRequestsTo(std::function<void(const QByteArray &)> witness)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_witness = std::move(witness);
+}
+
+void Relay::show(const QByteArray &request)
+{
+    const auto witness = [this] {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        return m_witness;
+    }();
+    if (witness)
+        witness(request);
+}
+
 std::optional<Relay::Strike> Relay::takeStrike()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_strike || --m_strike->exchange > 0)
         return std::nullopt;
+    m_isStriking = true;
     return std::exchange(m_strike, std::nullopt);
 }
 
@@ -80,20 +128,21 @@ void Relay::serveConnection(const Socket &till)
     QByteArray request;
     if (!readRequest(till, request))
         return;
+    show(request);
     const auto ordered = takeStrike();
-    if (ordered && ordered->moment == Moment::Asked)
-        return ordered->kill();
-    const Socket service = Socket::connectedTo(m_servicePort);
-    if (ordered)
-        strike(*ordered, request, till, service);
-    else
-        passOn(request, till, service);
+    if (ordered) {
+        strike(*ordered, request, till);
+        noteThatItStruck();
+    } else {
+        passOn(request, till, Socket::connectedTo(m_servicePort));
+    }
 }
 
+// A till that gives up, or is killed, keeps nobody else waiting.
 void Relay::passOn(const QByteArray &request, const Socket &till, const Socket &service)
 {
     service.send(request);
-    for (;;) {
+    while (isAnswered(till, service)) {
         QByteArray bytes;
         const auto received = service.receive(bytes);
         till.send(bytes);
@@ -104,9 +153,11 @@ void Relay::passOn(const QByteArray &request, const Socket &till, const Socket &
     }
 }
 
-void Relay::strike(
-    const Strike &strike, const QByteArray &request, const Socket &till, const Socket &service)
+void Relay::strike(const Strike &strike, const QByteArray &request, const Socket &till) const
 {
+    if (strike.moment == Moment::Asked)
+        return strike.kill();
+    const Socket service = Socket::connectedTo(m_servicePort);
     service.send(request);
     QByteArray answer;
     while (service.receive(answer) == Socket::Received::Bytes) { }

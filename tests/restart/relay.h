@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -35,6 +36,12 @@ public:
     /// @param exchange which of those that begin after this call, from 1.
     /// @param kill     ends the till; called once, on the relay's thread.
     void strikeAt(int exchange, Moment moment, std::function<void()> kill);
+    /// Takes back what was ordered and has not struck yet, and waits for a strike that is under
+    /// way.
+    void forgetStrike();
+    /// Calls this with each request that begins after this call, on the relay's thread, before
+    /// anything else is done with it.
+    void showRequestsTo(std::function<void(const QByteArray &)> witness);
 
 private:
     struct Strike
@@ -47,15 +54,19 @@ private:
     void serve();
     void serveConnection(const Socket &till);
     static void passOn(const QByteArray &request, const Socket &till, const Socket &service);
-    static void strike(
-        const Strike &strike, const QByteArray &request, const Socket &till, const Socket &service);
+    void strike(const Strike &strike, const QByteArray &request, const Socket &till) const;
     /// Counts an exchange; what was ordered for it.
     std::optional<Strike> takeStrike();
+    void noteThatItStruck();
+    void show(const QByteArray &request);
 
     const quint16 m_servicePort;
     Socket m_listener;
     std::mutex m_mutex;
+    std::condition_variable m_struck;
+    bool m_isStriking = false;
     std::optional<Strike> m_strike;
+    std::function<void(const QByteArray &)> m_witness;
     std::thread m_thread;
 };
 

@@ -118,6 +118,44 @@ TEST_F(RelayTest, StrikesOnceAtTheExchangeThatWasOrdered)
     EXPECT_EQ(whenAsked(), "answer");
 }
 
+TEST_F(RelayTest, AStrikeThatIsForgottenDoesNotStrike)
+{
+    givenStrike(1, Moment::Asked);
+    relay.forgetStrike();
+    EXPECT_EQ(whenAsked(), "answer");
+    EXPECT_FALSE(hasStruck());
+}
+
+TEST_F(RelayTest, ShowsEachRequestBeforeTheServiceHasIt)
+{
+    QByteArray seen;
+    qsizetype askedBefore = -1;
+    relay.showRequestsTo([&](const QByteArray &bytes) {
+        seen = bytes;
+        askedBefore = service.requests().size();
+    });
+    whenAsked();
+    EXPECT_EQ(seen, request);
+    EXPECT_EQ(askedBefore, 0);
+}
+
+TEST(RelayToASilentServiceTest, ATillThatHasGoneKeepsNobodyWaiting)
+{
+    ScriptedServer service;
+    service.answerNever();
+    service.answerRaw("answer");
+    Relay relay{static_cast<quint16>(service.url().port())};
+    {
+        const Socket gone = Socket::connectedTo(relay.port());
+        gone.send(request);
+    }
+    const Socket till = Socket::connectedTo(relay.port());
+    till.send(request);
+    QByteArray answer;
+    EXPECT_EQ(till.receive(answer), Socket::Received::Bytes);
+    EXPECT_EQ(answer, "answer");
+}
+
 } // namespace
 
 } // namespace restart

@@ -5,9 +5,12 @@
 #include "host/framework/currenttime.h"
 #include "host/printing/receipt.h"
 #include "host/printing/textprinter.h"
+#include "host/queue/dbqueuebroker.h"
 #include "till/core/cannotdo.h"
 #include "till/core/pluginguard.h"
 #include "till/core/till.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +24,37 @@ tr::Tr registrationUnknown()
         u"Чек, возможно, уже зарегистрирован в системе лояльности, а связи с ней нет. Закройте чек "
         u"и "
         u"оформите возврат"_s};
+}
+
+tr::Tr returnUnknown()
+{
+    return {u"tillReturnUnknown"_s,
+        u"Возврат, возможно, уже проведён в системе лояльности. Закройте его"_s};
+}
+
+tr::Tr chequeQueued()
+{
+    return {u"tillChequeQueued"_s,
+        u"Чек уже в очереди отправки и будет зарегистрирован. Закройте чек и оформите возврат"_s};
+}
+
+bool isToBeBooked(const QueueMessage &message)
+{
+    return message.state != MessageState::Refused;
+}
+
+// What cannot be looked up is taken for queued: a cheque that is closed needlessly can be returned.
+bool isQueued(const AbstractDocument &document)
+{
+    try {
+        const auto messages
+            = Singleton<DBQueueBroker>::instance()->inOffice([&document](QueueOffice &office) {
+                  return office.ofDocument(document.getCorrelationId());
+              });
+        return std::any_of(messages.cbegin(), messages.cend(), isToBeBooked);
+    } catch (const BasicException &) {
+        return true;
+    }
 }
 
 } // namespace
@@ -44,13 +78,27 @@ Outcome Till::close()
 
 bool Till::confirmClosing(Outcome &outcome)
 {
-    const auto open = document();
-    if (open->getType() == EDocumentType::Sale) {
+    if (document()->getType() == EDocumentType::Sale) {
         registerSale(outcome);
         return !outcome.refusal;
     }
-    request(outcome, u"commit"_s, [&] { return m_system.commit(open); });
+    commitReturn(outcome);
     return outcome.result.toBool();
+}
+
+// A till that is killed in between does not know whether the service has booked the return, which
+// cannot be taken back. Asked again, the service may refuse one that waits in the queue, since the
+// sale waits there too: it will be booked all the same.
+void Till::commitReturn(Outcome &outcome)
+{
+    const auto open = document();
+    const bool wasBegun = open->isRegistrationBegun();
+    if (open->getCardRecord(m_system.getCardMode())) {
+        open->setRegistrationBegun(true);
+        keep();
+    }
+    request(outcome, u"commit"_s, [&] { return m_system.commit(open); });
+    open->setRegistrationBegun(wasBegun && outcome.refusal && isQueued(*open));
 }
 
 // What a registration brings is not kept before the cheque is closed. A till that is killed in
@@ -144,7 +192,8 @@ void Till::printReceipt(Outcome &outcome) const
     }
 }
 
-// The till was killed while the cheque was being registered. Only asked again the service says
+// The till was killed while the document was being registered. What is in the queue will be booked,
+// and a return that is booked stays so. Otherwise only asked again the service says
 // whether it has booked it, and under which number that can be taken back. A cheque that went
 // offline before asks nothing, and has nothing booked.
 bool Till::settleBegunRegistration(Outcome &outcome)
@@ -152,6 +201,11 @@ bool Till::settleBegunRegistration(Outcome &outcome)
     const auto begun = document();
     if (!begun->isRegistrationBegun())
         return true;
+    const bool isSale = begun->getType() == EDocumentType::Sale;
+    if (!isSale || isQueued(*begun)) {
+        outcome.notices.append(isSale ? chequeQueued() : returnUnknown());
+        return false;
+    }
     const int exchanges = m_exchanges.count();
     registerSale(outcome);
     outcome.result.clear();

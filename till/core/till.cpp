@@ -105,7 +105,9 @@ void Till::requireChangeable() const
             {u"cannotChangeBegun"_s,
                 u"касса остановилась, когда регистрировала чек в системе лояльности; чек нельзя "
                 u"изменить"_s},
-            {u"cannotCloseOrCancel"_s, u"закройте или отмените его"_s});
+            document()->getType() == EDocumentType::Sale
+                ? tr::Tr(u"cannotCloseOrCancel"_s, u"закройте или отмените его"_s)
+                : tr::Tr(u"cannotButClose"_s, u"закройте его"_s));
 }
 
 void Till::notify(Outcome &outcome, const Event &event) const

@@ -141,6 +141,7 @@ private:
     void payRest();
     [[nodiscard]] bool confirmClosing(Outcome &outcome);
     void registerSale(Outcome &outcome);
+    void commitReturn(Outcome &outcome);
     [[nodiscard]] QString takeDoubtfulBooking() const;
     void noteThatRollbackBegins();
     [[nodiscard]] bool settleBegunRegistration(Outcome &outcome);

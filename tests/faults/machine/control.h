@@ -35,9 +35,12 @@ static_assert(std::atomic<std::int64_t>::is_always_lock_free);
 constexpr auto controlVariable = "FAULTS_CONTROL"; ///< the file of the shared page
 constexpr auto folderVariable = "FAULTS_FOLDER"; ///< the till's state folder
 constexpr auto spoilVariable = "FAULTS_SPOIL"; ///< a wrong that the till is to do, for controls
-/// Values of the last: each failed exchange is tried again; each one takes two seconds more.
+/// Values of the last: each failed exchange is tried again; each one takes two seconds more; each
+/// one keeps some memory; some keep a file open.
 constexpr auto spoilRetry = "retry";
 constexpr auto spoilPatience = "patience";
+constexpr auto spoilMemory = "memory";
+constexpr auto spoilDescriptors = "descriptors";
 /// The name under which the till knows its service; looked up nowhere.
 constexpr auto serviceName = "loyalty.test";
 

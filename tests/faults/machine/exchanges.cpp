@@ -7,10 +7,13 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -37,6 +40,23 @@ bool isSpoilt(const char *how)
     return named != nullptr && std::strcmp(named, how) == 0;
 }
 
+// Never given back, on purpose.
+void keepMemory()
+{
+    constexpr std::size_t kept = 4096;
+    static std::vector<std::unique_ptr<std::array<char, kept>>> all;
+    all.push_back(std::make_unique<std::array<char, kept>>());
+}
+
+// Not at each exchange: a process may only have so many.
+void keepDescriptor()
+{
+    constexpr int spared = 50;
+    static int exchanges = 0;
+    if (++exchanges % spared == 0)
+        static_cast<void>(::dup(STDERR_FILENO));
+}
+
 void note(std::chrono::nanoseconds duration)
 {
     faults::MachineControl &control = faults::control();
@@ -59,6 +79,10 @@ extern "C" int curl_easy_perform(void *handle)
         result = original(handle);
     if (isSpoilt(faults::spoilPatience))
         std::this_thread::sleep_for(patience);
+    if (isSpoilt(faults::spoilMemory))
+        keepMemory();
+    if (isSpoilt(faults::spoilDescriptors))
+        keepDescriptor();
     note(Clock::now() - begun - (timeKeptWaiting() - waited));
     return result;
 }

@@ -107,6 +107,46 @@ TEST_F(RestartTest, ARefusedRegistrationIsOver)
     EXPECT_EQ(whyNot([this] { till->changeQuantity(1, 2.0); }), QString());
 }
 
+TEST_F(RestartTest, AReturnIsOnDiskAsBegunUntilItIsClosed)
+{
+    givenIdentifiedCard();
+    till->openReturnOf(givenClosedSale());
+    QList<bool> begun;
+    const auto look = [&] {
+        begun.append(store->loadOpen()->isRegistrationBegun());
+        return true;
+    };
+    loyalty->behaviour[u"commit"_s] = look;
+    loyalty->behaviour[u"afterPutoutCheck"_s] = look;
+    const auto outcome = till->close();
+    EXPECT_EQ(begun, (QList<bool>{true, true}));
+    EXPECT_FALSE(store->loadClosed(outcome.left->getNumber())->isRegistrationBegun());
+}
+
+TEST_F(RestartTest, ARefusedReturnIsOver)
+{
+    givenIdentifiedCard();
+    till->openReturnOf(givenClosedSale());
+    loyalty->behaviour[u"commit"_s] = [] { return false; };
+    till->close();
+    EXPECT_FALSE(store->loadOpen()->isRegistrationBegun());
+    EXPECT_EQ(till->cancel().result, QVariant(true));
+}
+
+TEST_F(RestartTest, ABegunReturnCanOnlyBeClosed)
+{
+    givenIdentifiedCard();
+    till->openReturnOf(givenClosedSale());
+    till->document()->setRegistrationBegun(true);
+    till->pay(till::PaymentKind::Card, std::nullopt);
+    givenRestart();
+    EXPECT_TRUE(whyNot([this] { till->removePosition(1); }).startsWith(u"the till ended while"));
+    const auto outcome = till->cancel();
+    ASSERT_EQ(outcome.notices.size(), 1);
+    EXPECT_EQ(outcome.notices.constFirst().id(), u"tillReturnUnknown"_s);
+    EXPECT_TRUE(till->close().left);
+}
+
 /// A till that was killed while it registered a cheque.
 class BegunRegistrationTest : public RestartTest
 {
