@@ -28,8 +28,8 @@ int sum(const Counts<restart::Manner> &counts)
 void Tally::add(const Tally &other)
 {
     constexpr std::array counts{&Tally::sales, &Tally::returns, &Tally::cancelled,
-        &Tally::refusedCommands, &Tally::answersLostActedUpon, &Tally::answersLostNotActedUpon,
-        &Tally::exchanges, &Tally::messages, &Tally::attempts, &Tally::parked};
+        &Tally::answersLostActedUpon, &Tally::answersLostNotActedUpon, &Tally::exchanges,
+        &Tally::messages, &Tally::attempts, &Tally::parked};
     for (const auto count : counts)
         this->*count += other.*count;
     addCounts(tillsKilled, other.tillsKilled);

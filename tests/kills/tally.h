@@ -15,7 +15,6 @@ struct Tally
     int sales = 0; ///< closed
     int returns = 0; ///< closed
     int cancelled = 0;
-    int refusedCommands = 0; ///< that the till could not do, as after a return of too much
     std::map<restart::Manner, int> tillsKilled;
     std::map<restart::Manner, int> deliverersKilled;
     int answersLostActedUpon = 0; ///< by faults, kills not counted

@@ -133,6 +133,20 @@ TEST_F(RestartTest, ARefusedReturnIsOver)
     EXPECT_EQ(till->cancel().result, QVariant(true));
 }
 
+// There is nothing that the service could book.
+TEST_F(RestartTest, AReturnWithoutACardIsNeverBegun)
+{
+    till->openReturn();
+    till->addPosition({u"1001"_s, 1.0, {}, {}, {}});
+    bool begun = true;
+    loyalty->behaviour[u"commit"_s] = [&] {
+        begun = till->document()->isRegistrationBegun();
+        return true;
+    };
+    EXPECT_TRUE(till->close().left);
+    EXPECT_FALSE(begun);
+}
+
 TEST_F(RestartTest, ABegunReturnCanOnlyBeClosed)
 {
     givenIdentifiedCard();
@@ -140,7 +154,9 @@ TEST_F(RestartTest, ABegunReturnCanOnlyBeClosed)
     till->document()->setRegistrationBegun(true);
     till->pay(till::PaymentKind::Card, std::nullopt);
     givenRestart();
-    EXPECT_TRUE(whyNot([this] { till->removePosition(1); }).startsWith(u"the till ended while"));
+    const QString reason = whyNot([this] { till->removePosition(1); });
+    EXPECT_TRUE(reason.startsWith(u"касса остановилась, когда регистрировала"));
+    EXPECT_TRUE(reason.endsWith(u"; закройте его")) << reason.toStdString();
     const auto outcome = till->cancel();
     ASSERT_EQ(outcome.notices.size(), 1);
     EXPECT_EQ(outcome.notices.constFirst().id(), u"tillReturnUnknown"_s);
