@@ -114,7 +114,9 @@ TEST_F(PostgresWaitsTest, SaleThatCannotBeWrittenInTimeIsKeptHere)
     person.run(u"LOCK TABLE messages IN ACCESS EXCLUSIVE MODE"_s);
     givenMessage(u"two"_s);
     EXPECT_EQ(here(), 1);
-    EXPECT_THAT(log.lines().value(0).toStdString(), testing::HasSubstr(inTime.toStdString()));
+    // Who sees the time pass first, the till or the server, is chance; 57014 is the server's code.
+    EXPECT_THAT(log.lines().value(0).toStdString(),
+        testing::AnyOf(testing::HasSubstr(inTime.toStdString()), testing::HasSubstr("57014")));
 }
 
 // The driver's own look-up of a name has no limit.

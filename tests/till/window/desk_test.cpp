@@ -2,9 +2,12 @@
 
 #include "host/printing/textprinter.h"
 #include "host/queue/dbqueuebroker.h"
+#include "host/storage/statefolder.h"
 #include "tests/support/printers.h"
 #include "tests/support/scriptedserver.h"
 #include "tests/till/window/deskfixture.h"
+
+#include <QDir>
 
 using namespace Qt::StringLiterals;
 using till::Function;
@@ -289,6 +292,27 @@ TEST_F(DeskTest, TheQueueIsToldAndLeftAloneDuringAnOperation)
     whenPressed(Function::Total);
     EXPECT_EQ(during, u"Очередь отправки пуста");
     EXPECT_TRUE(desk.queueState().startsWith(u"Ждут отправки 1 "));
+}
+
+TEST_F(DeskTest, AFolderThatCannotBeWrittenIsTold)
+{
+    const QString state = Singleton<StateFolder>::instance()->path();
+    ASSERT_TRUE(QDir().mkpath(state + u"/document.json.new"_s));
+    EXPECT_FALSE(desk.enter(u"461001"_s));
+    ASSERT_FALSE(desk.messages().isEmpty());
+    EXPECT_TRUE(desk.messages().constLast().contains(u"document.json.new: не открывается"_s))
+        << qPrintable(desk.messages().constLast());
+}
+
+TEST_F(DeskTest, AQueueThatCannotBeReadIsTold)
+{
+    Singleton<DBQueueBroker>::reset();
+    ASSERT_TRUE(QDir().mkpath(Singleton<StateFolder>::instance()->queue()));
+    QFile::remove(Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s);
+    ASSERT_TRUE(QDir().mkpath(Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s));
+    const QString told = desk.queueState();
+    EXPECT_TRUE(told.startsWith(u"Очередь отправки недоступна: "_s)) << qPrintable(told);
+    EXPECT_TRUE(told.contains(u"queue.sqlite"_s)) << qPrintable(told);
 }
 
 TEST_F(DeskTest, ASharedQueueIsLookedAtBySomebodyElse)
