@@ -1,6 +1,5 @@
-#include "till/language/localetext.h"
-
 #include "tests/till/language/speakingtest.h"
+#include "till/language/localetext.h"
 
 using namespace Qt::StringLiterals;
 using till::Language;
