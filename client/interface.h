@@ -3,6 +3,7 @@
 #include "common/confirmationinfo.h"
 #include "common/host/documents.h"
 #include "common/host/framework.h"
+#include "common/host/services.h"
 
 #include <QDomDocument>
 #include <QDomElement>
@@ -17,8 +18,6 @@
 #include <QVariant>
 
 #include <vector>
-
-class Config;
 
 namespace Log4Qt {
 class Logger;

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <string>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -64,7 +65,7 @@ void describe(CLI::App &app, ListeningWords &words)
 
 void describe(CLI::App &app, ServeWords &words)
 {
-    app.set_version_flag("--version", embedded::version());
+    app.set_version_flag("--version", std::string("korvel-service ") + embedded::version());
     describe(app, words.listening);
     app.add_option("--data", words.data, "Cards and rules; left out: the built-in sample")
         ->type_name("FILE");

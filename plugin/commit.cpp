@@ -13,7 +13,7 @@ bool isReturn(const AbstractDocument &document)
 
 QSharedPointer<AbstractDocument> copyForSending(const QSharedPointer<AbstractDocument> &document)
 {
-    const auto made = Singleton<DocumentFactory>::instance()->makeDocument(document);
+    auto made = Singleton<DocumentFactory>::instance()->makeDocument(document);
     const auto positions = made->getGoods();
     for (const auto &position : positions)
         position->setRecalcable(true);

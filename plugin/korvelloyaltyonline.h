@@ -32,7 +32,7 @@ class Logger;
 class KorvelLoyaltyOnline : public BaseActivityListener, public BasicLoyaltySystem
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "KorvelLoyaltyOnline")
+    Q_PLUGIN_METADATA(IID "KorvelLoyaltyOnline" FILE "korvelloyaltyonline.json")
     Q_INTERFACES(BasicLoyaltySystem BasicPlugin)
 
 public:

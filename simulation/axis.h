@@ -9,8 +9,10 @@ namespace simulation {
 class Axis
 {
 public:
-    /// @param from, to the values at both ends, `from` below `to`; above 0 where it is logarithmic.
-    /// @param start, end where these stand.
+    /// @param from  the value at the start; above 0 where the axis is logarithmic.
+    /// @param to    the value at the end, above `from`.
+    /// @param start where `from` stands.
+    /// @param end   where `to` stands.
     Axis(double from, double to, double start, double end, bool isLogarithmic = false);
 
     /// Where a value stands; one outside stands at the nearer end.

@@ -1,6 +1,7 @@
 #include "till/configuration.h"
 
 #include "host/config/config.h"
+#include "till/installation.h"
 #include "till/language/language.h"
 
 #include <QDir>
@@ -18,14 +19,27 @@ const QString usualFile = u"till.ini"_s;
 
 void readConfiguration(const QString &given)
 {
-    if (isConfigured(given))
-        Singleton<Config>::instance()->load(given.isEmpty() ? usualFile : given);
+    if (const QString file = configurationFile(given); !file.isEmpty())
+        Singleton<Config>::instance()->load(file);
     speakAsConfigured();
+}
+
+QString configurationFile(const QString &given)
+{
+    for (const QString &file : {usualFile, installation::configurationFile()})
+        if (given.isEmpty() && QFileInfo::exists(file))
+            return file;
+    return given;
 }
 
 bool isConfigured(const QString &given)
 {
-    return !given.isEmpty() || QFileInfo::exists(usualFile);
+    return !configurationFile(given).isEmpty();
+}
+
+bool isLoyaltyWanted()
+{
+    return Singleton<Config>::instance()->getBool(u"Till:loyalty"_s, true);
 }
 
 QString stateFolder(const QString &given)

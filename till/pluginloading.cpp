@@ -2,7 +2,9 @@
 
 #include "host/framework/basicexception.h"
 #include "host/framework/loyaltysystems.h"
+#include "till/installation.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QPluginLoader>
@@ -72,6 +74,16 @@ BasicLoyaltySystem *systemOf(const BasicPlugin *plugin)
 } // namespace
 
 PluginError::~PluginError() = default;
+
+QString pluginFile(const QString &given)
+{
+    return given.isEmpty() ? installation::pluginFile() : QDir::current().absoluteFilePath(given);
+}
+
+void requirePluginFile(const QString &fileName)
+{
+    requireMetadata(QPluginLoader(fileName), fileName);
+}
 
 LoadedPlugin::LoadedPlugin(const QString &fileName)
 {

@@ -18,6 +18,13 @@ public:
     ~PluginError() override;
 };
 
+/// Path of the given plug-in; without one that of this program, see `installation`.
+[[nodiscard]] QString pluginFile(const QString &given);
+
+/// Looks at the file and its metadata; none of its code runs.
+/// @throws PluginError when the file is missing, is no plug-in, or has another interface id.
+void requirePluginFile(const QString &fileName);
+
 /// The loyalty plug-in, loaded from its file and initialised.
 ///
 /// Its code stays loaded to the end of the program; its object goes with this one.

@@ -1,16 +1,28 @@
 #include "till/tilloptions.h"
 
+#include "till/usage.h"
+
 #include <CLI/CLI.hpp>
+
+using namespace Qt::StringLiterals;
 
 namespace till {
 
 TillOptions::TillOptions(CLI::App &command)
 {
-    command.add_option("--config", m_config, "settings; without it till.ini, if there is one")
+    command
+        .add_option("--config", m_config,
+            spoken({u"commandLineConfig"_s,
+                u"настройки; без него till.ini в этой папке или установленный"_s}))
         ->option_text("FILE");
-    command.add_option("--plugin", m_plugin, "the plug-in; without it the one beside the program")
+    command
+        .add_option("--plugin", m_plugin,
+            spoken({u"commandLinePlugin"_s,
+                u"модуль лояльности; без него установленный с программой"_s}))
         ->option_text("FILE");
-    command.add_option("--state", m_state, "documents, queue, journal, receipts and log")
+    command
+        .add_option("--state", m_state,
+            spoken({u"commandLineTillState"_s, u"документы, очередь, журналы и чеки"_s}))
         ->option_text("DIR");
 }
 

@@ -3,6 +3,234 @@
 <TS version="2.1" language="ru_RU">
 <context>
     <name></name>
+    <message id="acceptAnswer">
+        <source>ответ</source>
+        <translation>ответ</translation>
+    </message>
+    <message id="acceptAnswerLost">
+        <source>ответ на запрос не пришёл</source>
+        <translation>ответ на запрос не пришёл</translation>
+    </message>
+    <message id="acceptArticle">
+        <source>«%1» — не артикул с ценой</source>
+        <translation>«%1» — не артикул с ценой</translation>
+    </message>
+    <message id="acceptArticleRemedy">
+        <source>укажите КОД или КОД=ЦЕНА, например 1001=45.90</source>
+        <translation>укажите КОД или КОД=ЦЕНА, например 1001=45.90</translation>
+    </message>
+    <message id="acceptBalanceChanged">
+        <source>БАЛАНС ИЗМЕНИЛСЯ: на карте %1 было %2, стало %3</source>
+        <translation>БАЛАНС ИЗМЕНИЛСЯ: на карте %1 было %2, стало %3</translation>
+    </message>
+    <message id="acceptBooked">
+        <source>проведено: %1, возвращено назад: %2; баланс карты до: %3, после: %4</source>
+        <translation>проведено: %1, возвращено назад: %2; баланс карты до: %3, после: %4</translation>
+    </message>
+    <message id="acceptBooksUnannounced">
+        <source>шаг %1 проводит чек, а "writes" не указано</source>
+        <translation>шаг %1 проводит чек, а "writes" не указано</translation>
+    </message>
+    <message id="acceptCaFile">
+        <source>%1: нет такого файла</source>
+        <translation>%1: нет такого файла</translation>
+    </message>
+    <message id="acceptCaFileRemedy">
+        <source>укажите сертификаты в формате PEM</source>
+        <translation>укажите сертификаты в формате PEM</translation>
+    </message>
+    <message id="acceptCodeCommand">
+        <source>команда --code-command не выполнена: %1</source>
+        <translation>команда --code-command не выполнена: %1</translation>
+    </message>
+    <message id="acceptConfigRemedy">
+        <source>исправьте настройки или укажите --url</source>
+        <translation>исправьте настройки или укажите --url</translation>
+    </message>
+    <message id="acceptExpected">
+        <source>ожидалось</source>
+        <translation>ожидалось</translation>
+    </message>
+    <message id="acceptFailed">
+        <source>НАРУШЕНО</source>
+        <translation>НАРУШЕНО</translation>
+    </message>
+    <message id="acceptFlowFails">
+        <source>сценарий %1: %2</source>
+        <translation>сценарий %1: %2</translation>
+    </message>
+    <message id="acceptFlowRemedy">
+        <source>исправьте файл; что в нём бывает, описано в docs/acceptance.md</source>
+        <translation>исправьте файл; что в нём бывает, описано в docs/acceptance.md</translation>
+    </message>
+    <message id="acceptFlowUnusable">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="acceptGot">
+        <source>получено</source>
+        <translation>получено</translation>
+    </message>
+    <message id="acceptHalfCredentials">
+        <source>указано только одно из --user и --password-file</source>
+        <translation>указано только одно из --user и --password-file</translation>
+    </message>
+    <message id="acceptHalfCredentialsRemedy">
+        <source>укажите оба или ни одного</source>
+        <translation>укажите оба или ни одного</translation>
+    </message>
+    <message id="acceptHeading">
+        <source>приёмка %1, карта %2</source>
+        <translation>приёмка %1, карта %2</translation>
+    </message>
+    <message id="acceptLeftOver">
+        <source>НЕ ВОЗВРАЩЕНО НАЗАД: %1, чек %2, карта %3, операция %4: %5</source>
+        <translation>НЕ ВОЗВРАЩЕНО НАЗАД: %1, чек %2, карта %3, операция %4: %5</translation>
+    </message>
+    <message id="acceptNeedsWrite">
+        <source>нужен --write</source>
+        <translation>нужен --write</translation>
+    </message>
+    <message id="acceptNoCard">
+        <source>не указана тестовая карта</source>
+        <translation>не указана тестовая карта</translation>
+    </message>
+    <message id="acceptNoCardRemedy">
+        <source>укажите --card НОМЕР</source>
+        <translation>укажите --card НОМЕР</translation>
+    </message>
+    <message id="acceptNoFlow">
+        <source>«%1» — не сценарий</source>
+        <translation>«%1» — не сценарий</translation>
+    </message>
+    <message id="acceptNoFlowRemedy">
+        <source>сценарии перечисляет korvel-till accept --list</source>
+        <translation>сценарии перечисляет korvel-till accept --list</translation>
+    </message>
+    <message id="acceptNoTransaction">
+        <source>сервис не сообщил TransactionID</source>
+        <translation>сервис не сообщил TransactionID</translation>
+    </message>
+    <message id="acceptNoUrl">
+        <source>не указан адрес сервиса</source>
+        <translation>не указан адрес сервиса</translation>
+    </message>
+    <message id="acceptNoUrlRemedy">
+        <source>укажите --url http://… или https://…, или --config с настройками кассы</source>
+        <translation>укажите --url http://… или https://…, или --config с настройками кассы</translation>
+    </message>
+    <message id="acceptNotOffered">
+        <source>не предлагается</source>
+        <translation>не предлагается</translation>
+    </message>
+    <message id="acceptNotReachable">
+        <source>%1; проверьте адрес и сеть</source>
+        <translation>%1; проверьте адрес и сеть</translation>
+    </message>
+    <message id="acceptNotReached">
+        <source>не дошло</source>
+        <translation>не дошло</translation>
+    </message>
+    <message id="acceptNothingBooked">
+        <source>ничего не проведено</source>
+        <translation>ничего не проведено</translation>
+    </message>
+    <message id="acceptPassed">
+        <source>выполнено</source>
+        <translation>выполнено</translation>
+    </message>
+    <message id="acceptPasswordFile">
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message id="acceptPasswordFileRemedy">
+        <source>пароль стоит в первой строке файла</source>
+        <translation>пароль стоит в первой строке файла</translation>
+    </message>
+    <message id="acceptRequest">
+        <source>запрос</source>
+        <translation>запрос</translation>
+    </message>
+    <message id="acceptSample">
+        <source>%1: образец не читается</source>
+        <translation>%1: образец не читается</translation>
+    </message>
+    <message id="acceptSampleRemedy">
+        <source>исправьте файл</source>
+        <translation>исправьте файл</translation>
+    </message>
+    <message id="acceptSchema">
+        <source>%1: схема не читается: %2</source>
+        <translation>%1: схема не читается: %2</translation>
+    </message>
+    <message id="acceptSchemaRemedy">
+        <source>исправьте файлы схемы</source>
+        <translation>исправьте файлы схемы</translation>
+    </message>
+    <message id="acceptStep">
+        <source>шаг %1: %2 — такого нет в запросе</source>
+        <translation>шаг %1: %2 — такого нет в запросе</translation>
+    </message>
+    <message id="acceptStepRemedy">
+        <source>исправьте сценарий</source>
+        <translation>исправьте сценарий</translation>
+    </message>
+    <message id="acceptStopped">
+        <source>приёмка прервана</source>
+        <translation>приёмка прервана</translation>
+    </message>
+    <message id="acceptSummary">
+        <source>выполнено: %1, нарушено: %2, не предлагается: %3, не дошло: %4</source>
+        <translation>выполнено: %1, нарушено: %2, не предлагается: %3, не дошло: %4</translation>
+    </message>
+    <message id="acceptUrlUser">
+        <source>в адресе сервиса стоит пользователь</source>
+        <translation>в адресе сервиса стоит пользователь</translation>
+    </message>
+    <message id="acceptUrlUserRemedy">
+        <source>укажите --user и --password-file</source>
+        <translation>укажите --user и --password-file</translation>
+    </message>
+    <message id="bundleForeign">
+        <source>%1: это не архив для поддержки; возьмите файл, который записала korvel-till check --bundle</source>
+        <translation>%1: это не архив для поддержки; возьмите файл, который записала korvel-till check --bundle</translation>
+    </message>
+    <message id="bundleLacks">
+        <source>в архиве не хватает: %1</source>
+        <translation>в архиве не хватает: %1</translation>
+    </message>
+    <message id="bundleNoState">
+        <source>%1: нет такой рабочей папки</source>
+        <translation>%1: нет такой рабочей папки</translation>
+    </message>
+    <message id="bundleNotPacked">
+        <source>Архив не удаётся составить (%1); освободите память</source>
+        <translation>Архив не удаётся составить (%1); освободите память</translation>
+    </message>
+    <message id="bundleNotUnpacked">
+        <source>%1: архив не читается (%2); возьмите файл, который записала korvel-till check --bundle</source>
+        <translation>%1: архив не читается (%2); возьмите файл, который записала korvel-till check --bundle</translation>
+    </message>
+    <message id="bundleNotWritten">
+        <source>%1: архив не удаётся распаковать (%2); освободите место</source>
+        <translation>%1: архив не удаётся распаковать (%2); освободите место</translation>
+    </message>
+    <message id="bundleThere">
+        <source>файл %1 уже есть</source>
+        <translation>файл %1 уже есть</translation>
+    </message>
+    <message id="bundleThereRemedy">
+        <source>укажите другое имя</source>
+        <translation>укажите другое имя</translation>
+    </message>
+    <message id="bundleTooLarge">
+        <source>слишком велик</source>
+        <translation>слишком велик</translation>
+    </message>
+    <message id="bundleWritten">
+        <source>Архив для поддержки: %1. Паролей и кодов в нём нет, номера карт и покупки есть</source>
+        <translation>Архив для поддержки: %1. Паролей и кодов в нём нет, номера карт и покупки есть</translation>
+    </message>
     <message id="cannotAddCouponToReturn">
         <source>возврат не принимает купоны</source>
         <translation>возврат не принимает купоны</translation>
@@ -175,6 +403,894 @@
         <source>%1: %2; исправьте значение</source>
         <translation>%1: %2; исправьте значение</translation>
     </message>
+    <message id="checkAccepted">
+        <source>сервис отвечает и не отказывает в авторизации</source>
+        <translation>сервис отвечает и не отказывает в авторизации</translation>
+    </message>
+    <message id="checkAddress">
+        <source>проверьте KorvelLoyaltyOnline:url и RestClient:proxy</source>
+        <translation>проверьте KorvelLoyaltyOnline:url и RestClient:proxy</translation>
+    </message>
+    <message id="checkAnswerInvalid">
+        <source>ответ не по схеме: %1</source>
+        <translation>ответ не по схеме: %1</translation>
+    </message>
+    <message id="checkApiElsewhere">
+        <source>команда fault действует на %1, а касса обращается к другому сервису</source>
+        <translation>команда fault действует на %1, а касса обращается к другому сервису</translation>
+    </message>
+    <message id="checkAreaConfiguration">
+        <source>Настройки</source>
+        <translation>Настройки</translation>
+    </message>
+    <message id="checkAreaMachine">
+        <source>Машина</source>
+        <translation>Машина</translation>
+    </message>
+    <message id="checkAreaService">
+        <source>Сервис</source>
+        <translation>Сервис</translation>
+    </message>
+    <message id="checkAskService">
+        <source>повторите позже или сообщите службе сервиса</source>
+        <translation>повторите позже или сообщите службе сервиса</translation>
+    </message>
+    <message id="checkAsking">
+        <source>сервис %1 отвечает…</source>
+        <translation>сервис %1 отвечает…</translation>
+    </message>
+    <message id="checkAttributeHalf">
+        <source>признак не передаётся: нет %1</source>
+        <translation>признак не передаётся: нет %1</translation>
+    </message>
+    <message id="checkBalance">
+        <source>баланс карты получен, ответ по схеме</source>
+        <translation>баланс карты получен, ответ по схеме</translation>
+    </message>
+    <message id="checkBreakerHalf">
+        <source>ничего не меняет без %1</source>
+        <translation>ничего не меняет без %1</translation>
+    </message>
+    <message id="checkCardRefused">
+        <source>сервис отказал карте, код %1: %2</source>
+        <translation>сервис отказал карте, код %1: %2</translation>
+    </message>
+    <message id="checkCatalogue">
+        <source>товаров в каталоге: %1</source>
+        <translation>товаров в каталоге: %1</translation>
+    </message>
+    <message id="checkCatalogueWrong">
+        <source>каталог не читается</source>
+        <translation>каталог не читается</translation>
+    </message>
+    <message id="checkCertificateEnded">
+        <source>сертификат «%1» истёк %2</source>
+        <translation>сертификат «%1» истёк %2</translation>
+    </message>
+    <message id="checkCertificateEnds">
+        <source>сертификат «%1» истекает %2</source>
+        <translation>сертификат «%1» истекает %2</translation>
+    </message>
+    <message id="checkChoose">
+        <source>выберите одно из %1</source>
+        <translation>выберите одно из %1</translation>
+    </message>
+    <message id="checkClockAhead">
+        <source>часы спешат против сервиса на %1 с</source>
+        <translation>часы спешат против сервиса на %1 с</translation>
+    </message>
+    <message id="checkClockBehind">
+        <source>часы отстают от сервиса на %1 с</source>
+        <translation>часы отстают от сервиса на %1 с</translation>
+    </message>
+    <message id="checkClockGood">
+        <source>часы сходятся с сервисом, разница %1 с</source>
+        <translation>часы сходятся с сервисом, разница %1 с</translation>
+    </message>
+    <message id="checkClockYourself">
+        <source>сверьте часы этой машины сами</source>
+        <translation>сверьте часы этой машины сами</translation>
+    </message>
+    <message id="checkCodeNeverAsked">
+        <source>код не спросят никогда: %1 равно -1</source>
+        <translation>код не спросят никогда: %1 равно -1</translation>
+    </message>
+    <message id="checkConfigMissing">
+        <source>%1: нет такого файла; укажите файл настроек через --config</source>
+        <translation>%1: нет такого файла; укажите файл настроек через --config</translation>
+    </message>
+    <message id="checkConfigUnusable">
+        <source>настройки не читаются</source>
+        <translation>настройки не читаются</translation>
+    </message>
+    <message id="checkConfirm">
+        <source>задайте %1=true или уберите предел</source>
+        <translation>задайте %1=true или уберите предел</translation>
+    </message>
+    <message id="checkConnected">
+        <source>есть связь с %1: имя %2 мс, соединение %3 мс</source>
+        <translation>есть связь с %1: имя %2 мс, соединение %3 мс</translation>
+    </message>
+    <message id="checkConnectedTls">
+        <source>%1, TLS %2 мс</source>
+        <translation>%1, TLS %2 мс</translation>
+    </message>
+    <message id="checkConvert">
+        <source>переведите его в PEM: openssl x509 -in ФАЙЛ -outform pem</source>
+        <translation>переведите его в PEM: openssl x509 -in ФАЙЛ -outform pem</translation>
+    </message>
+    <message id="checkCredentialsHalf">
+        <source>нет %1</source>
+        <translation>нет %1</translation>
+    </message>
+    <message id="checkCredentialsLetters">
+        <source>в значении не только латинские буквы; оно передаётся в UTF-8, кодировка системы — %1</source>
+        <translation>в значении не только латинские буквы; оно передаётся в UTF-8, кодировка системы — %1</translation>
+    </message>
+    <message id="checkDefault">
+        <source>не задано, действует: %1</source>
+        <translation>не задано, действует: %1</translation>
+    </message>
+    <message id="checkDefaults">
+        <source>[%1] по умолчанию: %2</source>
+        <translation>[%1] по умолчанию: %2</translation>
+    </message>
+    <message id="checkDelimiterEmpty">
+        <source>разделитель пуст: тексты купонов не отделяются от сообщения и не печатаются</source>
+        <translation>разделитель пуст: тексты купонов не отделяются от сообщения и не печатаются</translation>
+    </message>
+    <message id="checkExchangeFailed">
+        <source>обмен не удался: %1</source>
+        <translation>обмен не удался: %1</translation>
+    </message>
+    <message id="checkFileMissing">
+        <source>файла %1 нет или он не читается</source>
+        <translation>файла %1 нет или он не читается</translation>
+    </message>
+    <message id="checkFileUnreadable">
+        <source>файл не читается: %1</source>
+        <translation>файл не читается: %1</translation>
+    </message>
+    <message id="checkFixCredentials">
+        <source>исправьте KorvelLoyaltyOnline:user и password</source>
+        <translation>исправьте KorvelLoyaltyOnline:user и password</translation>
+    </message>
+    <message id="checkFixNames">
+        <source>проверьте orgName, organization, businessUnit и pos со службой сервиса</source>
+        <translation>проверьте orgName, organization, businessUnit и pos со службой сервиса</translation>
+    </message>
+    <message id="checkFixPath">
+        <source>исправьте путь в KorvelLoyaltyOnline:url</source>
+        <translation>исправьте путь в KorvelLoyaltyOnline:url</translation>
+    </message>
+    <message id="checkFixProxy">
+        <source>задайте их в RestClient:proxy: http://имя:пароль@прокси</source>
+        <translation>задайте их в RestClient:proxy: http://имя:пароль@прокси</translation>
+    </message>
+    <message id="checkFolderMissing">
+        <source>папки %1 нет</source>
+        <translation>папки %1 нет</translation>
+    </message>
+    <message id="checkForExample">
+        <source>напишите, например, %1</source>
+        <translation>напишите, например, %1</translation>
+    </message>
+    <message id="checkGiveCard">
+        <source>укажите тестовую карту: --card НОМЕР</source>
+        <translation>укажите тестовую карту: --card НОМЕР</translation>
+    </message>
+    <message id="checkGiveRights">
+        <source>проверьте его путь и права доступа</source>
+        <translation>проверьте его путь и права доступа</translation>
+    </message>
+    <message id="checkJoinSections">
+        <source>соберите её настройки в одном месте</source>
+        <translation>соберите её настройки в одном месте</translation>
+    </message>
+    <message id="checkKeepOneStatus">
+        <source>оставьте каждый статус в одном списке</source>
+        <translation>оставьте каждый статус в одном списке</translation>
+    </message>
+    <message id="checkKeyAlone">
+        <source>ключ без сертификата ничего не меняет</source>
+        <translation>ключ без сертификата ничего не меняет</translation>
+    </message>
+    <message id="checkKeyDiffers">
+        <source>ключ от другого сертификата</source>
+        <translation>ключ от другого сертификата</translation>
+    </message>
+    <message id="checkKeyMeant">
+        <source>возможно, имелся в виду %1</source>
+        <translation>возможно, имелся в виду %1</translation>
+    </message>
+    <message id="checkKeyMissing">
+        <source>нет ключа PEM, который читается без пароля</source>
+        <translation>нет ключа PEM, который читается без пароля</translation>
+    </message>
+    <message id="checkKeySeeReference">
+        <source>уберите его; все ключи описаны в docs/settings.md</source>
+        <translation>уберите его; все ключи описаны в docs/settings.md</translation>
+    </message>
+    <message id="checkKeyTwice">
+        <source>ключ уже задан в строке %1, действует этот</source>
+        <translation>ключ уже задан в строке %1, действует этот</translation>
+    </message>
+    <message id="checkKeyUnknown">
+        <source>такого ключа нет, значение ни на что не влияет</source>
+        <translation>такого ключа нет, значение ни на что не влияет</translation>
+    </message>
+    <message id="checkLatinCredentials">
+        <source>убедитесь, что сервис ждёт UTF-8, или возьмите латинские буквы и цифры</source>
+        <translation>убедитесь, что сервис ждёт UTF-8, или возьмите латинские буквы и цифры</translation>
+    </message>
+    <message id="checkLimitUnused">
+        <source>ничего не меняет без %1</source>
+        <translation>ничего не меняет без %1</translation>
+    </message>
+    <message id="checkLimitsCrossed">
+        <source>предупреждение (%1 мин) не наступает раньше тревоги (%2 мин)</source>
+        <translation>предупреждение (%1 мин) не наступает раньше тревоги (%2 мин)</translation>
+    </message>
+    <message id="checkLineMalformed">
+        <source>строка не читается, столбец %1</source>
+        <translation>строка не читается, столбец %1</translation>
+    </message>
+    <message id="checkMakeFolder">
+        <source>создайте её или исправьте путь</source>
+        <translation>создайте её или исправьте путь</translation>
+    </message>
+    <message id="checkMakeRoom">
+        <source>освободите место: без него касса не сохранит чеки</source>
+        <translation>освободите место: без него касса не сохранит чеки</translation>
+    </message>
+    <message id="checkMaskClose">
+        <source>поставьте «}» за именем свойства</source>
+        <translation>поставьте «}» за именем свойства</translation>
+    </message>
+    <message id="checkMaskMeant">
+        <source>возможно, имелось в виду ${%1}</source>
+        <translation>возможно, имелось в виду ${%1}</translation>
+    </message>
+    <message id="checkMaskOpen">
+        <source>в маске не закрыто «${»</source>
+        <translation>в маске не закрыто «${»</translation>
+    </message>
+    <message id="checkMaskSeeReference">
+        <source>возьмите свойство из docs/settings.md</source>
+        <translation>возьмите свойство из docs/settings.md</translation>
+    </message>
+    <message id="checkMaskUnknown">
+        <source>в маске ${%1} всегда пусто: такого свойства нет</source>
+        <translation>в маске ${%1} всегда пусто: такого свойства нет</translation>
+    </message>
+    <message id="checkMatchKey">
+        <source>возьмите ключ, с которым заказан сертификат</source>
+        <translation>возьмите ключ, с которым заказан сертификат</translation>
+    </message>
+    <message id="checkName">
+        <source>проверьте имя в KorvelLoyaltyOnline:url и сервер имён</source>
+        <translation>проверьте имя в KorvelLoyaltyOnline:url и сервер имён</translation>
+    </message>
+    <message id="checkNameCatalogue">
+        <source>задайте Till:catalogue</source>
+        <translation>задайте Till:catalogue</translation>
+    </message>
+    <message id="checkNameCertificate">
+        <source>задайте RestClient:clientCert или уберите ключ</source>
+        <translation>задайте RestClient:clientCert или уберите ключ</translation>
+    </message>
+    <message id="checkNameConfig">
+        <source>укажите файл настроек через --config</source>
+        <translation>укажите файл настроек через --config</translation>
+    </message>
+    <message id="checkNetwork">
+        <source>проверьте сеть и KorvelLoyaltyOnline:timeout</source>
+        <translation>проверьте сеть и KorvelLoyaltyOnline:timeout</translation>
+    </message>
+    <message id="checkNoCard">
+        <source>запрос баланса не проверен</source>
+        <translation>запрос баланса не проверен</translation>
+    </message>
+    <message id="checkNoCatalogue">
+        <source>каталога нет: касса не знает ни одного товара</source>
+        <translation>каталога нет: касса не знает ни одного товара</translation>
+    </message>
+    <message id="checkNoCertificate">
+        <source>в файле %1 нет сертификата PEM</source>
+        <translation>в файле %1 нет сертификата PEM</translation>
+    </message>
+    <message id="checkNoConfig">
+        <source>файла till.ini нет: действуют значения по умолчанию</source>
+        <translation>файла till.ini нет: действуют значения по умолчанию</translation>
+    </message>
+    <message id="checkNoConnection">
+        <source>нет связи с %1: %2</source>
+        <translation>нет связи с %1: %2</translation>
+    </message>
+    <message id="checkNoDate">
+        <source>сервис не сообщает времени, часы не сверены</source>
+        <translation>сервис не сообщает времени, часы не сверены</translation>
+    </message>
+    <message id="checkNotAmong">
+        <source>значения «%1» нет, касса с ним не запустится</source>
+        <translation>значения «%1» нет, касса с ним не запустится</translation>
+    </message>
+    <message id="checkNotBoolean">
+        <source>«%1» — не true и не false, действует значение по умолчанию</source>
+        <translation>«%1» — не true и не false, действует значение по умолчанию</translation>
+    </message>
+    <message id="checkNotDatabase">
+        <source>не адрес базы данных</source>
+        <translation>не адрес базы данных</translation>
+    </message>
+    <message id="checkNotInteger">
+        <source>«%1» — не целое число, действует значение по умолчанию</source>
+        <translation>«%1» — не целое число, действует значение по умолчанию</translation>
+    </message>
+    <message id="checkNotIntegers">
+        <source>«%1» в списке — не целое число</source>
+        <translation>«%1» в списке — не целое число</translation>
+    </message>
+    <message id="checkNotNumber">
+        <source>«%1» — не число с точкой, действует значение по умолчанию</source>
+        <translation>«%1» — не число с точкой, действует значение по умолчанию</translation>
+    </message>
+    <message id="checkNotSoap">
+        <source>ответ — не сообщение сервиса лояльности</source>
+        <translation>ответ — не сообщение сервиса лояльности</translation>
+    </message>
+    <message id="checkNotUrl">
+        <source>не адрес http или https</source>
+        <translation>не адрес http или https</translation>
+    </message>
+    <message id="checkOtherCard">
+        <source>возьмите карту, которую сервис знает</source>
+        <translation>возьмите карту, которую сервис знает</translation>
+    </message>
+    <message id="checkOtherService">
+        <source>проверьте, тот ли это адрес и та ли версия сервиса</source>
+        <translation>проверьте, тот ли это адрес и та ли версия сервиса</translation>
+    </message>
+    <message id="checkOtherState">
+        <source>укажите другую папку в Till:state или --state</source>
+        <translation>укажите другую папку в Till:state или --state</translation>
+    </message>
+    <message id="checkOutOfRange">
+        <source>значение «%1» вне допустимых пределов %2</source>
+        <translation>значение «%1» вне допустимых пределов %2</translation>
+    </message>
+    <message id="checkOverlaid">
+        <source>действует вместо %1:%2</source>
+        <translation>действует вместо %1:%2</translation>
+    </message>
+    <message id="checkPathWrong">
+        <source>по этому пути сервиса нет (%1)</source>
+        <translation>по этому пути сервиса нет (%1)</translation>
+    </message>
+    <message id="checkPercentageMissing">
+        <source>без %1 кассир не видит процента уценки</source>
+        <translation>без %1 кассир не видит процента уценки</translation>
+    </message>
+    <message id="checkPlainAuthorisation">
+        <source>пароль и данные покупателей идут до %1 открытым текстом</source>
+        <translation>пароль и данные покупателей идут до %1 открытым текстом</translation>
+    </message>
+    <message id="checkPlugin">
+        <source>модуль лояльности %1 подходит этой кассе</source>
+        <translation>модуль лояльности %1 подходит этой кассе</translation>
+    </message>
+    <message id="checkPluginWrong">
+        <source>модуль лояльности не подходит</source>
+        <translation>модуль лояльности не подходит</translation>
+    </message>
+    <message id="checkPort">
+        <source>проверьте адрес и порт, запущен ли сервис, и сетевой экран</source>
+        <translation>проверьте адрес и порт, запущен ли сервис, и сетевой экран</translation>
+    </message>
+    <message id="checkProxyUnauthorised">
+        <source>прокси требует пользователя и пароль</source>
+        <translation>прокси требует пользователя и пароль</translation>
+    </message>
+    <message id="checkPutPercentage">
+        <source>поставьте %1 туда, где должен стоять процент</source>
+        <translation>поставьте %1 туда, где должен стоять процент</translation>
+    </message>
+    <message id="checkRemoveOne">
+        <source>уберите лишнюю строку</source>
+        <translation>уберите лишнюю строку</translation>
+    </message>
+    <message id="checkRenew">
+        <source>закажите новый сертификат заранее</source>
+        <translation>закажите новый сертификат заранее</translation>
+    </message>
+    <message id="checkRequestRefused">
+        <source>сервис не принял запрос (%1): %2</source>
+        <translation>сервис не принял запрос (%1): %2</translation>
+    </message>
+    <message id="checkRoom">
+        <source>на диске папки %1 свободно %2 МиБ</source>
+        <translation>на диске папки %1 свободно %2 МиБ</translation>
+    </message>
+    <message id="checkRunAsOwner">
+        <source>выполните проверку от имени пользователя кассы</source>
+        <translation>выполните проверку от имени пользователя кассы</translation>
+    </message>
+    <message id="checkSameService">
+        <source>укажите тот же сервис или уберите ключ</source>
+        <translation>укажите тот же сервис или уберите ключ</translation>
+    </message>
+    <message id="checkSecretReadable">
+        <source>секрет стоит в файле %1, который могут читать другие</source>
+        <translation>секрет стоит в файле %1, который могут читать другие</translation>
+    </message>
+    <message id="checkSectionMeant">
+        <source>возможно, имелась в виду [%1]</source>
+        <translation>возможно, имелась в виду [%1]</translation>
+    </message>
+    <message id="checkSectionSeeReference">
+        <source>уберите её; все секции описаны в docs/settings.md</source>
+        <translation>уберите её; все секции описаны в docs/settings.md</translation>
+    </message>
+    <message id="checkSectionTwice">
+        <source>секция [%1] уже начата в строке %2</source>
+        <translation>секция [%1] уже начата в строке %2</translation>
+    </message>
+    <message id="checkSectionUnknown">
+        <source>секцию [%1] никто не читает</source>
+        <translation>секцию [%1] никто не читает</translation>
+    </message>
+    <message id="checkServiceSkipped">
+        <source>сервис не проверен: --no-service</source>
+        <translation>сервис не проверен: --no-service</translation>
+    </message>
+    <message id="checkSetBoth">
+        <source>задайте оба значения больше нуля или уберите оба</source>
+        <translation>задайте оба значения больше нуля или уберите оба</translation>
+    </message>
+    <message id="checkSetClock">
+        <source>поставьте часы и включите их сверку (timedatectl): чеки уходят с этим временем</source>
+        <translation>поставьте часы и включите их сверку (timedatectl): чеки уходят с этим временем</translation>
+    </message>
+    <message id="checkSetCredentials">
+        <source>задайте пользователя и пароль или уберите оба</source>
+        <translation>задайте пользователя и пароль или уберите оба</translation>
+    </message>
+    <message id="checkSetDelimiter">
+        <source>задайте разделитель сервиса или уберите ключ</source>
+        <translation>задайте разделитель сервиса или уберите ключ</translation>
+    </message>
+    <message id="checkSetKey">
+        <source>задайте в RestClient:clientKey файл с ключом без пароля</source>
+        <translation>задайте в RestClient:clientKey файл с ключом без пароля</translation>
+    </message>
+    <message id="checkSetLimit">
+        <source>задайте %1, 0 спрашивает код всегда, или уберите useConfirmation</source>
+        <translation>задайте %1, 0 спрашивает код всегда, или уберите useConfirmation</translation>
+    </message>
+    <message id="checkSetPartner">
+        <source>задайте %1 в той же секции</source>
+        <translation>задайте %1 в той же секции</translation>
+    </message>
+    <message id="checkSeverityError">
+        <source>ошибка</source>
+        <translation>ошибка</translation>
+    </message>
+    <message id="checkSeverityNote">
+        <source>заметка</source>
+        <translation>заметка</translation>
+    </message>
+    <message id="checkSeverityOk">
+        <source>порядок</source>
+        <translation>порядок</translation>
+    </message>
+    <message id="checkSeverityWarning">
+        <source>предупреждение</source>
+        <translation>предупреждение</translation>
+    </message>
+    <message id="checkSlow">
+        <source>ускорьте сеть или сервис, или увеличьте KorvelLoyaltyOnline:timeout</source>
+        <translation>ускорьте сеть или сервис, или увеличьте KorvelLoyaltyOnline:timeout</translation>
+    </message>
+    <message id="checkStateForeign">
+        <source>папка %1 принадлежит пользователю %2</source>
+        <translation>папка %1 принадлежит пользователю %2</translation>
+    </message>
+    <message id="checkStateGood">
+        <source>папка %1 готова</source>
+        <translation>папка %1 готова</translation>
+    </message>
+    <message id="checkStateImpossible">
+        <source>папку %1 нельзя создать в %2</source>
+        <translation>папку %1 нельзя создать в %2</translation>
+    </message>
+    <message id="checkStateMissing">
+        <source>папки %1 ещё нет, касса создаст её</source>
+        <translation>папки %1 ещё нет, касса создаст её</translation>
+    </message>
+    <message id="checkStateNoFolder">
+        <source>%1 — не папка</source>
+        <translation>%1 — не папка</translation>
+    </message>
+    <message id="checkStateReadOnly">
+        <source>в папку %1 нельзя писать</source>
+        <translation>в папку %1 нельзя писать</translation>
+    </message>
+    <message id="checkStateReadable">
+        <source>в папку %1 могут заглядывать другие: там данные покупателей</source>
+        <translation>в папку %1 могут заглядывать другие: там данные покупателей</translation>
+    </message>
+    <message id="checkStateRights">
+        <source>дайте пользователю кассы права или измените Till:state</source>
+        <translation>дайте пользователю кассы права или измените Till:state</translation>
+    </message>
+    <message id="checkStateTakeRights">
+        <source>chmod 700 %1</source>
+        <translation>chmod 700 %1</translation>
+    </message>
+    <message id="checkStatusesTwice">
+        <source>статусы %1 есть и в forbiddenCardStatusesForCustomer: узнает и покупатель</source>
+        <translation>статусы %1 есть и в forbiddenCardStatusesForCustomer: узнает и покупатель</translation>
+    </message>
+    <message id="checkTakeRights">
+        <source>chmod 600 %1; пароль лучше держать в отдельном файле: @file:/путь</source>
+        <translation>chmod 600 %1; пароль лучше держать в отдельном файле: @file:/путь</translation>
+    </message>
+    <message id="checkTemplate">
+        <source>шаблон печати %1 в порядке</source>
+        <translation>шаблон печати %1 в порядке</translation>
+    </message>
+    <message id="checkTemplateWrong">
+        <source>шаблон %1 не печатается</source>
+        <translation>шаблон %1 не печатается</translation>
+    </message>
+    <message id="checkTlsUnused">
+        <source>ничего не меняет: адрес сервиса начинается с http://</source>
+        <translation>ничего не меняет: адрес сервиса начинается с http://</translation>
+    </message>
+    <message id="checkTook">
+        <source>ответ занял %1 мс из %2 с</source>
+        <translation>ответ занял %1 мс из %2 с</translation>
+    </message>
+    <message id="checkTrust">
+        <source>проверьте сертификат сервиса, RestClient:caFile и часы этой машины</source>
+        <translation>проверьте сертификат сервиса, RestClient:caFile и часы этой машины</translation>
+    </message>
+    <message id="checkUnauthorised">
+        <source>сервис не принял пользователя и пароль (%1)</source>
+        <translation>сервис не принял пользователя и пароль (%1)</translation>
+    </message>
+    <message id="checkUnavailable">
+        <source>сервис сейчас недоступен (%1)</source>
+        <translation>сервис сейчас недоступен (%1)</translation>
+    </message>
+    <message id="checkUseHttps">
+        <source>укажите в KorvelLoyaltyOnline:url адрес https://</source>
+        <translation>укажите в KorvelLoyaltyOnline:url адрес https://</translation>
+    </message>
+    <message id="checkUserColon">
+        <source>в имени двоеточие: сервис примет его остаток за начало пароля</source>
+        <translation>в имени двоеточие: сервис примет его остаток за начало пароля</translation>
+    </message>
+    <message id="checkUserMark">
+        <source>знак %2 в имени заменяется паролем</source>
+        <translation>знак %2 в имени заменяется паролем</translation>
+    </message>
+    <message id="checkUserWithoutColon">
+        <source>попросите у сервиса имя без двоеточия</source>
+        <translation>попросите у сервиса имя без двоеточия</translation>
+    </message>
+    <message id="checkUserWithoutMark">
+        <source>попросите у сервиса имя без %2</source>
+        <translation>попросите у сервиса имя без %2</translation>
+    </message>
+    <message id="checkWarnEarlier">
+        <source>задайте warnMinutes меньше alarmMinutes</source>
+        <translation>задайте warnMinutes меньше alarmMinutes</translation>
+    </message>
+    <message id="checkWorst">
+        <source>Итог: %1</source>
+        <translation>Итог: %1</translation>
+    </message>
+    <message id="commandLineAccept">
+        <source>проверяет, соблюдает ли сервис лояльности протокол; модуль не загружает</source>
+        <translation>проверяет, соблюдает ли сервис лояльности протокол; модуль не загружает</translation>
+    </message>
+    <message id="commandLineAcceptArticle">
+        <source>товар, известный сервису, и его цена; можно указать несколько раз</source>
+        <translation>товар, известный сервису, и его цена; можно указать несколько раз</translation>
+    </message>
+    <message id="commandLineAcceptCaFile">
+        <source>сертификаты PEM, которым доверять вместо системных</source>
+        <translation>сертификаты PEM, которым доверять вместо системных</translation>
+    </message>
+    <message id="commandLineAcceptCard">
+        <source>тестовая карта</source>
+        <translation>тестовая карта</translation>
+    </message>
+    <message id="commandLineAcceptCode">
+        <source>код подтверждения, который всегда сообщают держателю карты</source>
+        <translation>код подтверждения, который всегда сообщают держателю карты</translation>
+    </message>
+    <message id="commandLineAcceptCodeCommand">
+        <source>печатает код, сообщённый держателю, для KORVEL_CARD и KORVEL_CHEQUE</source>
+        <translation>печатает код, сообщённый держателю, для KORVEL_CARD и KORVEL_CHEQUE</translation>
+    </message>
+    <message id="commandLineAcceptConfig">
+        <source>настройки: url, user и password; без него till.ini</source>
+        <translation>настройки: url, user и password; без него till.ini</translation>
+    </message>
+    <message id="commandLineAcceptCoupon">
+        <source>применимый купон</source>
+        <translation>применимый купон</translation>
+    </message>
+    <message id="commandLineAcceptList">
+        <source>перечисляет сценарии и их правила, ничего не запрашивая</source>
+        <translation>перечисляет сценарии и их правила, ничего не запрашивая</translation>
+    </message>
+    <message id="commandLineAcceptOnly">
+        <source>этот сценарий; можно указать несколько раз</source>
+        <translation>этот сценарий; можно указать несколько раз</translation>
+    </message>
+    <message id="commandLineAcceptOrgName">
+        <source>сеть, orgName</source>
+        <translation>сеть, orgName</translation>
+    </message>
+    <message id="commandLineAcceptOrganization">
+        <source>организация</source>
+        <translation>организация</translation>
+    </message>
+    <message id="commandLineAcceptPasswordFile">
+        <source>пароль в первой строке файла</source>
+        <translation>пароль в первой строке файла</translation>
+    </message>
+    <message id="commandLineAcceptPos">
+        <source>касса; без неё касса из образцов</source>
+        <translation>касса; без неё касса из образцов</translation>
+    </message>
+    <message id="commandLineAcceptProtocol">
+        <source>папка наподобие protocol/ вместо встроенной</source>
+        <translation>папка наподобие protocol/ вместо встроенной</translation>
+    </message>
+    <message id="commandLineAcceptShop">
+        <source>магазин, BusinessUnit</source>
+        <translation>магазин, BusinessUnit</translation>
+    </message>
+    <message id="commandLineAcceptTimeout">
+        <source>предел каждого обмена в секундах; без него 15</source>
+        <translation>предел каждого обмена в секундах; без него 15</translation>
+    </message>
+    <message id="commandLineAcceptUnknownCard">
+        <source>карта, которой сервис не знает</source>
+        <translation>карта, которой сервис не знает</translation>
+    </message>
+    <message id="commandLineAcceptUrl">
+        <source>адрес сервиса; без него адрес из настроек</source>
+        <translation>адрес сервиса; без него адрес из настроек</translation>
+    </message>
+    <message id="commandLineAcceptUser">
+        <source>пользователь для авторизации Basic</source>
+        <translation>пользователь для авторизации Basic</translation>
+    </message>
+    <message id="commandLineAcceptWrite">
+        <source>регистрирует и чеки на тестовую карту и возвращает всё назад</source>
+        <translation>регистрирует и чеки на тестовую карту и возвращает всё назад</translation>
+    </message>
+    <message id="commandLineArguments">
+        <source>Аргументы</source>
+        <translation>Аргументы</translation>
+    </message>
+    <message id="commandLineAsked">
+        <source>номер чека или возврата, либо карты: её последние чеки</source>
+        <translation>номер чека или возврата, либо карты: её последние чеки</translation>
+    </message>
+    <message id="commandLineBundle">
+        <source>записать один архив для поддержки, без паролей и кодов</source>
+        <translation>записать один архив для поддержки, без паролей и кодов</translation>
+    </message>
+    <message id="commandLineCard">
+        <source>это номер карты</source>
+        <translation>это номер карты</translation>
+    </message>
+    <message id="commandLineCheck">
+        <source>проверяет настройки, машину и сервис; 0: порядок, 1: предупреждения, 2: ошибки</source>
+        <translation>проверяет настройки, машину и сервис; 0: порядок, 1: предупреждения, 2: ошибки</translation>
+    </message>
+    <message id="commandLineCheckCard">
+        <source>тестовая карта, баланс которой запросить</source>
+        <translation>тестовая карта, баланс которой запросить</translation>
+    </message>
+    <message id="commandLineCheckNoService">
+        <source>не обращаться к сервису</source>
+        <translation>не обращаться к сервису</translation>
+    </message>
+    <message id="commandLineCheque">
+        <source>это номер чека</source>
+        <translation>это номер чека</translation>
+    </message>
+    <message id="commandLineCommandWord">
+        <source>КОМАНДА</source>
+        <translation>КОМАНДА</translation>
+    </message>
+    <message id="commandLineCommands">
+        <source>Команды</source>
+        <translation>Команды</translation>
+    </message>
+    <message id="commandLineConfig">
+        <source>настройки; без него till.ini в этой папке или установленный</source>
+        <translation>настройки; без него till.ini в этой папке или установленный</translation>
+    </message>
+    <message id="commandLineExcludes">
+        <source>без</source>
+        <translation>без</translation>
+    </message>
+    <message id="commandLineExplain">
+        <source>рассказывает, где баллы чека или карты; ничего не меняет, модуля не загружает</source>
+        <translation>рассказывает, где баллы чека или карты; ничего не меняет, модуля не загружает</translation>
+    </message>
+    <message id="commandLineFromBundle">
+        <source>архив для поддержки вместо рабочей папки</source>
+        <translation>архив для поддержки вместо рабочей папки</translation>
+    </message>
+    <message id="commandLineHelp">
+        <source>выводит эту справку и завершает работу</source>
+        <translation>выводит эту справку и завершает работу</translation>
+    </message>
+    <message id="commandLineId">
+        <source>только документ, метка которого начинается так</source>
+        <translation>только документ, метка которого начинается так</translation>
+    </message>
+    <message id="commandLineJson">
+        <source>для программ: JSON вместо текста</source>
+        <translation>для программ: JSON вместо текста</translation>
+    </message>
+    <message id="commandLineNoService">
+        <source>не спрашивать систему лояльности</source>
+        <translation>не спрашивать систему лояльности</translation>
+    </message>
+    <message id="commandLineOptions">
+        <source>Параметры</source>
+        <translation>Параметры</translation>
+    </message>
+    <message id="commandLineOptionsWord">
+        <source>ПАРАМЕТРЫ</source>
+        <translation>ПАРАМЕТРЫ</translation>
+    </message>
+    <message id="commandLinePlugin">
+        <source>модуль лояльности; без него установленный с программой</source>
+        <translation>модуль лояльности; без него установленный с программой</translation>
+    </message>
+    <message id="commandLineQueue">
+        <source>следит за исходящей очередью, в том числе при работающей кассе; модуль не загружает</source>
+        <translation>следит за исходящей очередью, в том числе при работающей кассе; модуль не загружает</translation>
+    </message>
+    <message id="commandLineQueueDeliver">
+        <source>отправляет сейчас всё, что ждёт; 0: доставлено всё, 1: не всё</source>
+        <translation>отправляет сейчас всё, что ждёт; 0: доставлено всё, 1: не всё</translation>
+    </message>
+    <message id="commandLineQueueExport">
+        <source>переносит недоставленное в файл, для другой машины</source>
+        <translation>переносит недоставленное в файл, для другой машины</translation>
+    </message>
+    <message id="commandLineQueueExportFile">
+        <source>сюда попадут сообщения, без логина и пароля</source>
+        <translation>сюда попадут сообщения, без логина и пароля</translation>
+    </message>
+    <message id="commandLineQueueId">
+        <source>номер сообщения или его начало</source>
+        <translation>номер сообщения или его начало</translation>
+    </message>
+    <message id="commandLineQueueIds">
+        <source>номера сообщений или их начала</source>
+        <translation>номера сообщений или их начала</translation>
+    </message>
+    <message id="commandLineQueueImport">
+        <source>принимает сообщения из такого файла</source>
+        <translation>принимает сообщения из такого файла</translation>
+    </message>
+    <message id="commandLineQueueImportFile">
+        <source>записан командой export</source>
+        <translation>записан командой export</translation>
+    </message>
+    <message id="commandLineQueueList">
+        <source>что не доставлено, в порядке постановки в очередь</source>
+        <translation>что не доставлено, в порядке постановки в очередь</translation>
+    </message>
+    <message id="commandLineQueueListAll">
+        <source>доставленные сообщения тоже</source>
+        <translation>доставленные сообщения тоже</translation>
+    </message>
+    <message id="commandLineQueueListStates">
+        <source>только сообщения в этих состояниях: pending, sending, delivered, refused, parked</source>
+        <translation>только сообщения в этих состояниях: pending, sending, delivered, refused, parked</translation>
+    </message>
+    <message id="commandLineQueueMeantAll">
+        <source>все сообщения, для которых это возможно, вместо номеров</source>
+        <translation>все сообщения, для которых это возможно, вместо номеров</translation>
+    </message>
+    <message id="commandLineQueueMetrics">
+        <source>те же показатели текстом OpenMetrics</source>
+        <translation>те же показатели текстом OpenMetrics</translation>
+    </message>
+    <message id="commandLineQueuePlain">
+        <source>с логином, паролем и номерами карт</source>
+        <translation>с логином, паролем и номерами карт</translation>
+    </message>
+    <message id="commandLineQueueReauthorise">
+        <source>даёт недоставленному логин и пароль из настроек</source>
+        <translation>даёт недоставленному логин и пароль из настроек</translation>
+    </message>
+    <message id="commandLineQueueRetry">
+        <source>разрешает отправить сообщения при первой возможности</source>
+        <translation>разрешает отправить сообщения при первой возможности</translation>
+    </message>
+    <message id="commandLineQueueRetryStates">
+        <source>все сообщения в этих состояниях вместо номеров: pending, refused, parked</source>
+        <translation>все сообщения в этих состояниях вместо номеров: pending, refused, parked</translation>
+    </message>
+    <message id="commandLineQueueSetAside">
+        <source>откладывает сообщения, пока человек не вернёт их командой retry</source>
+        <translation>откладывает сообщения, пока человек не вернёт их командой retry</translation>
+    </message>
+    <message id="commandLineQueueSetAsideStates">
+        <source>все сообщения в этих состояниях вместо номеров: pending, refused</source>
+        <translation>все сообщения в этих состояниях вместо номеров: pending, refused</translation>
+    </message>
+    <message id="commandLineQueueShow">
+        <source>одно сообщение со всем, что о нём хранится</source>
+        <translation>одно сообщение со всем, что о нём хранится</translation>
+    </message>
+    <message id="commandLineQueueState">
+        <source>папка состояния кассы; без него Till:state</source>
+        <translation>папка состояния кассы; без него Till:state</translation>
+    </message>
+    <message id="commandLineQueueStatus">
+        <source>показатели; код завершения 0: порядок, 1: предупреждение, 2: тревога</source>
+        <translation>показатели; код завершения 0: порядок, 1: предупреждение, 2: тревога</translation>
+    </message>
+    <message id="commandLineQueueWatch">
+        <source>постоянно отправляет всё, чему пришёл срок: служба доставки</source>
+        <translation>постоянно отправляет всё, чему пришёл срок: служба доставки</translation>
+    </message>
+    <message id="commandLineQueueWatchOnce">
+        <source>отправляет то, чему пришёл срок, и завершает работу</source>
+        <translation>отправляет то, чему пришёл срок, и завершает работу</translation>
+    </message>
+    <message id="commandLineRun">
+        <source>продаёт по сценарию или по командам с клавиатуры</source>
+        <translation>продаёт по сценарию или по командам с клавиатуры</translation>
+    </message>
+    <message id="commandLineScript">
+        <source>команды; без него стандартный ввод</source>
+        <translation>команды; без него стандартный ввод</translation>
+    </message>
+    <message id="commandLineTill">
+        <source>Касса, которая продаёт с модулем лояльности.</source>
+        <translation>Касса, которая продаёт с модулем лояльности.</translation>
+    </message>
+    <message id="commandLineTillState">
+        <source>документы, очередь, журналы и чеки</source>
+        <translation>документы, очередь, журналы и чеки</translation>
+    </message>
+    <message id="commandLineTranscript">
+        <source>сюда пишется по объекту JSON на команду; -: стандартный вывод</source>
+        <translation>сюда пишется по объекту JSON на команду; -: стандартный вывод</translation>
+    </message>
+    <message id="commandLineVersion">
+        <source>выводит версию программы и завершает работу</source>
+        <translation>выводит версию программы и завершает работу</translation>
+    </message>
+    <message id="commandLineWindow">
+        <source>открывает окно кассира</source>
+        <translation>открывает окно кассира</translation>
+    </message>
+    <message id="commandLineWindowProgram">
+        <source>Окно кассира.</source>
+        <translation>Окно кассира.</translation>
+    </message>
+    <message id="commandLineWord">
+        <source>Вызов</source>
+        <translation>Вызов</translation>
+    </message>
     <message id="configColonInSection">
         <source>«:» в имени секции; выберите имя без неё</source>
         <translation>«:» в имени секции; выберите имя без неё</translation>
@@ -187,9 +1303,29 @@
         <source>у настройки нет ключа; напишите его перед «=»</source>
         <translation>у настройки нет ключа; напишите его перед «=»</translation>
     </message>
+    <message id="configKeyRepeated">
+        <source>%1:%2: ключ %3: уже задан в строке %4, действует этот</source>
+        <translation>%1:%2: ключ %3: уже задан в строке %4, действует этот</translation>
+    </message>
     <message id="configLineNotUtf8">
         <source>строка не в кодировке UTF-8; сохраните файл в UTF-8</source>
         <translation>строка не в кодировке UTF-8; сохраните файл в UTF-8</translation>
+    </message>
+    <message id="configMalformedBoolean">
+        <source>ожидалось true или false, действует значение по умолчанию</source>
+        <translation>ожидалось true или false, действует значение по умолчанию</translation>
+    </message>
+    <message id="configMalformedInteger">
+        <source>ожидалось целое число, действует значение по умолчанию</source>
+        <translation>ожидалось целое число, действует значение по умолчанию</translation>
+    </message>
+    <message id="configMalformedItem">
+        <source>ожидались целые числа через запятую, «%1» пропущено</source>
+        <translation>ожидались целые числа через запятую, «%1» пропущено</translation>
+    </message>
+    <message id="configMalformedNumber">
+        <source>ожидалось число, действует значение по умолчанию</source>
+        <translation>ожидалось число, действует значение по умолчанию</translation>
     </message>
     <message id="configNotUtf8">
         <source>%1: файл не в кодировке UTF-8; сохраните его в UTF-8</source>
@@ -214,6 +1350,10 @@
     <message id="configUnreadable">
         <source>%1: файл не читается: %2; проверьте его путь и права доступа</source>
         <translation>%1: файл не читается: %2; проверьте его путь и права доступа</translation>
+    </message>
+    <message id="configWarning">
+        <source>%1ключ %2: %3</source>
+        <translation>%1ключ %2: %3</translation>
     </message>
     <message id="consoleAnswers">
         <source>Кассира спрашивают: %1, он отвечает: %2</source>
@@ -299,6 +1439,10 @@
         <source>касса&gt; </source>
         <translation>касса&gt; </translation>
     </message>
+    <message id="consolePromptWithoutLoyalty">
+        <source>касса без лояльности&gt; </source>
+        <translation>касса без лояльности&gt; </translation>
+    </message>
     <message id="consoleReads">
         <source>Кассир читает: %1</source>
         <translation>Кассир читает: %1</translation>
@@ -378,6 +1522,486 @@
     <message id="documentTypeNotKept">
         <source>значения типа %1 нельзя хранить в документе</source>
         <translation>значения типа %1 нельзя хранить в документе</translation>
+    </message>
+    <message id="explainArchiveWithoutQueue">
+        <source>В архиве нет сообщений очереди</source>
+        <translation>В архиве нет сообщений очереди</translation>
+    </message>
+    <message id="explainAttempt">
+        <source>Попытка %1 отправить сообщение не удалась: %2</source>
+        <translation>Попытка %1 отправить сообщение не удалась: %2</translation>
+    </message>
+    <message id="explainAvailable">
+        <source>можно списать %1</source>
+        <translation>можно списать %1</translation>
+    </message>
+    <message id="explainBalance">
+        <source>на карте %1</source>
+        <translation>на карте %1</translation>
+    </message>
+    <message id="explainBalanceAgreed">
+        <source>Система лояльности узнала карту %1</source>
+        <translation>Система лояльности узнала карту %1</translation>
+    </message>
+    <message id="explainBalanceNow">
+        <source>Система лояльности сейчас</source>
+        <translation>Система лояльности сейчас</translation>
+    </message>
+    <message id="explainBalanceRefused">
+        <source>Система лояльности не приняла карту %1</source>
+        <translation>Система лояльности не приняла карту %1</translation>
+    </message>
+    <message id="explainBalanceUnanswered">
+        <source>На вопрос о карте %1 система лояльности не ответила</source>
+        <translation>На вопрос о карте %1 система лояльности не ответила</translation>
+    </message>
+    <message id="explainBooked">
+        <source>проведены в системе лояльности</source>
+        <translation>проведены в системе лояльности</translation>
+    </message>
+    <message id="explainCalculateAgreed">
+        <source>Система лояльности рассчитала чек; этим ещё ничего не проведено</source>
+        <translation>Система лояльности рассчитала чек; этим ещё ничего не проведено</translation>
+    </message>
+    <message id="explainCalculateRefused">
+        <source>Система лояльности отказалась рассчитать чек</source>
+        <translation>Система лояльности отказалась рассчитать чек</translation>
+    </message>
+    <message id="explainCalculateUnanswered">
+        <source>На запрос расчёта система лояльности не ответила; проведено ничего не было</source>
+        <translation>На запрос расчёта система лояльности не ответила; проведено ничего не было</translation>
+    </message>
+    <message id="explainCalculateWithCode">
+        <source>Система лояльности рассчитала чек и выслала покупателю код подтверждения</source>
+        <translation>Система лояльности рассчитала чек и выслала покупателю код подтверждения</translation>
+    </message>
+    <message id="explainCancelled">
+        <source>Документ отменён на кассе</source>
+        <translation>Документ отменён на кассе</translation>
+    </message>
+    <message id="explainClosed">
+        <source>Документ закрыт и напечатан</source>
+        <translation>Документ закрыт и напечатан</translation>
+    </message>
+    <message id="explainDelivered">
+        <source>Сообщение доставлено: система лояльности провела документ</source>
+        <translation>Сообщение доставлено: система лояльности провела документ</translation>
+    </message>
+    <message id="explainEarned">
+        <source>начислено %1</source>
+        <translation>начислено %1</translation>
+    </message>
+    <message id="explainEnqueued">
+        <source>Документ записан в очередь отправки, сообщение %1</source>
+        <translation>Документ записан в очередь отправки, сообщение %1</translation>
+    </message>
+    <message id="explainForeignAnswer">
+        <source>ответил кто-то другой</source>
+        <translation>ответил кто-то другой</translation>
+    </message>
+    <message id="explainFromDocument">
+        <source>документ</source>
+        <translation>документ</translation>
+    </message>
+    <message id="explainFromJournal">
+        <source>журнал</source>
+        <translation>журнал</translation>
+    </message>
+    <message id="explainFromLog">
+        <source>лог</source>
+        <translation>лог</translation>
+    </message>
+    <message id="explainFromQueue">
+        <source>очередь</source>
+        <translation>очередь</translation>
+    </message>
+    <message id="explainFromService">
+        <source>система</source>
+        <translation>система</translation>
+    </message>
+    <message id="explainGivenBack">
+        <source>возвращено списанных %1</source>
+        <translation>возвращено списанных %1</translation>
+    </message>
+    <message id="explainHeading">
+        <source>%1, %2 (метка %3)</source>
+        <translation>%1, %2 (метка %3)</translation>
+    </message>
+    <message id="explainHeadingCard">
+        <source>карта %1</source>
+        <translation>карта %1</translation>
+    </message>
+    <message id="explainHeadingNoCard">
+        <source>без карты</source>
+        <translation>без карты</translation>
+    </message>
+    <message id="explainHeadingReturn">
+        <source>Возврат %1</source>
+        <translation>Возврат %1</translation>
+    </message>
+    <message id="explainHeadingReturnOf">
+        <source>Возврат %1 по чеку %2</source>
+        <translation>Возврат %1 по чеку %2</translation>
+    </message>
+    <message id="explainHeadingSale">
+        <source>Чек %1</source>
+        <translation>Чек %1</translation>
+    </message>
+    <message id="explainIsParked">
+        <source>отложены в очереди до решения человека</source>
+        <translation>отложены в очереди до решения человека</translation>
+    </message>
+    <message id="explainJournalEndsTorn">
+        <source>Последняя строка журнала не дописана: касса как раз пишет её, или питание пропало</source>
+        <translation>Последняя строка журнала не дописана: касса как раз пишет её, или питание пропало</translation>
+    </message>
+    <message id="explainJournalTorn">
+        <source>Повреждённых строк журнала пропущено: %1; в рассказе может чего-то не хватать</source>
+        <translation>Повреждённых строк журнала пропущено: %1; в рассказе может чего-то не хватать</translation>
+    </message>
+    <message id="explainLastOfCard">
+        <source>Карта %1: последние чеки и возвраты, всего их больше</source>
+        <translation>Карта %1: последние чеки и возвраты, всего их больше</translation>
+    </message>
+    <message id="explainLogged">
+        <source>Журнал программы: %1</source>
+        <translation>Журнал программы: %1</translation>
+    </message>
+    <message id="explainMessageRefused">
+        <source>Система лояльности отказалась принять сообщение: %1</source>
+        <translation>Система лояльности отказалась принять сообщение: %1</translation>
+    </message>
+    <message id="explainMoved">
+        <source>Сообщение перенесено в файл %1 для другой машины</source>
+        <translation>Сообщение перенесено в файл %1 для другой машины</translation>
+    </message>
+    <message id="explainNeverEarned">
+        <source>их не было: некому начислять</source>
+        <translation>их не было: некому начислять</translation>
+    </message>
+    <message id="explainNext">
+        <source>Что делать: %1</source>
+        <translation>Что делать: %1</translation>
+    </message>
+    <message id="explainNextAskService">
+        <source>Спросите владельца системы лояльности, проведён ли документ с этим номером и временем; до ответа ничего не начисляйте вручную</source>
+        <translation>Спросите владельца системы лояльности, проведён ли документ с этим номером и временем; до ответа ничего не начисляйте вручную</translation>
+    </message>
+    <message id="explainNextClose">
+        <source>Закройте документ на кассе: проведённый раньше второй раз не считается</source>
+        <translation>Закройте документ на кассе: проведённый раньше второй раз не считается</translation>
+    </message>
+    <message id="explainNextDeliver">
+        <source>Сообщение уйдёт само; чтобы отправить его сейчас: korvel-till queue deliver</source>
+        <translation>Сообщение уйдёт само; чтобы отправить его сейчас: korvel-till queue deliver</translation>
+    </message>
+    <message id="explainNextForeign">
+        <source>Проверьте KorvelLoyaltyOnline:url и то, что стоит между кассой и системой лояльности; проведён ли документ, знает её владелец</source>
+        <translation>Проверьте KorvelLoyaltyOnline:url и то, что стоит между кассой и системой лояльности; проведён ли документ, знает её владелец</translation>
+    </message>
+    <message id="explainNextMoved">
+        <source>Посмотрите korvel-till queue list там, где файл принят; если нигде, примените к нему здесь korvel-till queue import</source>
+        <translation>Посмотрите korvel-till queue list там, где файл принят; если нигде, примените к нему здесь korvel-till queue import</translation>
+    </message>
+    <message id="explainNextNoCard">
+        <source>На кассе ничего сделать нельзя: чек продан без карты. Начислить баллы за него может только владелец системы лояльности</source>
+        <translation>На кассе ничего сделать нельзя: чек продан без карты. Начислить баллы за него может только владелец системы лояльности</translation>
+    </message>
+    <message id="explainNextNothing">
+        <source>Ничего делать не нужно</source>
+        <translation>Ничего делать не нужно</translation>
+    </message>
+    <message id="explainNextOpen">
+        <source>Закройте документ на кассе</source>
+        <translation>Закройте документ на кассе</translation>
+    </message>
+    <message id="explainNextParked">
+        <source>Прочитайте сообщение: korvel-till queue show %1. Отправить снова: korvel-till queue retry %1</source>
+        <translation>Прочитайте сообщение: korvel-till queue show %1. Отправить снова: korvel-till queue retry %1</translation>
+    </message>
+    <message id="explainNextQueueUnseen">
+        <source>Сделайте очередь доступной (korvel-till queue status) и спросите ещё раз</source>
+        <translation>Сделайте очередь доступной (korvel-till queue status) и спросите ещё раз</translation>
+    </message>
+    <message id="explainNextReauthorise">
+        <source>Исправьте имя и пароль в настройках и выполните korvel-till queue reauthorise</source>
+        <translation>Исправьте имя и пароль в настройках и выполните korvel-till queue reauthorise</translation>
+    </message>
+    <message id="explainNextRefused">
+        <source>Прочитайте ответ: korvel-till queue show %1. Когда причину устранят в системе лояльности: korvel-till queue retry %1</source>
+        <translation>Прочитайте ответ: korvel-till queue show %1. Когда причину устранят в системе лояльности: korvel-till queue retry %1</translation>
+    </message>
+    <message id="explainNextRefusedOpen">
+        <source>Устраните причину и закройте документ ещё раз, или отмените его</source>
+        <translation>Устраните причину и закройте документ ещё раз, или отмените его</translation>
+    </message>
+    <message id="explainNoCard">
+        <source>карта %1 не найдена</source>
+        <translation>карта %1 не найдена</translation>
+    </message>
+    <message id="explainNoCheque">
+        <source>чек %1 не найден</source>
+        <translation>чек %1 не найден</translation>
+    </message>
+    <message id="explainNoError">
+        <source>нет</source>
+        <translation>нет</translation>
+    </message>
+    <message id="explainNothing">
+        <source>нет ни чека, ни карты %1</source>
+        <translation>нет ни чека, ни карты %1</translation>
+    </message>
+    <message id="explainOfCard">
+        <source>Карта %1: чеки и возвраты этой кассы</source>
+        <translation>Карта %1: чеки и возвраты этой кассы</translation>
+    </message>
+    <message id="explainOffline">
+        <source>Чек закончен без связи с системой лояльности</source>
+        <translation>Чек закончен без связи с системой лояльности</translation>
+    </message>
+    <message id="explainOpen">
+        <source>ещё не проведены: документ открыт</source>
+        <translation>ещё не проведены: документ открыт</translation>
+    </message>
+    <message id="explainParked">
+        <source>Сообщение отложено до решения человека</source>
+        <translation>Сообщение отложено до решения человека</translation>
+    </message>
+    <message id="explainRefused">
+        <source>не приняты системой лояльности</source>
+        <translation>не приняты системой лояльности</translation>
+    </message>
+    <message id="explainRegisterAgreed">
+        <source>Система лояльности провела чек под номером операции %1</source>
+        <translation>Система лояльности провела чек под номером операции %1</translation>
+    </message>
+    <message id="explainRegisterRefused">
+        <source>Система лояльности отказалась провести чек</source>
+        <translation>Система лояльности отказалась провести чек</translation>
+    </message>
+    <message id="explainRegisterUnanswered">
+        <source>На запрос провести чек ответа нет: может быть, он проведён, а может быть, и нет</source>
+        <translation>На запрос провести чек ответа нет: может быть, он проведён, а может быть, и нет</translation>
+    </message>
+    <message id="explainReturnAgreed">
+        <source>Система лояльности провела возврат</source>
+        <translation>Система лояльности провела возврат</translation>
+    </message>
+    <message id="explainReturnCode">
+        <source>код %1, %2</source>
+        <translation>код %1, %2</translation>
+    </message>
+    <message id="explainReturnOpened">
+        <source>Открыт возврат %1</source>
+        <translation>Открыт возврат %1</translation>
+    </message>
+    <message id="explainReturnRefused">
+        <source>Система лояльности отказалась провести возврат</source>
+        <translation>Система лояльности отказалась провести возврат</translation>
+    </message>
+    <message id="explainReturnUnanswered">
+        <source>На запрос провести возврат ответа нет: может быть, он проведён, а может быть, и нет</source>
+        <translation>На запрос провести возврат ответа нет: может быть, он проведён, а может быть, и нет</translation>
+    </message>
+    <message id="explainReturnedBy">
+        <source>По чеку закрыт возврат %1</source>
+        <translation>По чеку закрыт возврат %1</translation>
+    </message>
+    <message id="explainRollbackAgreed">
+        <source>Система лояльности отменила проведённый чек: всё как до него</source>
+        <translation>Система лояльности отменила проведённый чек: всё как до него</translation>
+    </message>
+    <message id="explainRollbackRefused">
+        <source>Система лояльности отказалась отменить проведённый чек</source>
+        <translation>Система лояльности отказалась отменить проведённый чек</translation>
+    </message>
+    <message id="explainRollbackUnanswered">
+        <source>На запрос отменить проведённый чек ответа нет: может быть, он отменён, а может быть, и нет</source>
+        <translation>На запрос отменить проведённый чек ответа нет: может быть, он отменён, а может быть, и нет</translation>
+    </message>
+    <message id="explainSaleOpened">
+        <source>Открыт чек %1</source>
+        <translation>Открыт чек %1</translation>
+    </message>
+    <message id="explainSameNumber">
+        <source>Номер %1 был у нескольких документов; один из них покажет --id с началом его метки</source>
+        <translation>Номер %1 был у нескольких документов; один из них покажет --id с началом его метки</translation>
+    </message>
+    <message id="explainSearched">
+        <source>%1; просмотрены %2</source>
+        <translation>%1; просмотрены %2</translation>
+    </message>
+    <message id="explainSending">
+        <source>Сообщение как раз отправляется</source>
+        <translation>Сообщение как раз отправляется</translation>
+    </message>
+    <message id="explainServiceError">
+        <source>Ошибка системы лояльности: %1</source>
+        <translation>Ошибка системы лояльности: %1</translation>
+    </message>
+    <message id="explainShownToCashier">
+        <source>Кассир прочитал: «%1»</source>
+        <translation>Кассир прочитал: «%1»</translation>
+    </message>
+    <message id="explainSpent">
+        <source>списано %1</source>
+        <translation>списано %1</translation>
+    </message>
+    <message id="explainSum">
+        <source>сумма %1</source>
+        <translation>сумма %1</translation>
+    </message>
+    <message id="explainTakenBack">
+        <source>снято начисленных %1</source>
+        <translation>снято начисленных %1</translation>
+    </message>
+    <message id="explainToSpend">
+        <source>будет списано %1</source>
+        <translation>будет списано %1</translation>
+    </message>
+    <message id="explainUnclear">
+        <source>«%1» — и номер чека, и номер карты</source>
+        <translation>«%1» — и номер чека, и номер карты</translation>
+    </message>
+    <message id="explainUnclearRemedy">
+        <source>добавьте --cheque или --card</source>
+        <translation>добавьте --cheque или --card</translation>
+    </message>
+    <message id="explainUnknown">
+        <source>неизвестно</source>
+        <translation>неизвестно</translation>
+    </message>
+    <message id="explainUnknownAgreed">
+        <source>Система лояльности ответила согласием</source>
+        <translation>Система лояльности ответила согласием</translation>
+    </message>
+    <message id="explainUnknownRefused">
+        <source>Система лояльности ответила отказом</source>
+        <translation>Система лояльности ответила отказом</translation>
+    </message>
+    <message id="explainUnknownUnanswered">
+        <source>Система лояльности не ответила</source>
+        <translation>Система лояльности не ответила</translation>
+    </message>
+    <message id="explainUnreadable">
+        <source>%1: не читается (%2); запустите программу от имени пользователя кассы</source>
+        <translation>%1: не читается (%2); запустите программу от имени пользователя кассы</translation>
+    </message>
+    <message id="explainWaiting">
+        <source>ждут в очереди отправки</source>
+        <translation>ждут в очереди отправки</translation>
+    </message>
+    <message id="explainWhere">
+        <source>Баллы: %1</source>
+        <translation>Баллы: %1</translation>
+    </message>
+    <message id="explainWhy">
+        <source>Почему: %1</source>
+        <translation>Почему: %1</translation>
+    </message>
+    <message id="explainWhyBegun">
+        <source>Касса остановилась или не получила ответа, когда документ проводился; он ещё открыт</source>
+        <translation>Касса остановилась или не получила ответа, когда документ проводился; он ещё открыт</translation>
+    </message>
+    <message id="explainWhyBooked">
+        <source>Система лояльности провела документ сразу, при закрытии</source>
+        <translation>Система лояльности провела документ сразу, при закрытии</translation>
+    </message>
+    <message id="explainWhyBookedOpen">
+        <source>Система лояльности провела чек, но на кассе он ещё не закрыт</source>
+        <translation>Система лояльности провела чек, но на кассе он ещё не закрыт</translation>
+    </message>
+    <message id="explainWhyBookedReturned">
+        <source>Система лояльности провела чек сразу; позже по нему закрыты возвраты: %1</source>
+        <translation>Система лояльности провела чек сразу; позже по нему закрыты возвраты: %1</translation>
+    </message>
+    <message id="explainWhyCancelled">
+        <source>Документ отменён на кассе до проведения: обещанное при расчёте не списано и не начислено</source>
+        <translation>Документ отменён на кассе до проведения: обещанное при расчёте не списано и не начислено</translation>
+    </message>
+    <message id="explainWhyCancelledUnknown">
+        <source>Чек отменён на кассе, но на запрос провести его ответа не было или отмена его не подтверждена</source>
+        <translation>Чек отменён на кассе, но на запрос провести его ответа не было или отмена его не подтверждена</translation>
+    </message>
+    <message id="explainWhyCardRefused">
+        <source>Карту %1 система лояльности не приняла, и документ остался без карты</source>
+        <translation>Карту %1 система лояльности не приняла, и документ остался без карты</translation>
+    </message>
+    <message id="explainWhyDelivered">
+        <source>Документ закрыт без связи, ждал в очереди и доставлен: система лояльности провела его</source>
+        <translation>Документ закрыт без связи, ждал в очереди и доставлен: система лояльности провела его</translation>
+    </message>
+    <message id="explainWhyForeign">
+        <source>На запрос провести документ ответила не система лояльности, и в очередь он не попал</source>
+        <translation>На запрос провести документ ответила не система лояльности, и в очередь он не попал</translation>
+    </message>
+    <message id="explainWhyMoved">
+        <source>Сообщение перенесено в файл %1, его отправляет машина, которая этот файл приняла</source>
+        <translation>Сообщение перенесено в файл %1, его отправляет машина, которая этот файл приняла</translation>
+    </message>
+    <message id="explainWhyNoCard">
+        <source>Карта покупателя не была предъявлена</source>
+        <translation>Карта покупателя не была предъявлена</translation>
+    </message>
+    <message id="explainWhyNoDocument">
+        <source>Файла документа нет, а по журналу он не проведён и не отменён</source>
+        <translation>Файла документа нет, а по журналу он не проведён и не отменён</translation>
+    </message>
+    <message id="explainWhyNotQueued">
+        <source>Документ закрыт, но номера операции у него нет и в очереди его нет. Доставленные сообщения хранятся Queue:keepDays дней, так что старый документ, вероятно, доставлен</source>
+        <translation>Документ закрыт, но номера операции у него нет и в очереди его нет. Доставленные сообщения хранятся Queue:keepDays дней, так что старый документ, вероятно, доставлен</translation>
+    </message>
+    <message id="explainWhyOpen">
+        <source>Документ ещё открыт: проводится он при закрытии</source>
+        <translation>Документ ещё открыт: проводится он при закрытии</translation>
+    </message>
+    <message id="explainWhyParked">
+        <source>Сообщение отложено и не отправляется, пока человек не решит; последняя ошибка: %1</source>
+        <translation>Сообщение отложено и не отправляется, пока человек не решит; последняя ошибка: %1</translation>
+    </message>
+    <message id="explainWhyQueueUnseen">
+        <source>Документ закрыт без связи, а очередь отправки посмотреть нельзя: %1</source>
+        <translation>Документ закрыт без связи, а очередь отправки посмотреть нельзя: %1</translation>
+    </message>
+    <message id="explainWhyRefused">
+        <source>Документ закрыт без связи, а система лояльности потом отказалась его провести (%1): повтор ничего не изменит</source>
+        <translation>Документ закрыт без связи, а система лояльности потом отказалась его провести (%1): повтор ничего не изменит</translation>
+    </message>
+    <message id="explainWhyRefusedOpen">
+        <source>Система лояльности отказала, ничего не проведено, документ ещё открыт: %1</source>
+        <translation>Система лояльности отказала, ничего не проведено, документ ещё открыт: %1</translation>
+    </message>
+    <message id="explainWhyReturnNotQueued">
+        <source>Возврат закрыт, и в очереди его нет: система лояльности провела его сразу</source>
+        <translation>Возврат закрыт, и в очереди его нет: система лояльности провела его сразу</translation>
+    </message>
+    <message id="explainWhyRolledBack">
+        <source>Чек был проведён, затем отменён на кассе, и система лояльности отменила его у себя: списанное возвращено, начисленное снято</source>
+        <translation>Чек был проведён, затем отменён на кассе, и система лояльности отменила его у себя: списанное возвращено, начисленное снято</translation>
+    </message>
+    <message id="explainWhyTechnicalCard">
+        <source>Карта покупателя не была предъявлена: чек продан с технической картой, которая не копит баллов</source>
+        <translation>Карта покупателя не была предъявлена: чек продан с технической картой, которая не копит баллов</translation>
+    </message>
+    <message id="explainWhyWaiting">
+        <source>Документ закрыт без связи с системой лояльности и ждёт в очереди отправки</source>
+        <translation>Документ закрыт без связи с системой лояльности и ждёт в очереди отправки</translation>
+    </message>
+    <message id="explainWhyWaitingError">
+        <source>%1; попыток отправить: %2, последняя ошибка: %3</source>
+        <translation>%1; попыток отправить: %2, последняя ошибка: %3</translation>
+    </message>
+    <message id="explainWhyWaitingUnanswered">
+        <source>На запрос провести документ ответа не было, и он ждёт в очереди отправки. Если система лояльности его уже провела, она узнает повтор и второй раз не посчитает</source>
+        <translation>На запрос провести документ ответа не было, и он ждёт в очереди отправки. Если система лояльности его уже провела, она узнает повтор и второй раз не посчитает</translation>
+    </message>
+    <message id="explainWithReason">
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message id="explainWithdrawn">
+        <source>отменены вместе с документом</source>
+        <translation>отменены вместе с документом</translation>
     </message>
     <message id="fileFailed">
         <source>%1: %2: %3; проверьте, что папка есть и доступна для записи и что на диске есть место</source>
@@ -583,6 +2207,10 @@
         <source>значение известного вида</source>
         <translation>значение известного вида</translation>
     </message>
+    <message id="jsonNextPosition">
+        <source>номер следующей позиции от 1</source>
+        <translation>номер следующей позиции от 1</translation>
+    </message>
     <message id="jsonNoSuchMember">
         <source>такого члена нет; известны %1</source>
         <translation>такого члена нет; известны %1</translation>
@@ -686,6 +2314,18 @@
     <message id="korvelVerificationCodeInputTitle">
         <source>Подтверждение списания</source>
         <translation>Подтверждение списания</translation>
+    </message>
+    <message id="logPropertiesUnreadable">
+        <source>%1: настройки журнала не читаются; проверьте путь и права доступа</source>
+        <translation>%1: настройки журнала не читаются; проверьте путь и права доступа</translation>
+    </message>
+    <message id="logPropertiesUnusable">
+        <source>%1: настройки журнала не годятся; исправьте их: %2</source>
+        <translation>%1: настройки журнала не годятся; исправьте их: %2</translation>
+    </message>
+    <message id="logUnwritable">
+        <source>%1: журнал не записывается; проверьте, что в его папку можно писать</source>
+        <translation>%1: журнал не записывается; проверьте, что в его папку можно писать</translation>
     </message>
     <message id="pluginBuild">
         <source>соберите его с этим хостом</source>
@@ -1307,6 +2947,14 @@
         <source>сохраните сценарий в UTF-8</source>
         <translation>сохраните сценарий в UTF-8</translation>
     </message>
+    <message id="scriptLineUnreadable">
+        <source>дальше сценарий не читается</source>
+        <translation>дальше сценарий не читается</translation>
+    </message>
+    <message id="scriptLineUnreadableRemedy">
+        <source>проверьте его файл и диск</source>
+        <translation>проверьте его файл и диск</translation>
+    </message>
     <message id="scriptMissing">
         <source>не хватает %1</source>
         <translation>не хватает %1</translation>
@@ -1459,6 +3107,10 @@
         <source>Система лояльности не принимает пароль, с которым сохранены чеки. Исправьте пароль в настройках и выполните korvel-till queue reauthorise</source>
         <translation>Система лояльности не принимает пароль, с которым сохранены чеки. Исправьте пароль в настройках и выполните korvel-till queue reauthorise</translation>
     </message>
+    <message id="tillLoyaltyOff">
+        <source>Лояльность на этой кассе выключена</source>
+        <translation>Лояльность на этой кассе выключена</translation>
+    </message>
     <message id="tillMessageDelivered">
         <source>доставлено</source>
         <translation>доставлено</translation>
@@ -1515,6 +3167,10 @@
         <source>Возврат, возможно, уже проведён в системе лояльности. Закройте его</source>
         <translation>Возврат, возможно, уже проведён в системе лояльности. Закройте его</translation>
     </message>
+    <message id="tillReturnWithoutLoyalty">
+        <source>Лояльность на этой кассе выключена: баллы покупателя после возврата не изменятся</source>
+        <translation>Лояльность на этой кассе выключена: баллы покупателя после возврата не изменятся</translation>
+    </message>
     <message id="tillShiftOpenDocument">
         <source>Открыт документ %1</source>
         <translation>Открыт документ %1</translation>
@@ -1559,6 +3215,10 @@
         <source>не удаётся записать протокол %1: %2; освободите место</source>
         <translation>не удаётся записать протокол %1: %2; освободите место</translation>
     </message>
+    <message id="usageArgumentMissing">
+        <source>не хватает аргумента «%1»</source>
+        <translation>не хватает аргумента «%1»</translation>
+    </message>
     <message id="usageCommandMissing">
         <source>не указана команда</source>
         <translation>не указана команда</translation>
@@ -1567,6 +3227,10 @@
         <source>«%1» — не команда</source>
         <translation>«%1» — не команда</translation>
     </message>
+    <message id="usageNotTogether">
+        <source>%1 и %2 не указывают вместе</source>
+        <translation>%1 и %2 не указывают вместе</translation>
+    </message>
     <message id="usageOneOf">
         <source>%1; есть команды %2</source>
         <translation>%1; есть команды %2</translation>
@@ -1574,6 +3238,18 @@
     <message id="usageSeeHelp">
         <source>%1: %2; смотрите %1 --help</source>
         <translation>%1: %2; смотрите %1 --help</translation>
+    </message>
+    <message id="usageUnexpected">
+        <source>лишнее слово: «%1»</source>
+        <translation>лишнее слово: «%1»</translation>
+    </message>
+    <message id="usageValueMissing">
+        <source>не хватает значения для %1</source>
+        <translation>не хватает значения для %1</translation>
+    </message>
+    <message id="usageValueWrong">
+        <source>значение не подходит для %1</source>
+        <translation>значение не подходит для %1</translation>
     </message>
     <message id="windowAgeInDays">
         <source>%1 д %2 ч</source>

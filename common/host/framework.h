@@ -14,6 +14,5 @@
 #include "host/framework/event.h"
 #include "host/framework/finally.h"
 #include "host/framework/mockfactory.h"
-#include "host/framework/session.h"
 #include "host/framework/singleton.h"
 #include "host/framework/tr.h"

@@ -2,6 +2,9 @@
 
 #include "emulator/http/status.h"
 
+#include <QDateTime>
+#include <QLocale>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -20,12 +23,21 @@ QByteArray bytes(boost::beast::string_view text)
     return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
+// Tills compare their clocks with it.
+std::string dateNow()
+{
+    return QLocale::c()
+        .toString(QDateTime::currentDateTimeUtc(), u"ddd, dd MMM yyyy HH:mm:ss 'GMT'"_s)
+        .toStdString();
+}
+
 std::string headOf(const HttpReply &reply)
 {
     const auto reason
         = http::obsolete_reason(http::int_to_status(static_cast<unsigned>(reply.status)));
     std::string head = "HTTP/1.1 " + std::to_string(reply.status) + ' '
-        + std::string(reason.data(), reason.size()) + "\r\nConnection: close\r\n";
+        + std::string(reason.data(), reason.size()) + "\r\nDate: " + dateNow()
+        + "\r\nConnection: close\r\n";
     if (!reply.contentType.isEmpty())
         head += "Content-Type: " + reply.contentType.toStdString() + "\r\n";
     // What is told as it happens ends with the connection.

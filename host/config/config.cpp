@@ -2,6 +2,7 @@
 
 #include "host/config/inifile.h"
 #include "host/config/valuereaders.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 #include <QDir>
@@ -92,6 +93,23 @@ QString resolved(const ini::Setting &setting, const QString &fileName)
     }
 }
 
+tr::Tr malformedInteger()
+{
+    return {
+        u"configMalformedInteger"_s, u"ожидалось целое число, действует значение по умолчанию"_s};
+}
+
+tr::Tr malformedBoolean()
+{
+    return {u"configMalformedBoolean"_s,
+        u"ожидалось true или false, действует значение по умолчанию"_s};
+}
+
+tr::Tr malformedNumber()
+{
+    return {u"configMalformedNumber"_s, u"ожидалось число, действует значение по умолчанию"_s};
+}
+
 Log4Qt::Logger *logger()
 {
     return Log4Qt::LogManager::logger(u"poshost.config"_s);
@@ -120,8 +138,13 @@ void Config::load(const QString &fileName)
     m_sections.swap(contents.sections);
     m_warnings.swap(contents.warnings);
     m_warnedKeys.clear();
-    for (const QString &warning : std::as_const(m_warnings))
-        logger()->warn(warning);
+    logWarnings();
+}
+
+void Config::logWarnings() const
+{
+    for (const tr::Tr &warning : std::as_const(m_warnings))
+        logger()->warn(warning.ru());
 }
 
 void Config::readFile(const QString &fileName, Contents &contents)
@@ -133,9 +156,12 @@ void Config::readFile(const QString &fileName, Contents &contents)
         for (const ini::Setting &setting : section.settings) {
             const QString name = section.name + u':' + setting.key;
             if (lines.contains(name))
-                contents.warnings.append(
-                    u"%1:%2: key %3: given before in line %4, this one counts"_s.arg(fileName,
-                        QString::number(setting.line), name, QString::number(lines.value(name))));
+                contents.warnings.append(tr::Tr(u"configKeyRepeated"_s,
+                    u"%1:%2: ключ %3: уже задан в строке %4, действует этот"_s)
+                                             .arg(fileName)
+                                             .arg(QString::number(setting.line))
+                                             .arg(name)
+                                             .arg(QString::number(lines.value(name))));
             lines.insert(name, setting.line);
             if (const QString path = valueFile(setting, fileName); !path.isEmpty())
                 contents.fileNames.append(path);
@@ -178,26 +204,28 @@ const Config::Value *Config::find(const QString &key) const
     return value == section->values.cend() ? nullptr : &*value;
 }
 
-void Config::warn(const QString &key, const QString &problem) const
+void Config::warn(const QString &key, const tr::Tr &problem) const
 {
     if (m_warnedKeys.contains(key))
         return;
     m_warnedKeys.insert(key);
     const QString place = placeOf(key);
-    m_warnings.append(
-        (place.isEmpty() ? place : place + u": ") + u"key %1: %2"_s.arg(key, problem));
-    logger()->warn(m_warnings.last());
+    m_warnings.append(tr::Tr(u"configWarning"_s, u"%1ключ %2: %3"_s)
+                          .arg(place.isEmpty() ? place : place + u": ")
+                          .arg(key)
+                          .arg(problem));
+    logger()->warn(m_warnings.constLast().ru());
 }
 
 template <typename T, typename Reader>
-T Config::read(const QString &key, T defaultValue, const QString &expected, Reader reader) const
+T Config::read(const QString &key, T defaultValue, const tr::Tr &malformed, Reader reader) const
 {
     const Value *value = find(key);
     if (!value)
         return defaultValue;
     const std::optional<T> result = reader(value->text);
     if (!result)
-        warn(key, u"expected %1, using the default"_s.arg(expected));
+        warn(key, malformed);
     return result.value_or(defaultValue);
 }
 
@@ -214,17 +242,17 @@ QString Config::getString(const QString &key, const QString &defaultValue) const
 
 int Config::getInt(const QString &key, int defaultValue) const
 {
-    return read(key, defaultValue, u"a whole number"_s, config::integer);
+    return read(key, defaultValue, malformedInteger(), config::integer);
 }
 
 bool Config::getBool(const QString &key, bool defaultValue) const
 {
-    return read(key, defaultValue, u"true or false"_s, config::boolean);
+    return read(key, defaultValue, malformedBoolean(), config::boolean);
 }
 
 double Config::getDouble(const QString &key, double defaultValue) const
 {
-    return read(key, defaultValue, u"a number"_s, config::number);
+    return read(key, defaultValue, malformedNumber(), config::number);
 }
 
 QStringList Config::getStringList(const QString &key, const QStringList &defaultValue) const
@@ -243,7 +271,10 @@ QList<int> Config::getIntList(const QString &key, const QList<int> &defaultValue
         if (const auto parsed = config::integer(item))
             result.append(*parsed);
         else
-            warn(key, u"expected whole numbers, leaving out \"%1\""_s.arg(item));
+            warn(key,
+                tr::Tr(u"configMalformedItem"_s,
+                    u"ожидались целые числа через запятую, «%1» пропущено"_s)
+                    .arg(item));
     }
     return result;
 }

@@ -42,7 +42,10 @@ public:
     [[nodiscard]] QStringList fileNames() const { return m_fileNames; }
     /// Warnings so far, one per malformed value and per key given twice in one file, as
     /// "file:line: …".
-    [[nodiscard]] QStringList warnings() const { return m_warnings; }
+    [[nodiscard]] QList<tr::Tr> warnings() const { return m_warnings; }
+    /// Tells the logger the warnings so far once more: those of `load` came before the log was set
+    /// up, whose folder the settings name.
+    void logWarnings() const;
 
     [[nodiscard]] virtual bool contains(const QString &key) const;
     [[nodiscard]] virtual QString getString(const QString &key, const QString &defaultValue) const;
@@ -85,7 +88,7 @@ private:
     struct Contents
     {
         QList<Section> sections;
-        QStringList warnings;
+        QList<tr::Tr> warnings;
         QStringList fileNames;
     };
 
@@ -94,15 +97,15 @@ private:
         QList<Section> &sections, const QString &name, const QString &key, const Value &value);
     static void readFile(const QString &fileName, Contents &contents);
     [[nodiscard]] const Value *find(const QString &key) const;
-    void warn(const QString &key, const QString &problem) const;
+    void warn(const QString &key, const tr::Tr &problem) const;
     template <typename T, typename Reader>
     [[nodiscard]] T read(
-        const QString &key, T defaultValue, const QString &expected, Reader reader) const;
+        const QString &key, T defaultValue, const tr::Tr &malformed, Reader reader) const;
 
     QString m_fileName;
     QStringList m_fileNames;
     QList<Section> m_sections;
-    mutable QStringList m_warnings;
+    mutable QList<tr::Tr> m_warnings;
     mutable QSet<QString> m_warnedKeys;
 };
 

@@ -12,13 +12,21 @@ namespace {
 class Parser
 {
 public:
-    explicit Parser(const QString &fileName)
-        : m_fileName(fileName)
-    { }
-
     void readLine(const QByteArray &bytes)
     {
         ++m_line;
+        try {
+            interpret(bytes);
+        } catch (const Defect &defect) {
+            m_reading.defects.append(defect);
+        }
+    }
+
+    [[nodiscard]] Reading takeReading() { return std::move(m_reading); }
+
+private:
+    void interpret(const QByteArray &bytes)
+    {
         m_text = decoded(bytes);
         const QString trimmed = m_text.trimmed();
         if (trimmed.isEmpty() || trimmed.startsWith(u'#') || trimmed.startsWith(u';'))
@@ -29,16 +37,9 @@ public:
             readSetting();
     }
 
-    [[nodiscard]] QList<Section> takeSections() { return std::move(m_sections); }
-
-private:
     [[noreturn]] void fail(qsizetype offset, const tr::Tr &text) const
     {
-        throw ConfigError(tr::Tr(tr::undefined, u"%1:%2:%3: %4"_s)
-                              .arg(m_fileName)
-                              .arg(QString::number(m_line))
-                              .arg(QString::number(offset + 1))
-                              .arg(text));
+        throw Defect{m_line, static_cast<int>(offset + 1), text};
     }
 
     [[nodiscard]] QString decoded(const QByteArray &bytes) const
@@ -69,7 +70,7 @@ private:
         if (name.contains(u':'))
             fail(m_text.indexOf(u':'),
                 {u"configColonInSection"_s, u"«:» в имени секции; выберите имя без неё"_s});
-        m_sections.append({name, {}});
+        m_reading.sections.append({name, {}, m_line});
     }
 
     void readSetting()
@@ -85,11 +86,11 @@ private:
         if (key.isEmpty())
             fail(
                 start, {u"configKeyMissing"_s, u"у настройки нет ключа; напишите его перед «=»"_s});
-        if (m_sections.isEmpty())
+        if (m_reading.sections.isEmpty())
             fail(start,
                 {u"configSectionMissing"_s,
                     u"настройка перед первой секцией; поставьте над ней «[секция]»"_s});
-        m_sections.last().settings.append({key, m_text.mid(equals + 1).trimmed(), m_line,
+        m_reading.sections.last().settings.append({key, m_text.mid(equals + 1).trimmed(), m_line,
             static_cast<int>(firstNonBlank(equals + 1) + 1)});
     }
 
@@ -100,20 +101,33 @@ private:
         return from;
     }
 
-    QString m_fileName;
     int m_line = 0;
     QString m_text;
-    QList<Section> m_sections;
+    Reading m_reading;
 };
 
 } // namespace
 
-QList<Section> parse(const QByteArray &bytes, const QString &fileName)
+Reading read(const QByteArray &bytes)
 {
-    Parser parser(fileName);
+    Parser parser;
     for (const QByteArray &line : bytes.split('\n'))
         parser.readLine(line);
-    return parser.takeSections();
+    return parser.takeReading();
+}
+
+QList<Section> parse(const QByteArray &bytes, const QString &fileName)
+{
+    Reading reading = read(bytes);
+    if (!reading.defects.isEmpty()) {
+        const Defect &first = reading.defects.constFirst();
+        throw ConfigError(tr::Tr(tr::undefined, u"%1:%2:%3: %4"_s)
+                              .arg(fileName)
+                              .arg(QString::number(first.line))
+                              .arg(QString::number(first.column))
+                              .arg(first.text));
+    }
+    return std::move(reading.sections);
 }
 
 } // namespace ini

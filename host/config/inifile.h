@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/export.h"
+#include "host/framework/tr.h"
 
 #include <QByteArray>
 #include <QList>
@@ -26,7 +27,25 @@ struct Section
 {
     QString name; ///< without ":", which parts section and key elsewhere
     QList<Setting> settings; ///< repeated keys included
+    int line = 0; ///< of its name, from 1
 };
+
+/// A line that is no section, setting, comment or blank.
+struct Defect
+{
+    int line = 0; ///< from 1
+    int column = 0; ///< from 1
+    tr::Tr text; ///< what is wrong, and what to do
+};
+
+struct Reading
+{
+    QList<Section> sections;
+    QList<Defect> defects; ///< in file order; the lines are left out
+};
+
+/// Reads on behind what is wrong, for those who want to know all of it. Otherwise as `parse`.
+[[nodiscard]] POSHOST_EXPORT Reading read(const QByteArray &bytes);
 
 /// Splits a file in UTF-8, with or without a byte order mark, its lines ended by LF or CRLF. A
 /// section that is opened twice is there twice.

@@ -51,7 +51,8 @@ public:
 /// The articles, the rules of scanning and the till's place, as people write them down in a JSON
 /// file (comments allowed).
 ///
-/// Immutable once read. A value type; the default one knows no article and no prefix.
+/// Its articles and rules never change once read. A value type; the default one knows no article
+/// and no prefix.
 class POSHOST_EXPORT Catalogue
 {
 public:
@@ -74,6 +75,7 @@ public:
     [[nodiscard]] bool isCard(const QString &scanned) const;
     [[nodiscard]] bool isCoupon(const QString &scanned) const;
     [[nodiscard]] const TillPlace &place() const { return m_place; }
+    void setPlace(const TillPlace &place) { m_place = place; }
 
 private:
     [[nodiscard]] const Article *at(

@@ -14,6 +14,8 @@ const QString undefined = QStringLiteral("undefined");
 
 namespace {
 
+constexpr int kopeckDigits = 2;
+
 const QRegularExpression &placeholder()
 {
     static const QRegularExpression expression(QStringLiteral("%([1-9]\\d?)"));
@@ -47,13 +49,33 @@ QString filled(const QString &text, const QStringList &arguments)
     return result + QStringView(text).mid(end);
 }
 
-// Texts of the arguments; those that are messages in the language that `spoken` gives.
-template <typename Spoken> QStringList textsOf(const QVariantList &arguments, Spoken spoken)
+QString plainText(const QVariant &argument)
+{
+    if (argument.metaType() == QMetaType::fromType<Tr>())
+        return argument.value<Tr>().ru();
+    if (argument.metaType() == QMetaType::fromType<double>())
+        return QString::number(argument.toDouble(), 'f', kopeckDigits);
+    if (argument.metaType() == QMetaType::fromType<QDateTime>())
+        return argument.toDateTime().toString(u"dd.MM.yyyy HH:mm"_s);
+    return argument.toString();
+}
+
+QString textForInterface(const QVariant &argument)
+{
+    if (argument.metaType() == QMetaType::fromType<Tr>())
+        return argument.value<Tr>().ui();
+    if (argument.metaType() == QMetaType::fromType<double>())
+        return QLocale().toString(argument.toDouble(), 'f', kopeckDigits);
+    if (argument.metaType() == QMetaType::fromType<QDateTime>())
+        return QLocale().toString(argument.toDateTime(), QLocale::ShortFormat);
+    return argument.toString();
+}
+
+template <typename Written> QStringList textsOf(const QVariantList &arguments, Written written)
 {
     QStringList texts;
     for (const QVariant &argument : arguments)
-        texts.append(argument.metaType() == QMetaType::fromType<Tr>() ? spoken(argument.value<Tr>())
-                                                                      : argument.toString());
+        texts.append(written(argument));
     return texts;
 }
 
@@ -70,23 +92,36 @@ Tr::Tr(const QString &id, const QString &text)
     , m_text(text)
 { }
 
-Tr Tr::arg(const QString &argument) const
+Tr Tr::with(const QVariant &argument) const
 {
     Tr result = *this;
     result.m_arguments.append(argument);
     return result;
 }
 
+Tr Tr::arg(const QString &argument) const
+{
+    return with(argument);
+}
+
 Tr Tr::arg(const Tr &argument) const
 {
-    Tr result = *this;
-    result.m_arguments.append(QVariant::fromValue(argument));
-    return result;
+    return with(QVariant::fromValue(argument));
+}
+
+Tr Tr::argAmount(double amount) const
+{
+    return with(amount);
+}
+
+Tr Tr::argMoment(const QDateTime &moment) const
+{
+    return with(moment);
 }
 
 QString Tr::ru() const
 {
-    return filled(m_text, textsOf(m_arguments, [](const Tr &message) { return message.ru(); }));
+    return filled(m_text, textsOf(m_arguments, plainText));
 }
 
 QString Tr::ui() const
@@ -103,7 +138,7 @@ QString Tr::ui(int count) const
 
 QString Tr::filledForInterface(const QString &text) const
 {
-    return filled(text, textsOf(m_arguments, [](const Tr &message) { return message.ui(); }));
+    return filled(text, textsOf(m_arguments, textForInterface));
 }
 
 Tr::operator QVariant() const

@@ -2,6 +2,7 @@
 
 #include "host/export.h"
 
+#include <QDateTime>
 #include <QMetaType>
 #include <QString>
 #include <QVariant>
@@ -28,6 +29,12 @@ public:
     [[nodiscard]] Tr arg(const QString &argument) const;
     /// The same with a message, which comes in the language that the whole is asked for in.
     [[nodiscard]] Tr arg(const Tr &argument) const;
+    /// The same with an amount of money or points: plain in the Russian text ("1234.50"), in that
+    /// of the interface as the locale writes it.
+    [[nodiscard]] Tr argAmount(double amount) const;
+    /// The same with a moment, date and time to the minute: "21.11.2026 09:30" in the Russian text,
+    /// in that of the interface as the locale writes it; in the time zone of the moment.
+    [[nodiscard]] Tr argMoment(const QDateTime &moment) const;
 
     [[nodiscard]] QString id() const { return m_id; }
     /// The Russian text, arguments filled.
@@ -45,11 +52,12 @@ public:
     friend bool operator==(const Tr &left, const Tr &right) = default;
 
 private:
+    [[nodiscard]] Tr with(const QVariant &argument) const;
     [[nodiscard]] QString filledForInterface(const QString &text) const;
 
     QString m_id;
     QString m_text;
-    QVariantList m_arguments; ///< texts and messages
+    QVariantList m_arguments; ///< texts, messages, amounts and moments
 };
 
 } // namespace tr

@@ -1,5 +1,7 @@
 #include "host/logging/logsetup.h"
 
+#include "host/logging/logtroubles.h"
+#include "host/logging/privatefile.h"
 #include "host/logging/privatefileappender.h"
 #include "host/storage/atomicfile.h"
 #include <log4qt/logmanager.h>
@@ -13,7 +15,6 @@
 
 #include <iostream>
 #include <sstream>
-#include <stdexcept>
 
 namespace logging {
 
@@ -24,11 +25,6 @@ const QString fileName = u"korvel.log"_s;
 namespace {
 
 constexpr auto linePattern = "%D{%Y-%m-%d %H:%M:%S,%q} %-5p %c - %m%n";
-
-[[noreturn]] void fail(const QString &text)
-{
-    throw std::runtime_error(text.toStdString());
-}
 
 // log4cplus tells its troubles to standard error only. To be used before other threads write.
 class StandardErrorCapture
@@ -59,24 +55,22 @@ void writeNowhere()
 void setUpByProperties(const QString &propertiesFile)
 {
     if (!QFileInfo(propertiesFile).isFile() || !QFileInfo(propertiesFile).isReadable())
-        fail(u"%1: the logging properties cannot be read; check the path and its permissions"_s.arg(
-            propertiesFile));
+        throwPropertiesUnreadable(propertiesFile);
     const StandardErrorCapture capture;
     log4cplus::PropertyConfigurator::doConfigure(QFile::encodeName(propertiesFile).toStdString());
     const QString troubles = capture.text();
     if (troubles.isEmpty())
         return;
     writeNowhere();
-    fail(u"%1: the logging properties cannot be used; correct them: %2"_s.arg(
-        propertiesFile, troubles));
+    throwPropertiesUnusable(propertiesFile, troubles);
 }
 
 void setUpInFolder(const QString &folder)
 {
     const QString path = QDir(folder).filePath(fileName);
     atomicfile::makePrivateFolder(folder);
-    if (!PrivateFileAppender::prepare(path))
-        fail(u"%1: the log cannot be written; check that the folder can be"_s.arg(path));
+    if (!makePrivateFile(path))
+        throwUnwritable(path);
     log4cplus::SharedAppenderPtr appender(new PrivateFileAppender(path));
     appender->setLayout(std::make_unique<log4cplus::PatternLayout>(linePattern));
     log4cplus::Logger::getRoot().addAppender(appender);

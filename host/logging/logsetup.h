@@ -13,8 +13,8 @@ POSHOST_EXPORT extern const QString fileName;
 /// Directs all loggers to a file, in place of wherever they wrote to before.
 /// @param folder         made if need be. It gets at most five files of 1 MiB, which only the
 ///                       till's user can read: they tell what customers bought.
-/// @param propertiesFile describes appenders and levels in log4cplus's format and then counts
-///                       instead of `folder`; empty: none.
+/// @param propertiesFile describes appenders and levels in the format of the library behind the
+///                       loggers, and then counts instead of `folder`; empty: none.
 /// @throws std::runtime_error when the folder cannot be written to, or the properties file not be
 ///         read or used; nothing is logged then.
 POSHOST_EXPORT void setUp(const QString &folder, const QString &propertiesFile);

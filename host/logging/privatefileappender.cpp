@@ -1,10 +1,8 @@
 #include "host/logging/privatefileappender.h"
 
-#include <QFile>
+#include "host/logging/privatefile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <QFile>
 
 namespace logging {
 
@@ -12,7 +10,6 @@ namespace {
 
 constexpr long maxFileBytes = 1024 * 1024;
 constexpr int olderFiles = 4;
-constexpr mode_t ownerOnly = S_IRUSR | S_IWUSR;
 
 } // namespace
 
@@ -25,21 +22,10 @@ PrivateFileAppender::~PrivateFileAppender()
     destructorImpl();
 }
 
-bool PrivateFileAppender::prepare(const QString &path)
-{
-    const int file
-        = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_CLOEXEC, ownerOnly);
-    if (file < 0)
-        return false;
-    const bool isPrivate = ::fchmod(file, ownerOnly) == 0;
-    ::close(file);
-    return isPrivate;
-}
-
 void PrivateFileAppender::open(std::ios_base::openmode mode)
 {
     // Where the file cannot be made the stream fails next, and log4cplus reports it.
-    static_cast<void>(prepare(QString::fromStdString(filename)));
+    static_cast<void>(makePrivateFile(QString::fromStdString(filename)));
     RollingFileAppender::open(mode);
 }
 

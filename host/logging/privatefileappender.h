@@ -11,12 +11,9 @@ namespace logging {
 class PrivateFileAppender : public log4cplus::RollingFileAppender
 {
 public:
-    /// @param path of a file that `prepare` was given.
+    /// @param path of a file that `makePrivateFile` was given.
     explicit PrivateFileAppender(const QString &path);
     ~PrivateFileAppender() override;
-
-    /// Makes the file unless it is there, and takes it from everybody else; false when that fails.
-    [[nodiscard]] static bool prepare(const QString &path);
 
 protected:
     void open(std::ios_base::openmode mode) override;

@@ -1,6 +1,7 @@
 #include "host/net/exchange.h"
 
 #include "host/net/answercollector.h"
+#include "host/net/curlerror.h"
 #include "host/net/curlhandle.h"
 #include "host/net/exchangeprogress.h"
 #include "host/net/requestheaders.h"
@@ -21,15 +22,26 @@ public:
     explicit HeaderList(const QList<QByteArray> &lines)
     {
         for (const QByteArray &line : lines)
-            m_list = curl_slist_append(m_list, line.constData());
+            append(line);
     }
     ~HeaderList() { curl_slist_free_all(m_list); }
     Q_DISABLE_COPY_MOVE(HeaderList)
 
     [[nodiscard]] curl_slist *get() const { return m_list; }
+    /// Whether memory was enough for all of them.
+    [[nodiscard]] bool isComplete() const { return m_isComplete; }
 
 private:
+    void append(const QByteArray &line)
+    {
+        if (curl_slist *const longer = curl_slist_append(m_list, line.constData()))
+            m_list = longer;
+        else
+            m_isComplete = false;
+    }
+
     curl_slist *m_list = nullptr;
+    bool m_isComplete = true;
 };
 
 QByteArrayView received(const char *bytes, std::size_t count)
@@ -74,39 +86,9 @@ void setWatcher(CurlHandle &handle, Clock::time_point &begun)
     handle.set(CURLOPT_XFERINFODATA, &begun);
 }
 
-int errorOf(CURLcode result)
-{
-    switch (result) {
-    case CURLE_OK:
-        return RestClient::None;
-    case CURLE_COULDNT_CONNECT:
-        return RestClient::ConnectionRefused;
-    case CURLE_COULDNT_RESOLVE_HOST:
-    case CURLE_COULDNT_RESOLVE_PROXY:
-        return RestClient::NameNotResolved;
-    case CURLE_SSL_CONNECT_ERROR:
-    case CURLE_SSL_CERTPROBLEM:
-    case CURLE_PEER_FAILED_VERIFICATION:
-    case CURLE_SSL_CACERT_BADFILE:
-        return RestClient::TlsFailed;
-    case CURLE_OPERATION_TIMEDOUT:
-        return RestClient::TimedOut;
-    case CURLE_PARTIAL_FILE:
-    case CURLE_GOT_NOTHING:
-    case CURLE_SEND_ERROR:
-    case CURLE_RECV_ERROR:
-        return RestClient::AnswerCut;
-    // libcurl's word for a single line of a head that outgrows its own buffer.
-    case CURLE_OUT_OF_MEMORY:
-        return RestClient::AnswerTooLarge;
-    default:
-        return RestClient::ExchangeFailed;
-    }
-}
-
 ExchangeOutcome failure(int error, const QString &detail, const QByteArray &body = {})
 {
-    return {error, body, detail};
+    return {error, body, detail, {}};
 }
 
 ExchangeOutcome answered(int status, const AnswerCollector &answer)
@@ -118,7 +100,7 @@ ExchangeOutcome answered(int status, const AnswerCollector &answer)
     const QString detail = u"status %1, %2 bytes"_s.arg(status).arg(answer.body().size());
     if (status >= firstFailure)
         return failure(status, detail, answer.body());
-    return {RestClient::None, answer.body(), detail};
+    return {RestClient::None, answer.body(), detail, {}};
 }
 
 ExchangeOutcome outcome(const CurlHandle &handle, CURLcode result, const AnswerCollector &answer)
@@ -132,7 +114,7 @@ ExchangeOutcome outcome(const CurlHandle &handle, CURLcode result, const AnswerC
     const QString detail = QString::fromUtf8(handle.errorText(result));
     // A proxy that refuses to connect looks to libcurl like a broken connection.
     const int proxyStatus = static_cast<int>(handle.number(CURLINFO_HTTP_CONNECTCODE));
-    return failure(proxyStatus >= firstFailure ? proxyStatus : errorOf(result), detail);
+    return failure(proxyStatus >= firstFailure ? proxyStatus : restClientErrorOf(result), detail);
 }
 
 } // namespace
@@ -157,9 +139,14 @@ ExchangeOutcome exchange(const ExchangeRequest &request, const ExchangeSettings 
     handle.set(CURLOPT_WRITEDATA, &answer);
     Clock::time_point begun = Clock::now();
     setWatcher(handle, begun);
-    const CURLcode ready = handle.setUpResult();
-    const CURLcode result = ready == CURLE_OK ? curl_easy_perform(handle.get()) : ready;
+    // A request without one of its headers would be another request.
+    const CURLcode ready = headers.isComplete() ? handle.setUpResult() : CURLE_OUT_OF_MEMORY;
+    if (ready != CURLE_OK)
+        return failure(RestClient::ExchangeFailed, QString::fromUtf8(curl_easy_strerror(ready)));
+    const CURLcode result = curl_easy_perform(handle.get());
     if (result != CURLE_OK)
         handle.forgetShared();
-    return outcome(handle, result, answer);
+    ExchangeOutcome done = outcome(handle, result, answer);
+    done.date = answer.date();
+    return done;
 }

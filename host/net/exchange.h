@@ -3,6 +3,7 @@
 #include "host/net/exchangesettings.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QHash>
 #include <QString>
 #include <QUrl>
@@ -24,6 +25,7 @@ struct ExchangeOutcome
     int error = 0; ///< as `RestClient::errorCode`
     QByteArray body; ///< of an answer, whatever its status; of one too large what had come of it
     QString detail; ///< in English, for the log
+    QDateTime date; ///< UTC, of the answer's head; invalid where it has none
 };
 
 /// Does one POST on a connection of its own and blocks until it is done. The body is sent at most

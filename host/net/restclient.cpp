@@ -44,7 +44,7 @@ bool speaksAgainstServer(int error)
 ExchangeOutcome guardedExchange(const ExchangeRequest &request)
 {
     if (!isUsable(request.url))
-        return {RestClient::BadAddress, {}, u"not an address of http or https"_s};
+        return {RestClient::BadAddress, {}, u"not an address of http or https"_s, {}};
     const ExchangeSettings settings = configuredExchangeSettings();
     if (!settings.breaker.isOn())
         return exchange(request, settings);
@@ -52,7 +52,8 @@ ExchangeOutcome guardedExchange(const ExchangeRequest &request)
     Breakers &breakers = Breakers::instance();
     const QString server = serverOf(request.url);
     if (!breakers.admits(server))
-        return {RestClient::BreakerOpen, {}, u"not tried, the exchanges before it had failed"_s};
+        return {
+            RestClient::BreakerOpen, {}, u"not tried, the exchanges before it had failed"_s, {}};
     const ExchangeOutcome outcome = exchange(request, settings);
     if (speaksAgainstServer(outcome.error))
         breakers.noteFailure(
@@ -90,6 +91,7 @@ void RestClient::post(
     m_errorMessage = restClientMessage(outcome.error, url, limit);
     m_responseBody = m_errorCode == None ? outcome.body : QByteArray();
     m_failedBody = m_errorCode == None ? QByteArray() : outcome.body;
+    m_answerDate = outcome.date;
     log(url, body.size(), outcome.detail, timer.elapsed());
 }
 
@@ -124,4 +126,9 @@ QByteArray RestClient::responseBody() const
 QByteArray RestClient::failedBody() const
 {
     return m_failedBody;
+}
+
+QDateTime RestClient::answerDate() const
+{
+    return m_answerDate;
 }

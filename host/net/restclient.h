@@ -5,6 +5,7 @@
 #include "host/framework/tr.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QHash>
 #include <QString>
 #include <QUrl>
@@ -62,6 +63,9 @@ public:
     /// is cut. At most "RestClient:maxAnswerBytes" bytes; empty when there was no such answer. For
     /// people who look for the reason; nothing in it counts as the service's word.
     [[nodiscard]] virtual QByteArray failedBody() const;
+    /// The server's clock as its answer told it, UTC, whatever the answer's status; invalid where
+    /// it told none.
+    [[nodiscard]] virtual QDateTime answerDate() const;
 
 protected:
     int m_timeoutSeconds = 0;
@@ -70,6 +74,7 @@ protected:
     tr::Tr m_errorMessage;
     QByteArray m_responseBody;
     QByteArray m_failedBody;
+    QDateTime m_answerDate;
 
 private:
     void log(const QUrl &url, qsizetype sent, const QString &detail, qint64 milliseconds) const;

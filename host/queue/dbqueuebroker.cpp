@@ -7,7 +7,7 @@
 #include "host/queue/delivery.h"
 #include "host/queue/fileoutbox.h"
 #include "host/queue/messagerow.h"
-#include "host/queue/server/serveraddress.h"
+#include "host/queue/queuesite.h"
 #include "host/queue/server/serveroutbox.h"
 #include "host/storage/statefolder.h"
 #include "host/storage/storageerror.h"
@@ -23,13 +23,6 @@ template class Singleton<DBQueueBroker>;
 
 namespace {
 
-const QString databaseSetting = u"Queue:database"_s;
-
-QString usualFile()
-{
-    return Singleton<StateFolder>::instance()->queue() + u"/queue.sqlite"_s;
-}
-
 qint64 ballastBytes()
 {
     constexpr int usualKilobytes = 1024;
@@ -39,13 +32,11 @@ qint64 ballastBytes()
 
 std::unique_ptr<Outbox> configuredOutbox()
 {
-    const auto *const config = Singleton<Config>::instance();
-    const QString database = config->getString(databaseSetting, {});
-    if (!ServerAddress::isMeantBy(database))
-        return std::make_unique<FileOutbox>(
-            config->getPath(databaseSetting, usualFile()), ballastBytes());
-    return std::make_unique<ServerOutbox>(
-        database, std::make_unique<FileOutbox>(usualFile(), ballastBytes()));
+    const QueueSite site = QueueSite::configured(Singleton<StateFolder>::instance()->queue());
+    auto local = std::make_unique<FileOutbox>(site.localFile, ballastBytes());
+    if (site.address.isEmpty())
+        return local;
+    return std::make_unique<ServerOutbox>(site.address, std::move(local));
 }
 
 QHash<QString, QString> headersFrom(const QVariantMap &values)

@@ -4,6 +4,7 @@
 #include "host/queue/server/serverconnection.h"
 #include "host/queue/server/statementwatch.h"
 
+#include <QScopeGuard>
 #include <QSqlError>
 #include <QUuid>
 
@@ -149,10 +150,13 @@ int QueueDatabase::change(const QString &statement, const QVariantList &values)
         found = m_changes.emplace(statement, std::move(query)).first;
     }
     QSqlQuery &query = found->second;
+    // One that failed in the middle may keep values that the next call does not replace.
+    auto forget = qScopeGuard([this, found] { m_changes.erase(found); });
     for (int place = 0; place < values.size(); ++place)
         query.bindValue(place, values.at(place));
     if (!query.exec())
         failUsing(query.lastError());
+    forget.dismiss();
     return query.numRowsAffected();
 }
 

@@ -58,6 +58,17 @@ EDocumentType readType(const JsonField &field)
     field.fail({u"jsonDocumentType"_s, u"код вида документа"_s});
 }
 
+/// No cheque has so many positions; that far numbers can be given without an end.
+constexpr int greatestNextPosnum = 1'000'000'000;
+
+int readNextPosnum(const JsonField &field)
+{
+    const int posnum = field.integer();
+    if (posnum < 1 || posnum > greatestNextPosnum)
+        field.fail({u"jsonNextPosition"_s, u"номер следующей позиции от 1"_s});
+    return posnum;
+}
+
 void readHead(const JsonField &field, AbstractDocument &document)
 {
     document.setState(readState(field.at(u"state"_s)));
@@ -66,7 +77,7 @@ void readHead(const JsonField &field, AbstractDocument &document)
     document.setOpened(field.at(u"opened"_s).time());
     document.setClosed(field.at(u"closed"_s).time());
     document.setReferencedNumber(field.at(u"refersTo"_s).text());
-    document.setNextPosnum(field.at(u"nextPosnum"_s).integer());
+    document.setNextPosnum(readNextPosnum(field.at(u"nextPosnum"_s)));
     document.setChequeText(field.at(u"chequeText"_s).text());
     if (const auto begun = field.find(u"registrationBegun"_s))
         document.setRegistrationBegun(begun->flag());

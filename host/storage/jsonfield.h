@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/export.h"
 #include "host/framework/tr.h"
 
 #include <QDateTime>
@@ -15,7 +16,7 @@
 ///
 /// Strict: what is missing or of another kind is a `StorageError` whose text is the place as a JSON
 /// pointer and what was expected there.
-class JsonField
+class POSHOST_EXPORT JsonField
 {
 public:
     /// The whole of a file.

@@ -3,6 +3,7 @@
 #include "host/config/config.h"
 #include "host/storage/posixfile.h"
 #include "host/storage/statefolder.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 #include <QDir>

@@ -1,5 +1,6 @@
 #include "host/text/simpleformatter.h"
 
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 #include <QVariant>

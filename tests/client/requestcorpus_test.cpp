@@ -1,5 +1,6 @@
 // Cheques by chance, composed by the client and the obvious way: the same trees.
 
+#include "host/framework/session.h"
 #include "tests/client/clientfixture.h"
 #include "tests/client/literalcomposer.h"
 #include "tests/client/randomcheque.h"

@@ -62,7 +62,7 @@ TEST_F(CommandLineTest, HelpsAndTellsItsVersion)
              "--tls-cert", "--tls-key", "--fault"})
         EXPECT_THAT(help.output.toStdString(), HasSubstr(option));
     EXPECT_THAT(runService({u"--version"_s}).output.toStdString(),
-        testing::MatchesRegex("[0-9]+\\.[0-9]+\\.[0-9]+\n"));
+        testing::MatchesRegex("korvel-service [0-9]+\\.[0-9]+\\.[0-9]+[+.a-z0-9]*\n"));
 }
 
 TEST_F(CommandLineTest, TakesItsDataFromAFile)

@@ -3,6 +3,7 @@
 #include "tests/emulator/support/serviceprocess.h"
 #include "tests/emulator/support/xmltree.h"
 
+#include <QDateTime>
 #include <QUrl>
 
 #include <gmock/gmock.h>
@@ -185,6 +186,15 @@ TEST_F(LimitsTest, AClientThatNamesNoHostGetsTheDescriptionAsItIs)
 {
     EXPECT_THAT(whenSentRaw("GET /?wsdl HTTP/1.0\r\n\r\n").toStdString(),
         HasSubstr("location=\"http://127.0.0.1:8080/\""));
+}
+
+TEST_F(LimitsTest, EveryAnswerTellsTheTime)
+{
+    const QString answer = QString::fromUtf8(whenSentRaw("GET /?wsdl HTTP/1.0\r\n\r\n"));
+    const QString told = answer.section(u"\r\nDate: "_s, 1).section(u"\r\n"_s, 0, 0);
+    const QDateTime time = QDateTime::fromString(told, Qt::RFC2822Date);
+    EXPECT_THAT(told.toStdString(), testing::EndsWith(" GMT"));
+    EXPECT_LT(qAbs(time.secsTo(QDateTime::currentDateTimeUtc())), 60) << told.toStdString();
 }
 
 TEST_F(LimitsTest, HalfARequestIsNotAnswered)

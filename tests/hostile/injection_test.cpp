@@ -17,6 +17,7 @@
 #include "till/queue/output.h"
 #include "till/script/scriptrunner.h"
 #include "till/transcript/transcriptfile.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 #include <QDir>

@@ -1,3 +1,4 @@
+#include "host/framework/session.h"
 #include "plugin/markdown.h"
 #include "tests/plugin/pluginfixture.h"
 

@@ -1,3 +1,4 @@
+#include "host/framework/session.h"
 #include "tests/plugin/pluginfixture.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,6 +1,7 @@
 #include "tests/plugin/story.h"
 
 #include "common/names.h"
+#include "host/framework/session.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -76,6 +76,34 @@ void Course::open()
         QStringList{state, state + u"/closed"_s, state + u"/queue"_s});
 }
 
+Outcome Course::run(const Trouble &trouble, const std::vector<Json> &undisturbed)
+{
+    m_trouble = &trouble;
+    open();
+    trouble.begins();
+    for (std::size_t place = 0; place < m_scenario.commands.size(); ++place)
+        feedInTrouble(place, undisturbed);
+    return finish();
+}
+
+void Course::feedInTrouble(std::size_t place, const std::vector<Json> &undisturbed)
+{
+    const Trouble *const before = m_trouble;
+    feed(place);
+    if (m_trouble != before)
+        goOn({place, Manner::After, 0, true}, undisturbed.at(place));
+}
+
+// The cashier starts it again; that one is in no trouble.
+bool Course::hasEndedByTrouble()
+{
+    if (!m_trouble || !m_trouble->mayEndSo(m_till->end(false)))
+        return false;
+    m_trouble = nullptr;
+    startTillAgain();
+    return true;
+}
+
 void Course::feed(std::size_t place)
 {
     m_watch->takeCount();
@@ -167,7 +195,8 @@ void Course::note(std::size_t place, const Json &object)
 
 void Course::startTill()
 {
-    m_till = std::make_unique<TillProcess>(m_premises);
+    m_till = m_trouble ? std::make_unique<TillProcess>(m_premises, m_trouble->environment)
+                       : std::make_unique<TillProcess>(m_premises);
 }
 
 // The clock was the ended till's alone.
@@ -210,6 +239,8 @@ std::optional<Json> Course::tell(const QString &command)
     if (const auto object = m_till->tell(command))
         return object;
     m_till->awaitEnd();
+    if (hasEndedByTrouble())
+        return std::nullopt;
     noteEnd(false);
     const QString complaint = m_till->complaint();
     const TillEnd end = m_outcome.books.ends.back();

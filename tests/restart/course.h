@@ -9,6 +9,7 @@
 #include "tests/restart/tillprocess.h"
 #include "tests/restart/writewatch.h"
 
+#include <QProcessEnvironment>
 #include <QStringList>
 
 #include <functional>
@@ -30,6 +31,15 @@ struct Outcome
     QStringList skipped;
 };
 
+/// A till in whose process something fails, which may end it.
+struct Trouble
+{
+    /// What that till is started with; those after it are in no trouble.
+    QProcessEnvironment environment;
+    std::function<void()> begins; ///< called when it has started, before the first command
+    std::function<bool(const TillEnd &)> mayEndSo; ///< whether the trouble may end it in that way
+};
+
 /// One scenario from its first command to the end of the day, on premises of its own: a till is
 /// killed where that is wanted and started again, what is due is given again, and in the end the
 /// open document is closed and the queue delivered.
@@ -46,7 +56,13 @@ public:
     /// @param undisturbed the objects of the same scenario without a kill.
     /// @throws std::runtime_error also when the moment of the kill never came.
     Outcome run(const Kill &kill, const std::vector<Json> &undisturbed);
+    /// Goes through it with a till in trouble. Once.
+    /// @param undisturbed the objects of the same scenario without any.
+    /// @throws std::runtime_error also when a till ends as it may not.
+    Outcome run(const Trouble &trouble, const std::vector<Json> &undisturbed);
 
+    /// The state folder of its tills.
+    [[nodiscard]] QString stateFolder() const { return m_premises.state(); }
     /// Leaves the folder where it is, for a look at it; its path.
     QString keepFolder() { return m_premises.keep(); }
 
@@ -59,6 +75,8 @@ private:
     [[nodiscard]] std::function<void()> killer() const;
     void goOn(const Kill &kill, const Json &undisturbed);
     void note(std::size_t place, const Json &object);
+    void feedInTrouble(std::size_t place, const std::vector<Json> &undisturbed);
+    bool hasEndedByTrouble();
 
     void startTill();
     void startTillAgain();
@@ -78,6 +96,7 @@ private:
     Premises m_premises;
     Service m_service;
     Relay m_relay;
+    const Trouble *m_trouble = nullptr; ///< of the running till; null when there is none
     std::unique_ptr<TillProcess> m_till;
     std::unique_ptr<WriteWatch> m_watch;
     Outcome m_outcome;

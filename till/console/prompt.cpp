@@ -9,10 +9,21 @@ using namespace Qt::StringLiterals;
 
 namespace till {
 
-void runPrompt(LineEditor &editor, Interpreter &interpreter, std::ostream &errors)
+namespace {
+
+tr::Tr promptOf(const Till &till)
+{
+    return till.isLoyaltyOff()
+        ? tr::Tr(u"consolePromptWithoutLoyalty"_s, u"касса без лояльности> "_s)
+        : tr::Tr(u"consolePrompt"_s, u"касса> "_s);
+}
+
+} // namespace
+
+void runPrompt(LineEditor &editor, const Till &till, Interpreter &interpreter, std::ostream &errors)
 {
     int number = 0;
-    while (const auto line = editor.read(tr::Tr(u"consolePrompt"_s, u"касса> "_s).ui())) {
+    while (const auto line = editor.read(promptOf(till).ui())) {
         editor.remember(*line);
         try {
             if (const auto failure = interpreter.execute(++number, *line))

@@ -2,7 +2,6 @@
 
 #include "host/documents/discountlogic.h"
 #include "host/documents/money.h"
-#include "till/core/amounttext.h"
 #include "till/core/pluginguard.h"
 #include "till/core/till.h"
 #include "till/core/triggers.h"
@@ -22,9 +21,9 @@ tr::Tr tooManyPoints(double amount, double available, double sum)
 {
     return tr::Tr(
         u"tillTooManyPoints"_s, u"Нельзя оплатить баллами %1: доступно баллов %2, сумма чека %3"_s)
-        .arg(amountText(amount))
-        .arg(amountText(available))
-        .arg(amountText(sum));
+        .argAmount(amount)
+        .argAmount(available)
+        .argAmount(sum);
 }
 
 } // namespace
@@ -35,17 +34,17 @@ Outcome Till::calculate()
         {u"cannotCalculateReturn"_s, u"возврат не рассчитывается в системе лояльности"_s});
     requireChangeable();
     Outcome outcome;
-    if (!runTriggersBefore(m_system, control::Action(control::EActionType::Total), outcome))
+    if (!runTriggersBefore(*m_system, control::Action(control::EActionType::Total), outcome))
         return outcome;
 
-    m_system.clearDiscountImpacts();
-    m_system.clearBonusImpactsForSpend();
-    m_system.clearBonusRecords();
+    m_system->clearDiscountImpacts();
+    m_system->clearBonusImpactsForSpend();
+    m_system->clearBonusRecords();
     const auto discounts = MockFactory<DiscountLogic>::create();
     discounts->process(sale, EDiscountProcessing::RemoveLoyalty);
     dropPayments();
     announce(
-        outcome, [&] { request(outcome, u"request"_s, [&] { return m_system.request(sale); }); });
+        outcome, [&] { request(outcome, u"request"_s, [&] { return m_system->request(sale); }); });
     discounts->applyDiscounts(sale, sale->getEffects().discountImpacts);
     keep();
     return outcome;
@@ -58,9 +57,11 @@ double Till::sumWithoutPoints() const
 
 std::optional<tr::Tr> Till::whyNoPoints(std::optional<double> amount, Outcome &outcome)
 {
+    if (isLoyaltyOff())
+        return loyaltyIsOff();
     double available = 0.0;
     guarded(outcome, u"getPointsForSpend"_s,
-        [&] { available = m_system.getPointsForSpend(document()); });
+        [&] { available = m_system->getPointsForSpend(document()); });
     if (!money::counts(available))
         return notOffered();
     const double sum = sumWithoutPoints();
@@ -79,18 +80,19 @@ Outcome Till::payWithPoints(std::optional<double> amount)
         outcome.notices.append(*reason);
         return outcome;
     }
-    if (!runTriggersBefore(m_system, control::Action(control::EActionType::PayWithPoints), outcome))
+    if (!runTriggersBefore(
+            *m_system, control::Action(control::EActionType::PayWithPoints), outcome))
         return outcome;
 
-    m_system.clearBonusImpactsForSpend();
+    m_system->clearBonusImpactsForSpend();
     const auto discounts = MockFactory<DiscountLogic>::create();
     // A payment that replaces another is asked for on the sum that is to be paid without it.
     discounts->applyPoints(sale, {});
     dropPayments();
     guarded(outcome, u"setPointsForSpend"_s,
-        [&] { m_system.setPointsForSpend(sale, amount.value_or(0.0)); });
+        [&] { m_system->setPointsForSpend(sale, amount.value_or(0.0)); });
     announce(outcome,
-        [&] { request(outcome, u"spendPoints"_s, [this] { return m_system.spendPoints(); }); });
+        [&] { request(outcome, u"spendPoints"_s, [this] { return m_system->spendPoints(); }); });
     discounts->applyPoints(sale, sale->getEffects().bonusImpacts);
     keep();
     return outcome;

@@ -2,7 +2,6 @@
 
 #include "host/queue/dbqueuebroker.h"
 #include "host/storage/journal.h"
-#include "till/core/amounttext.h"
 #include "till/core/registration.h"
 #include "till/core/shift.h"
 #include "till/core/till.h"
@@ -17,13 +16,13 @@ QList<tr::Tr> describe(const ShiftSums &sums)
 {
     return {tr::Tr(u"tillShiftSales"_s, u"Продажи: %1, сумма %2"_s)
                 .arg(QString::number(sums.sales))
-                .arg(amountText(sums.sold)),
+                .argAmount(sums.sold),
         tr::Tr(u"tillShiftReturns"_s, u"Возвраты: %1, сумма %2"_s)
             .arg(QString::number(sums.returns))
-            .arg(amountText(sums.returned)),
+            .argAmount(sums.returned),
         tr::Tr(u"tillShiftPoints"_s, u"Баллы: начислено %1, списано %2"_s)
-            .arg(amountText(sums.pointsEarned))
-            .arg(amountText(sums.pointsSpent))};
+            .argAmount(sums.pointsEarned)
+            .argAmount(sums.pointsSpent)};
 }
 
 } // namespace

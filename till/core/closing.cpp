@@ -93,11 +93,11 @@ void Till::commitReturn(Outcome &outcome)
 {
     const auto open = document();
     const bool wasBegun = open->isRegistrationBegun();
-    if (open->getCardRecord(m_system.getCardMode())) {
+    if (open->getCardRecord(m_system->getCardMode())) {
         open->setRegistrationBegun(true);
         keep();
     }
-    request(outcome, u"commit"_s, [&] { return m_system.commit(open); });
+    request(outcome, u"commit"_s, [&] { return m_system->commit(open); });
     open->setRegistrationBegun(wasBegun && outcome.refusal && isQueued(*open));
 }
 
@@ -108,18 +108,18 @@ void Till::registerSale(Outcome &outcome)
     const QString doubtful = takeDoubtfulBooking();
     // The records of a registered cheque are its answer when it is asked again.
     if (!isRegistered()) {
-        m_system.clearBonusRecords();
+        m_system->clearBonusRecords();
         document()->setRegistrationBegun(true);
         keep();
     }
     // Its false is an answer: the cheque earns nothing.
     announce(outcome, [&] {
         guarded(
-            outcome, u"hasPointsForEarn"_s, [&] { outcome.result = m_system.hasPointsForEarn(); });
+            outcome, u"hasPointsForEarn"_s, [&] { outcome.result = m_system->hasPointsForEarn(); });
     });
     document()->setRegistrationBegun(false);
     if (outcome.refusal && !doubtful.isEmpty())
-        document()->getCardRecord(m_system.getCardMode())->setOperationId(doubtful);
+        document()->getCardRecord(m_system->getCardMode())->setOperationId(doubtful);
     else if (isRegistered())
         document()->setBookingUnknown(false);
 }
@@ -130,7 +130,7 @@ QString Till::takeDoubtfulBooking() const
 {
     if (!isRegistered() || !document()->isBookingUnknown())
         return {};
-    const auto card = document()->getCardRecord(m_system.getCardMode());
+    const auto card = document()->getCardRecord(m_system->getCardMode());
     const QString doubtful = card->getOperationId();
     card->setOperationId({});
     return doubtful;
@@ -141,10 +141,10 @@ void Till::putOut(Outcome &outcome)
     const auto closed = document();
     closed->setState(EDocumentState::Closed);
     closed->setClosed(MockFactory<CurrentTime>::create()->currentDateTime());
-    guarded(outcome, u"beforePutoutCheck"_s, [this] { m_system.beforePutoutCheck(); });
+    guarded(outcome, u"beforePutoutCheck"_s, [this] { m_system->beforePutoutCheck(); });
     printReceipt(outcome);
     notify(outcome, Event(EActivityListener::ChequeClosed));
-    guarded(outcome, u"afterPutoutCheck"_s, [this] { m_system.afterPutoutCheck(); });
+    guarded(outcome, u"afterPutoutCheck"_s, [this] { m_system->afterPutoutCheck(); });
     // Only now: a till that is killed before goes on with the open document and, offline, queues it
     // once more, which the service counts once. The other order could lose it.
     m_store.close(closed);
@@ -236,7 +236,7 @@ Outcome Till::cancel()
     if (!settleBegunRegistration(outcome))
         return outcome;
     noteThatRollbackBegins();
-    request(outcome, u"rollback"_s, [&] { return m_system.rollback(cancelled); });
+    request(outcome, u"rollback"_s, [&] { return m_system->rollback(cancelled); });
     if (!outcome.result.toBool()) {
         keep();
         return outcome;

@@ -33,6 +33,11 @@ Outcome Till::addCoupon(const QString &number, const QString &rawData)
 
 void Till::insertCoupon(const QString &number, const QString &rawData, Outcome &outcome)
 {
+    // The customer keeps a coupon that does nothing here.
+    if (isLoyaltyOff()) {
+        outcome.refusal = Refusal{loyaltyIsOff(), true};
+        return;
+    }
     const control::Action action(
         control::EActionType::AddCoupon, {{u"couponNumber"_s, number}, {u"rawdata"_s, rawData}});
     runAction(action, outcome, [&] {

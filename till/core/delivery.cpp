@@ -4,6 +4,7 @@
 #include "host/queue/dbqueuebroker.h"
 #include "host/storage/storageerror.h"
 #include "till/core/till.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 using namespace Qt::StringLiterals;

@@ -2,6 +2,7 @@
 
 #include "host/framework/currenttime.h"
 #include "host/net/restclient.h"
+#include "till/core/exchangejournal.h"
 
 #include <QElapsedTimer>
 
@@ -29,6 +30,7 @@ public:
         m_exchanges.m_lastSucceeded = errorCode() == None;
         m_exchanges.m_log.add({begun, std::chrono::milliseconds(timer.elapsed()), body,
             errorCode() == None ? responseBody() : failedBody(), errorCode(), errorMessage()});
+        journalExchange(m_exchanges.m_log.records().constLast());
     }
 
 private:

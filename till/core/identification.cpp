@@ -40,7 +40,7 @@ void Till::attachCard(const QString &number, ECardNumberType type, Outcome &outc
 {
     outcome.presentedCard = number;
     const auto group = QSharedPointer<CardGroup>::create();
-    group->setCardMode(m_system.getCardMode());
+    group->setCardMode(m_system->getCardMode());
     const auto card = QSharedPointer<Card>::create();
     card->setNumber(number);
     card->setCardGroup(group);
@@ -48,7 +48,7 @@ void Till::attachCard(const QString &number, ECardNumberType type, Outcome &outc
 
     // What the plug-in saves meanwhile lacks the card; who presents it keeps both together.
     const OpenDocumentHold hold;
-    request(outcome, u"identifyByCard"_s, [&] { return m_system.identifyByCard(record, type); });
+    request(outcome, u"identifyByCard"_s, [&] { return m_system->identifyByCard(record, type); });
     if (!outcome.result.toBool() || !record)
         return;
     document()->addCardRecord(record);

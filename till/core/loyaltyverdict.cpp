@@ -2,6 +2,7 @@
 
 #include "host/config/config.h"
 #include "host/net/restclient.h"
+#include "till/wire/readablemarkup.h"
 
 #include <QStringList>
 #include <QXmlStreamReader>
@@ -50,7 +51,7 @@ Verdict judgeLoyaltyAnswer(int errorCode, const QByteArray &body, const QList<in
 {
     if (errorCode != RestClient::None)
         return {};
-    const auto code = returnCode(body);
+    const auto code = isReadableMarkup(body) ? returnCode(body) : std::nullopt;
     if (!code)
         return {Verdict::Outcome::TryAgain,
             u"the answer is not the service's: no ReturnCode in its XML"_s, 0};

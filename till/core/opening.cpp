@@ -21,6 +21,12 @@ QSharedPointer<DocumentCardRecord> ownCopy(const DocumentCardRecord &cardOfSale)
     return copy;
 }
 
+tr::Tr pointsOfSaleStay()
+{
+    return {u"tillReturnWithoutLoyalty"_s,
+        u"Лояльность на этой кассе выключена: баллы покупателя после возврата не изменятся"_s};
+}
+
 } // namespace
 
 void Till::requireEmptyDesk() const
@@ -84,10 +90,13 @@ Outcome Till::openReturnOf(const QString &number)
     for (const auto &position : goods)
         made->addPosition(position);
     made->setNextPosnum(sale->getNextPosnum());
-    if (const auto card = sale->getCardRecord(m_system.getCardMode()))
+    Outcome outcome;
+    if (isLoyaltyOff() && isPartOfLoyalty(*sale))
+        outcome.notices.append(pointsOfSaleStay());
+    else if (const auto card = sale->getCardRecord(m_system->getCardMode()))
         made->addCardRecord(ownCopy(*card));
     open(made);
-    return {};
+    return outcome;
 }
 
 } // namespace till

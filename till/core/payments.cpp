@@ -1,7 +1,6 @@
 // Money changes hands.
 
 #include "host/documents/money.h"
-#include "till/core/amounttext.h"
 #include "till/core/cannotdo.h"
 #include "till/core/till.h"
 
@@ -55,7 +54,7 @@ Outcome Till::pay(PaymentKind kind, std::optional<double> amount)
     // Only cash is handed back as change.
     if (kind == PaymentKind::Card && amount && money::counts(*amount - rest()))
         throw CannotDo(tr::Tr(u"cannotPayOverByCard"_s, u"картой можно оплатить не больше %1"_s)
-                           .arg(amountText(rest())),
+                           .argAmount(rest()),
             {u"cannotPayOverByCardRemedy"_s, u"оплатите картой только остаток"_s});
     auto payments = open->getPayments();
     payments.append(Payment{nameOf(kind), amount.value_or(rest())});
@@ -76,7 +75,7 @@ void Till::requireRightlyPaid() const
     if (money::counts(paid()) && money::counts(rest()))
         throw CannotDo(
             tr::Tr(u"cannotClosePartlyPaid"_s, u"чек оплачен не полностью, осталось %1"_s)
-                .arg(amountText(rest())),
+                .argAmount(rest()),
             {u"cannotClosePartlyPaidRemedy"_s, u"доплатите наличными или картой"_s});
 }
 

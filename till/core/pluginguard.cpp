@@ -2,7 +2,10 @@
 
 #include "host/framework/basicexception.h"
 #include "host/storage/journal.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
+
+#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +47,10 @@ bool guarded(Outcome &outcome, const QString &operation, const std::function<voi
     try {
         call();
         return true;
+    } catch (const std::bad_alloc &) {
+        // What a plug-in without memory has left undone, a cheque's registration among it, would be
+        // lost if the sale went on. The next till goes on where the documents on disk stand.
+        throw;
     } catch (...) {
         const Refusal refusal = currentException();
         record(operation, refusal);

@@ -12,6 +12,7 @@ namespace till {
 /// to the journal and becomes the outcome's refusal unless there is one already.
 /// @param operation the call's name, for log and journal.
 /// @return whether the call returned.
+/// @throws std::bad_alloc as it comes: without memory the program ends, and the next one goes on.
 bool guarded(Outcome &outcome, const QString &operation, const std::function<void()> &call);
 
 } // namespace till

@@ -1,7 +1,5 @@
 #include "till/core/registration.h"
 
-#include "till/core/amounttext.h"
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -90,10 +88,10 @@ tr::Tr describe(const Unconfirmed &unconfirmed)
             u"Не подтверждена продажа %1 от %2: сумма %3, баллы: начислено %4, списано %5, "
             u"сообщение: %6, ошибка: %7"_s);
     return line.arg(document.getNumber())
-        .arg(document.getClosed().toString(u"dd.MM.yyyy HH:mm"))
-        .arg(amountText(document.getSumAfterDiscounts()))
-        .arg(amountText(document.getEffects().pointsEarned))
-        .arg(amountText(document.getPointsPaid()))
+        .argMoment(document.getClosed())
+        .argAmount(document.getSumAfterDiscounts())
+        .argAmount(document.getEffects().pointsEarned)
+        .argAmount(document.getPointsPaid())
         .arg(stateText(message))
         .arg(errorText(message));
 }

@@ -64,7 +64,7 @@ Outcome Till::scan(const QString &data)
     const control::Action action(control::EActionType::Input, {{u"rawdata"_s, data}});
     ModifiersContainer &modifiers = document()->getModifiers();
     modifiers.set(modifiers::Type::RepeatedScan, true);
-    const bool goesOn = runTriggersBefore(m_system, action, outcome);
+    const bool goesOn = runTriggersBefore(*m_system, action, outcome);
     // Used up here: the actions that follow are no repeated scan.
     modifiers.clear(modifiers::Type::RepeatedScan);
     if (goesOn)
@@ -86,7 +86,7 @@ void Till::carryOutScan(const control::Action &action, const QString &data, Outc
         requireScanAllowed(data);
         addScanned(data, outcome);
     }
-    runTriggersAfter(m_system, action, outcome);
+    runTriggersAfter(*m_system, action, outcome);
 }
 
 QSharedPointer<GoodsItem> Till::lastAddedPosition() const

@@ -13,7 +13,7 @@ namespace till {
 
 Till::Till(BasicLoyaltySystem &system, const Catalogue &catalogue, DocumentStore &store,
     const Exchanges &exchanges)
-    : m_system(system)
+    : m_system(&system)
     , m_catalogue(catalogue)
     , m_store(store)
     , m_exchanges(exchanges)
@@ -21,22 +21,24 @@ Till::Till(BasicLoyaltySystem &system, const Catalogue &catalogue, DocumentStore
 
 QList<tr::Tr> Till::start()
 {
+    Outcome outcome;
     if (const auto left = m_store.loadOpen()) {
         restore(left);
+        turnToSwitchedOff(outcome);
     } else {
-        Outcome nobodyWaits;
-        notify(nobodyWaits, Event(EActivityListener::DocumentEntered));
+        turnToSwitchedOff(outcome);
+        notify(outcome, Event(EActivityListener::DocumentEntered));
     }
-    return openQueue();
+    return outcome.notices + openQueue();
 }
 
 // Without event 22: it would end the loyalty state that is being restored.
 void Till::restore(const QSharedPointer<AbstractDocument> &document)
 {
     Singleton<Session>::instance()->setCurrentDocument(document);
-    m_system.setEffects(document->getEffects());
+    m_system->setEffects(document->getEffects());
     Outcome nobodyWaits;
-    guarded(nobodyWaits, u"restoreLoyaltySystem"_s, [this] { m_system.restoreLoyaltySystem(); });
+    guarded(nobodyWaits, u"restoreLoyaltySystem"_s, [this] { m_system->restoreLoyaltySystem(); });
 }
 
 QSharedPointer<AbstractDocument> Till::document() const
@@ -49,6 +51,7 @@ void Till::leave(Outcome &outcome)
     outcome.left = document();
     Singleton<Session>::instance()->setCurrentDocument({});
     notify(outcome, Event(EActivityListener::DocumentEntered));
+    turnToSwitchedOff(outcome);
 }
 
 void Till::keep()
@@ -87,7 +90,7 @@ QSharedPointer<GoodsItem> Till::openPosition(int posnum) const
 
 bool Till::isRegistered() const
 {
-    const auto card = document()->getCardRecord(m_system.getCardMode());
+    const auto card = document()->getCardRecord(m_system->getCardMode());
     return card && !card->getOperationId().isEmpty();
 }
 
@@ -123,7 +126,7 @@ void Till::request(Outcome &outcome, const QString &name, const std::function<bo
         return;
     outcome.result = answer;
     if (!answer && !outcome.refusal)
-        outcome.refusal = Refusal{m_system.getLastErrorString(), m_system.getLastErrorFlag()};
+        outcome.refusal = Refusal{m_system->getLastErrorString(), m_system->getLastErrorFlag()};
 }
 
 void Till::announce(Outcome &outcome, const std::function<void()> &call)
@@ -131,22 +134,25 @@ void Till::announce(Outcome &outcome, const std::function<void()> &call)
     // What the plug-in saves meanwhile lacks what it has granted: that is copied and applied behind
     // the call, and then all of it is kept.
     const OpenDocumentHold hold;
+    // Nobody is asked, so nobody need wait.
+    if (isLoyaltyOff())
+        return call();
     Event started(EActivityListener::LoyaltyRequestStarted);
     started.addArgument(
         u"message"_s, tr::Tr(u"processLoyaltyMessage"_s, u"Обращение к системе лояльности"_s));
     notify(outcome, started);
     call();
     notify(outcome, Event(EActivityListener::LoyaltyRequestFinished));
-    document()->setEffects(m_system.getEffects());
+    document()->setEffects(m_system->getEffects());
 }
 
 void Till::runAction(
     const control::Action &action, Outcome &outcome, const std::function<void()> &carryOut)
 {
-    if (!runTriggersBefore(m_system, action, outcome))
+    if (!runTriggersBefore(*m_system, action, outcome))
         return;
     carryOut();
-    runTriggersAfter(m_system, action, outcome);
+    runTriggersAfter(*m_system, action, outcome);
 }
 
 } // namespace till

@@ -8,6 +8,7 @@
 #include "host/storage/documentstore.h"
 #include "till/core/exchanges.h"
 #include "till/core/outcome.h"
+#include "till/core/withoutloyalty.h"
 
 #include <QSharedPointer>
 #include <QString>
@@ -49,8 +50,19 @@ public:
         const Exchanges &exchanges);
     Q_DISABLE_COPY_MOVE(Till)
 
+    /// Lets the till sell without the loyalty system: from its start on or, where a document with a
+    /// card was left open, from the end of that one on. To be called before `start`.
+    /// @param without what stands in the system's place; not owned, must outlive the till.
+    void switchLoyaltyOff(WithoutLoyalty &without);
+    /// Whether it sells without it now.
+    [[nodiscard]] bool isLoyaltyOff() const { return m_isLoyaltyOff; }
+    /// Whether the loyalty system has a part in the document, and must be there to finish it.
+    [[nodiscard]] static bool isPartOfLoyalty(const AbstractDocument &document);
+
     /// Takes up the document that was left open, or opens the empty desk; opens the outgoing queue.
-    /// @return what the cashier must hear of the queue: that it was damaged, or cannot be opened.
+    /// @return what the cashier must hear: that loyalty is off; of the queue, that it was damaged
+    /// or
+    ///         cannot be opened.
     QList<tr::Tr> start();
     /// The open document; null at an empty desk.
     [[nodiscard]] QSharedPointer<AbstractDocument> document() const;
@@ -101,6 +113,7 @@ private:
     void openSaleWhereNoneIs();
     void restore(const QSharedPointer<AbstractDocument> &document);
     void leave(Outcome &outcome);
+    void turnToSwitchedOff(Outcome &outcome);
     void keep();
 
     [[nodiscard]] QSharedPointer<AbstractDocument> openDocument() const;
@@ -152,7 +165,9 @@ private:
     void deliverAfterClose(Outcome &outcome);
     [[nodiscard]] static QList<tr::Tr> openQueue();
 
-    BasicLoyaltySystem &m_system;
+    BasicLoyaltySystem *m_system;
+    WithoutLoyalty *m_without = nullptr; ///< null: loyalty is on
+    bool m_isLoyaltyOff = false;
     const Catalogue &m_catalogue;
     DocumentStore &m_store;
     const Exchanges &m_exchanges;

@@ -1,12 +1,11 @@
 #include "till/queue/commandline.h"
 
-#include "till/core/cannotdo.h"
-#include "till/exitstatus.h"
 #include "till/queue/looking.h"
-#include "till/queue/output.h"
 #include "till/queue/sending.h"
 #include "till/queue/transfer.h"
 #include "till/queue/watch.h"
+#include "till/reporting.h"
+#include "till/usage.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,17 +26,12 @@ QStringList texts(const std::vector<std::string> &values)
     return list;
 }
 
-int tell(const QString &what, ExitStatus status)
-{
-    complain(what);
-    return static_cast<int>(status);
-}
-
 } // namespace
 
 QueueCommandLine::QueueCommandLine(CLI::App &commandLine)
     : m_queue(commandLine.add_subcommand("queue",
-        "looks after the outgoing queue, also while the till is running; loads no plug-in"))
+        spoken({u"commandLineQueue"_s,
+            u"следит за исходящей очередью, в том числе при работающей кассе; модуль не загружает"_s})))
 {
     m_queue->require_subcommand(1);
     addCommonOptions(m_queue);
@@ -58,82 +52,126 @@ CLI::App *QueueCommandLine::add(
 
 void QueueCommandLine::addCommonOptions(CLI::App *command)
 {
-    command->add_option("--config", m_config, "settings; without it till.ini, if there is one")
+    command
+        ->add_option("--config", m_config,
+            spoken({u"commandLineConfig"_s,
+                u"настройки; без него till.ini в этой папке или установленный"_s}))
         ->option_text("FILE");
-    command->add_option("--state", m_state, "the till's state folder; without it Till:state")
+    command
+        ->add_option("--state", m_state,
+            spoken({u"commandLineQueueState"_s, u"папка состояния кассы; без него Till:state"_s}))
         ->option_text("DIR");
-    command->add_flag("--json", m_json, "for programs: JSON instead of text");
+    command->add_flag(
+        "--json", m_json, spoken({u"commandLineJson"_s, u"для программ: JSON вместо текста"_s}));
 }
 
 void QueueCommandLine::addLooking()
 {
-    CLI::App *list = add("list", "what is not delivered, in the order of enqueueing",
+    CLI::App *list = add("list",
+        spoken({u"commandLineQueueList"_s, u"что не доставлено, в порядке постановки в очередь"_s}),
         [this](const QueueOptions &options) {
             return queuecommands::list(options, m_all, texts(m_states));
         });
-    list->add_flag("--all", m_all, "the delivered messages too");
+    list->add_flag(
+        "--all", m_all, spoken({u"commandLineQueueListAll"_s, u"доставленные сообщения тоже"_s}));
     list->add_option("--state-of", m_states,
-            "only messages of these states: pending, sending, delivered, refused, parked")
+            spoken({u"commandLineQueueListStates"_s,
+                u"только сообщения в этих состояниях: pending, sending, delivered, refused, parked"_s}))
         ->option_text("NAME...");
-    add("status", "figures; exit status 0: good, 1: warning, 2: alarm", queuecommands::status);
-    add("metrics", "the same figures as OpenMetrics text", queuecommands::metrics);
-    CLI::App *show = add("show", "one message with everything that is kept of it",
+    add("status",
+        spoken({u"commandLineQueueStatus"_s,
+            u"показатели; код завершения 0: порядок, 1: предупреждение, 2: тревога"_s}),
+        queuecommands::status);
+    add("metrics",
+        spoken({u"commandLineQueueMetrics"_s, u"те же показатели текстом OpenMetrics"_s}),
+        queuecommands::metrics);
+    CLI::App *show = add("show",
+        spoken({u"commandLineQueueShow"_s, u"одно сообщение со всем, что о нём хранится"_s}),
         [this](const QueueOptions &options) {
             return queuecommands::show(options, text(m_id), m_plain);
         });
-    show->add_option("id", m_id, "id of the message, or its beginning")
+    show->add_option(
+            "id", m_id, spoken({u"commandLineQueueId"_s, u"номер сообщения или его начало"_s}))
         ->option_text("ID")
         ->required();
-    show->add_flag("--plain", m_plain, "credentials and card numbers too");
+    show->add_flag("--plain", m_plain,
+        spoken({u"commandLineQueuePlain"_s, u"с логином, паролем и номерами карт"_s}));
 }
 
 void QueueCommandLine::addMending()
 {
-    CLI::App *retry = add("retry", "lets messages be sent as soon as possible",
+    CLI::App *retry = add("retry",
+        spoken({u"commandLineQueueRetry"_s,
+            u"разрешает отправить сообщения при первой возможности"_s}),
         [this](const QueueOptions &options) { return queuecommands::retry(options, meant()); });
-    CLI::App *setAside = add("set-aside", "parks messages until a person retries them",
+    CLI::App *setAside = add("set-aside",
+        spoken({u"commandLineQueueSetAside"_s,
+            u"откладывает сообщения, пока человек не вернёт их командой retry"_s}),
         [this](const QueueOptions &options) { return queuecommands::setAside(options, meant()); });
     for (CLI::App *command : {retry, setAside}) {
-        command->add_option("ids", m_ids, "ids of messages, or their beginnings")
+        command
+            ->add_option("ids", m_ids,
+                spoken({u"commandLineQueueIds"_s, u"номера сообщений или их начала"_s}))
             ->option_text("ID...");
-        command->add_flag("--all", m_all, "every message that can be changed so, instead of ids");
+        command->add_flag("--all", m_all,
+            spoken({u"commandLineQueueMeantAll"_s,
+                u"все сообщения, для которых это возможно, вместо номеров"_s}));
     }
     retry
         ->add_option("--state-of", m_states,
-            "every message of these states, instead of ids: pending, refused, parked")
+            spoken({u"commandLineQueueRetryStates"_s,
+                u"все сообщения в этих состояниях вместо номеров: pending, refused, parked"_s}))
         ->option_text("NAME...");
     setAside
         ->add_option("--state-of", m_states,
-            "every message of these states, instead of ids: pending, refused")
+            spoken({u"commandLineQueueSetAsideStates"_s,
+                u"все сообщения в этих состояниях вместо номеров: pending, refused"_s}))
         ->option_text("NAME...");
 }
 
 void QueueCommandLine::addSending()
 {
-    add("deliver", "sends everything that waits now; 0: all of it was delivered, 1: not all",
+    add("deliver",
+        spoken({u"commandLineQueueDeliver"_s,
+            u"отправляет сейчас всё, что ждёт; 0: доставлено всё, 1: не всё"_s}),
         queuecommands::deliver);
-    CLI::App *watch = add("watch", "sends what is due, all the time: the delivery service",
+    CLI::App *watch = add("watch",
+        spoken({u"commandLineQueueWatch"_s,
+            u"постоянно отправляет всё, чему пришёл срок: служба доставки"_s}),
         [this](const QueueOptions &options) { return queuecommands::watch(options, m_once); });
-    watch->add_flag("--once", m_once, "sends what is due now, and ends");
+    watch->add_flag("--once", m_once,
+        spoken({u"commandLineQueueWatchOnce"_s,
+            u"отправляет то, чему пришёл срок, и завершает работу"_s}));
 }
 
 void QueueCommandLine::addTransfer()
 {
-    add("reauthorise", "gives what is not delivered the user and password of the settings",
+    add("reauthorise",
+        spoken({u"commandLineQueueReauthorise"_s,
+            u"даёт недоставленному логин и пароль из настроек"_s}),
         queuecommands::reauthorise);
-    CLI::App *exporting
-        = add("export", "moves what is not delivered to a file, for another machine",
-            [this](const QueueOptions &options) {
-                return queuecommands::exportMessages(options, text(m_file));
-            });
-    exporting->add_option("file", m_file, "gets the messages, without credentials")
+    CLI::App *exporting = add("export",
+        spoken(
+            {u"commandLineQueueExport"_s, u"переносит недоставленное в файл, для другой машины"_s}),
+        [this](const QueueOptions &options) {
+            return queuecommands::exportMessages(options, text(m_file));
+        });
+    exporting
+        ->add_option("file", m_file,
+            spoken({u"commandLineQueueExportFile"_s,
+                u"сюда попадут сообщения, без логина и пароля"_s}))
         ->option_text("FILE")
         ->required();
-    CLI::App *importing
-        = add("import", "takes the messages of such a file", [this](const QueueOptions &options) {
-              return queuecommands::importMessages(options, text(m_file));
-          });
-    importing->add_option("file", m_file, "was written by export")->option_text("FILE")->required();
+    CLI::App *importing = add("import",
+        spoken({u"commandLineQueueImport"_s, u"принимает сообщения из такого файла"_s}),
+        [this](const QueueOptions &options) {
+            return queuecommands::importMessages(options, text(m_file));
+        });
+    importing
+        ->add_option(
+            "file", m_file, spoken({u"commandLineQueueImportFile"_s, u"записан командой export"_s}))
+        ->option_text("FILE")
+        ->required();
 }
 
 queuecommands::Meant QueueCommandLine::meant() const
@@ -143,15 +181,7 @@ queuecommands::Meant QueueCommandLine::meant() const
 
 int QueueCommandLine::execute() const
 {
-    try {
-        return m_command({text(m_config), text(m_state), m_json});
-    } catch (const CannotDo &error) {
-        return tell(error.text(), ExitStatus::CannotDo);
-    } catch (const SpokenError &error) {
-        return tell(error.tr().ui(), ExitStatus::Unusable);
-    } catch (const std::exception &error) {
-        return tell(QString::fromUtf8(error.what()), ExitStatus::Unusable);
-    }
+    return reportingErrors([this] { return m_command({text(m_config), text(m_state), m_json}); });
 }
 
 } // namespace till

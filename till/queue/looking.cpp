@@ -2,6 +2,7 @@
 
 #include "host/framework/currenttime.h"
 #include "host/text/plaintext.h"
+#include "till/configuration.h"
 #include "till/exitstatus.h"
 #include "till/queue/backlog.h"
 #include "till/queue/identification.h"
@@ -115,7 +116,7 @@ int metrics(const QueueOptions &options)
     if (options.json)
         print(statusObject(figures, now, backlog));
     else
-        print(metricsText(figures, now, backlog.level));
+        print(metricsText(figures, now, backlog.level, isLoyaltyWanted()));
     return static_cast<int>(ExitStatus::Success);
 }
 

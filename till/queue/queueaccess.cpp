@@ -43,8 +43,9 @@ DBQueueBroker &openQueue(const QueueOptions &options, const QString &logFolder)
     auto *folder = Singleton<StateFolder>::instance();
     folder->setPath(stateFolder(options.stateFolder));
     checkFolder(folder->path());
-    logging::setUp(folder->log() + u'/' + logFolder,
-        Singleton<Config>::instance()->getPath(u"Queue:logProperties"_s, {}));
+    const auto *config = Singleton<Config>::instance();
+    logging::setUp(folder->log() + u'/' + logFolder, config->getPath(u"Queue:logProperties"_s, {}));
+    config->logWarnings();
     privacy::warnOfLooseRights();
     auto *queue = Singleton<DBQueueBroker>::instance();
     judgeLoyaltyMessages(*queue);

@@ -5,6 +5,7 @@
 #include "till/queue/folderwatch.h"
 #include "till/queue/output.h"
 #include "till/queue/queueaccess.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 #include <QRandomGenerator>

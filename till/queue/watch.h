@@ -38,7 +38,8 @@ class FolderWatch;
 class Watch
 {
 public:
-    /// @param queue, stop               not owned; must outlive this.
+    /// @param queue                     not owned; must outlive this.
+    /// @param stop                      not owned; must outlive this.
     /// @param longestPauseBehindFailure behind passes that could not read or write the queue.
     Watch(DBQueueBroker &queue, const StopRequest &stop, bool json,
         std::chrono::milliseconds longestPauseBehindFailure = backoff::longestWait);

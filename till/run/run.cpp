@@ -127,7 +127,7 @@ ExitStatus execute(
     LineEditor lines(
         Singleton<StateFolder>::instance()->path() + u"/history", codesOf(workplace.catalogue()));
     editor = &lines;
-    runPrompt(lines, interpreter, std::cerr);
+    runPrompt(lines, workplace.till(), interpreter, std::cerr);
     return statusFor(hasOpenEnds);
 }
 

@@ -20,7 +20,8 @@ class Workplace
 {
 public:
     /// Reads the configuration, takes the state folder and loads the plug-in, in this order; the
-    /// till is then ready to be started.
+    /// till is then ready to be started. The plug-in is left alone where "Till:loyalty" is false
+    /// and no document with a card was left open.
     /// @param cashier who answers the plug-in's dialogs; not owned, must outlive this.
     /// @throws ConfigError, StorageError, CatalogueError or PluginError when one of them cannot be
     ///         used; `what()` is the one line to be told.
@@ -41,7 +42,8 @@ private:
     Recorder m_recorder;
     FrozenClock m_clock;
     RecordingServices m_services;
-    LoadedPlugin m_plugin;
+    std::unique_ptr<LoadedPlugin> m_plugin; ///< null: nothing needs it
+    WithoutLoyalty m_withoutLoyalty;
     Till m_till;
 };
 

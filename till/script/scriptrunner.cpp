@@ -25,6 +25,13 @@ QString decode(const std::string &line)
     return text;
 }
 
+QString unreadable()
+{
+    return CannotDo({u"scriptLineUnreadable"_s, u"дальше сценарий не читается"_s},
+        {u"scriptLineUnreadableRemedy"_s, u"проверьте его файл и диск"_s})
+        .text();
+}
+
 } // namespace
 
 ExitStatus runScript(
@@ -36,7 +43,8 @@ ExitStatus runScript(
     };
     auto status = ExitStatus::Success;
     std::string bytes;
-    for (int line = 1; std::getline(script, bytes); ++line) {
+    int line = 1;
+    for (; std::getline(script, bytes); ++line) {
         try {
             if (const auto failure = interpreter.execute(line, decode(bytes))) {
                 tell(line, *failure);
@@ -46,6 +54,11 @@ ExitStatus runScript(
             tell(line, error.text());
             return ExitStatus::CannotDo;
         }
+    }
+    // No end of the script, though it looks like one.
+    if (script.bad()) {
+        tell(line, unreadable());
+        return ExitStatus::CannotDo;
     }
     return status;
 }

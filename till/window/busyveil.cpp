@@ -6,7 +6,6 @@
 
 #include <utility>
 
-using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace till {
@@ -41,8 +40,9 @@ void BusyVeil::tick(std::chrono::seconds passed)
 {
     if (isHidden())
         begin(texts::busy);
-    const QString seconds
-        = passed < 1s ? QString() : texts::busySeconds.arg(QString::number(passed.count())).ui();
+    const QString seconds = passed < std::chrono::seconds(1)
+        ? QString()
+        : texts::busySeconds.arg(QString::number(passed.count())).ui();
     if (seconds == m_seconds)
         return;
     m_seconds = seconds;

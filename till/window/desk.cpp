@@ -194,6 +194,11 @@ bool Desk::dropMessages()
     return true;
 }
 
+QString Desk::serviceState() const
+{
+    return m_till.isLoyaltyOff() ? loyaltyIsOff().ui() : m_connection.text();
+}
+
 std::optional<QString> Desk::textFor(const QString &typed, const InputTextFormParameters &form)
 {
     if (typed.isEmpty())

@@ -57,6 +57,8 @@ public:
     /// Whether the paper is still to be printed.
     [[nodiscard]] bool isPreview() const { return !m_preview.isEmpty(); }
     [[nodiscard]] const Connection &connection() const { return m_connection; }
+    /// Whether the loyalty service can be reached, or that it is not to be asked at all.
+    [[nodiscard]] QString serviceState() const;
     /// What the till asked the loyalty service, and what came back.
     [[nodiscard]] const ExchangeLog &exchanges() const { return m_exchanges.log(); }
     /// Whether a look at the outgoing queue may have to wait for a server.

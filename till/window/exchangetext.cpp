@@ -2,6 +2,7 @@
 
 #include "till/queue/masks.h"
 #include "till/window/texts.h"
+#include "till/wire/readablemarkup.h"
 
 #include <QLocale>
 #include <QXmlStreamReader>
@@ -20,6 +21,8 @@ constexpr int deepestIndentation = 100;
 /// Looks for the first element of that name; its text, which is empty for one with children.
 std::optional<QString> textOf(const QByteArray &xml, QStringView name)
 {
+    if (!isReadableMarkup(xml))
+        return std::nullopt;
     QXmlStreamReader reader(xml);
     while (!reader.atEnd())
         if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == name)
@@ -69,6 +72,8 @@ void copyIndented(QXmlStreamReader &reader, QXmlStreamWriter &writer)
 QString indented(const QByteArray &xml)
 {
     constexpr int indentation = 2;
+    if (!isReadableMarkup(xml))
+        return QString::fromUtf8(xml);
     QXmlStreamReader reader(xml);
     reader.setNamespaceProcessing(false);
     QString text;

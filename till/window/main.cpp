@@ -7,6 +7,7 @@
 #include "till/run/workplace.h"
 #include "till/tilloptions.h"
 #include "till/usage.h"
+#include "till/version.h"
 #include "till/window/busywatch.h"
 #include "till/window/demo/demo.h"
 #include "till/window/mainwindow.h"
@@ -21,7 +22,10 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <optional>
 #include <stdexcept>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -73,22 +77,38 @@ int run(const till::RunOptions &options)
     }
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+/// Reads the command line.
+/// @return the exit status when the program ends with that: help, version or a wrong word.
+std::optional<int> read(int argc, char *argv[], till::RunOptions &options)
 {
-    CLI::App commandLine{"The cashier's window of the till.", "korvel-till-window"};
-    commandLine.set_version_flag("--version", "korvel-till-window " KORVEL_VERSION);
+    // Texts need an application; only the window's needs a display.
+    const QCoreApplication application(argc, argv);
+    till::speakAsConfigured();
+    CLI::App commandLine{
+        till::spoken({u"commandLineWindowProgram"_s, u"Окно кассира."_s}), "korvel-till-window"};
+    commandLine.set_version_flag("--version", std::string("korvel-till-window ") + till::version());
     commandLine.failure_message(
         [](const CLI::App *app, const CLI::Error &error) { return till::usageError(*app, error); });
-    till::TillOptions options(commandLine);
+    const till::TillOptions given(commandLine);
+    till::speakHelp(commandLine);
     try {
         commandLine.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
         return commandLine.exit(error) == 0 ? 0 : static_cast<int>(ExitStatus::CannotDo);
     }
+    options = given.given();
+    return std::nullopt;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    till::RunOptions options;
+    if (const auto exitStatus = read(argc, argv, options))
+        return *exitStatus;
     // The windows' library would take "--plugin" for an option of its own.
     int programName = 1;
     const QApplication application(programName, argv);
-    return run(options.given());
+    return run(options);
 }

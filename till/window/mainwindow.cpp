@@ -258,7 +258,7 @@ void MainWindow::refreshState()
     if (m_glance && Desk::isQueueShared())
         m_glance->look();
     m_offlineSign->setVisible(m_desk.connection().isOffline());
-    m_serviceState->setText(m_desk.connection().text());
+    m_serviceState->setText(m_desk.serviceState());
     m_queueState->setText(m_desk.queueState());
 }
 

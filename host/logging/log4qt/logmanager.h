@@ -1,12 +1,13 @@
 #pragma once
 
-#include "log4qt/logger.h"
-
 #include "host/export.h"
 
 #include <QString>
 
 namespace Log4Qt {
+
+// As in the library, whoever writes to a logger includes its header too.
+class Logger;
 
 /// Where loggers come from.
 class POSHOST_EXPORT LogManager

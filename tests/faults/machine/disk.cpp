@@ -1,5 +1,6 @@
 // The calls that write below the till's state folder, in front of a disk that has ordered faults.
 
+#include "tests/faults/machine/place.h"
 #include "tests/faults/machine/real.h"
 
 #include <fcntl.h>
@@ -10,7 +11,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <string>
@@ -20,6 +20,7 @@
 namespace {
 
 using faults::DiskState;
+using faults::isBelow;
 
 // What a flush takes on a disk that is about to fail.
 constexpr std::chrono::milliseconds slowFlush{100};
@@ -27,23 +28,6 @@ constexpr std::chrono::milliseconds slowFlush{100};
 DiskState disk()
 {
     return faults::control().disk;
-}
-
-bool isBelow(std::string_view path)
-{
-    static const char *const named = std::getenv(faults::folderVariable);
-    static const std::string folder = named == nullptr ? "" : named;
-    return !folder.empty() && path.substr(0, folder.size()) == folder
-        && (path.size() == folder.size() || path[folder.size()] == '/');
-}
-
-// The till names its files by whole paths.
-bool isBelow(int descriptor)
-{
-    std::array<char, PATH_MAX> path{};
-    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
-    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
-    return length > 0 && isBelow(std::string_view(path.data(), static_cast<std::size_t>(length)));
 }
 
 template <typename Place> bool isFaulty(const Place &place)

@@ -122,8 +122,9 @@ TEST_F(ConfigTest, SplitsListsAtCommasAndDropsEmptyItems)
 
     EXPECT_EQ(m_config.getStringList(u"S:texts"_s, {}), (QStringList{u"a b"_s, u"c; d"_s}));
     EXPECT_EQ(m_config.getIntList(u"S:numbers"_s, {}), (QList<int>{5, 7, 9}));
-    EXPECT_EQ(m_config.warnings(),
-        QStringList{at(3) + u" key S:numbers: expected whole numbers, leaving out \"x\""});
+    EXPECT_EQ(warnings(),
+        QStringList{
+            at(3) + u" ключ S:numbers: ожидались целые числа через запятую, «x» пропущено"});
 }
 
 TEST_F(ConfigTest, WarnsOncePerMalformedValue)
@@ -136,12 +137,24 @@ TEST_F(ConfigTest, WarnsOncePerMalformedValue)
         EXPECT_TRUE(m_config.getBool(u"S:flag"_s, true));
         EXPECT_DOUBLE_EQ(m_config.getDouble(u"S:rate"_s, 0.5), 0.5);
     }
-    const QStringList expected{at(2) + u" key S:limit: expected a whole number, using the default",
-        at(3) + u" key S:flag: expected true or false, using the default",
-        at(4) + u" key S:rate: expected a number, using the default"};
-    EXPECT_EQ(m_config.warnings(), expected);
+    const QStringList expected{
+        at(2) + u" ключ S:limit: ожидалось целое число, действует значение по умолчанию",
+        at(3) + u" ключ S:flag: ожидалось true или false, действует значение по умолчанию",
+        at(4) + u" ключ S:rate: ожидалось число, действует значение по умолчанию"};
+    EXPECT_EQ(warnings(), expected);
     EXPECT_EQ(log.lines(),
         QStringList(expected).replaceInStrings(QRegularExpression(u"^"_s), u"WARN "_s));
+}
+
+TEST_F(ConfigTest, TellsTheLogItsWarningsOnceMore)
+{
+    givenLoaded("[S]\nk=1\nk=2\n");
+    const LogCapture log(u"poshost.config"_s);
+
+    m_config.logWarnings();
+
+    EXPECT_EQ(log.lines(),
+        QStringList{u"WARN "_s + at(3) + u" ключ S:k: уже задан в строке 2, действует этот"});
 }
 
 TEST_F(ConfigTest, CountsTheLastOfRepeatedKeysAndWarns)
@@ -150,8 +163,7 @@ TEST_F(ConfigTest, CountsTheLastOfRepeatedKeysAndWarns)
 
     EXPECT_EQ(text(u"S:k"_s), u"3"_s);
     EXPECT_EQ(m_config.getKeys(u"S"_s), (QStringList{u"k"_s, u"l"_s}));
-    EXPECT_EQ(m_config.warnings(),
-        QStringList{at(7) + u" key S:k: given before in line 2, this one counts"});
+    EXPECT_EQ(warnings(), QStringList{at(7) + u" ключ S:k: уже задан в строке 2, действует этот"});
 }
 
 TEST_F(ConfigTest, ListsSectionsThatMatchInFileOrder)
@@ -227,8 +239,8 @@ TEST_F(ConfigTest, WarnsAgainAboutAValueThatWasSetAnew)
     m_config.set(u"S:k"_s, u"y"_s);
     EXPECT_EQ(m_config.getInt(u"S:k"_s, 1), 1);
 
-    EXPECT_EQ(m_config.warnings(),
-        QStringList(2, u"key S:k: expected a whole number, using the default"_s));
+    EXPECT_EQ(warnings(),
+        QStringList(2, u"ключ S:k: ожидалось целое число, действует значение по умолчанию"_s));
 }
 
 } // namespace

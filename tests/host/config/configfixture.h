@@ -35,6 +35,13 @@ protected:
         }
         return {};
     }
+    [[nodiscard]] QStringList warnings() const
+    {
+        QStringList texts;
+        for (const tr::Tr &warning : m_config.warnings())
+            texts.append(warning.ru());
+        return texts;
+    }
     QString text(const QString &key) { return m_config.getString(key, QStringLiteral("absent")); }
     [[nodiscard]] QString pathOf(const QString &name) const { return m_folder.filePath(name); }
     /// How messages name a place of the main file.

@@ -113,4 +113,20 @@ TEST(IniFile, SaysWhereAndWhyALineIsBroken)
     }
 }
 
+TEST(IniFile, ReadsOnBehindWhatIsWrong)
+{
+    const ini::Reading reading = ini::read("k=0\n[a]\nno setting\nk=1\n [b\nz=2\n");
+
+    QStringList places;
+    for (const ini::Defect &defect : reading.defects)
+        places.append(u"%1:%2 %3"_s.arg(defect.line).arg(defect.column).arg(defect.text.id()));
+    EXPECT_EQ(places,
+        (QStringList{u"1:1 configSectionMissing"_s, u"3:1 configEqualsMissing"_s,
+            u"5:2 configOpenSection"_s}));
+    ASSERT_EQ(reading.sections.size(), 1);
+    EXPECT_EQ(reading.sections[0].line, 2);
+    EXPECT_EQ(reading.sections[0].settings.size(), 2);
+    EXPECT_EQ(reading.sections[0].settings.last().line, 6);
+}
+
 } // namespace

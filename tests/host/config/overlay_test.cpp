@@ -36,7 +36,7 @@ TEST_F(OverlayTest, WarningsAndPathsNameTheFileThatCounts)
 
     EXPECT_EQ(m_config.getInt(u"S:limit"_s, 15), 15);
     EXPECT_EQ(m_config.getPath(u"S:path"_s, {}), pathOf(u"till.ini.d/x"_s));
-    EXPECT_TRUE(m_config.warnings().first().startsWith(pathOf(u"till.ini.d/site.ini:3: "_s)));
+    EXPECT_TRUE(m_config.warnings().first().ru().startsWith(pathOf(u"till.ini.d/site.ini:3: "_s)));
 }
 
 TEST_F(OverlayTest, ABrokenFileLeavesTheConfigurationAsItWas)

@@ -1,5 +1,6 @@
 #include "host/logging/logsetup.h"
 #include "tests/support/logcapture.h"
+#include <log4qt/logger.h>
 #include <log4qt/logmanager.h>
 
 #include <QDir>
@@ -175,7 +176,7 @@ TEST_F(LoggingTest, FollowsAPropertiesFile)
 TEST_F(LoggingTest, APropertiesFileThatCannotBeReadIsNamed)
 {
     EXPECT_EQ(errorOf({}, u"/no/such.properties"_s),
-        u"/no/such.properties: the logging properties cannot be read; check the path and its permissions"_s);
+        u"/no/such.properties: настройки журнала не читаются; проверьте путь и права доступа"_s);
 }
 
 TEST_F(LoggingTest, APropertiesFileThatCannotBeUsedIsNamed)
@@ -186,8 +187,7 @@ TEST_F(LoggingTest, APropertiesFileThatCannotBeUsedIsNamed)
     const QString error = errorOf({}, path);
     logger().error(u"unheard"_s);
 
-    EXPECT_TRUE(
-        error.startsWith(path + u": the logging properties cannot be used; correct them: "));
+    EXPECT_TRUE(error.startsWith(path + u": настройки журнала не годятся; исправьте их: "));
     EXPECT_TRUE(error.contains(u"NoSuchAppender"_s));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
@@ -202,7 +202,7 @@ TEST_F(LoggingTest, AFolderThatCannotBeMadeIsNamed)
 TEST_F(LoggingTest, AFolderThatCannotBeWrittenToIsNamed)
 {
     EXPECT_EQ(errorOf(u"/proc"_s, {}),
-        u"/proc/korvel.log: the log cannot be written; check that the folder can be"_s);
+        u"/proc/korvel.log: журнал не записывается; проверьте, что в его папку можно писать"_s);
 }
 
 } // namespace

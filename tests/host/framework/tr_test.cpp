@@ -128,6 +128,28 @@ TEST_F(TrTest, AsksForThePluralFormOfTheCount)
     EXPECT_EQ(message.ui(2), u"%n: 2 cheques"_s);
 }
 
+TEST_F(TrTest, AnAmountIsPlainInTheRussianTextAndAsTheLocaleWritesItInTheInterface)
+{
+    const tr::Tr message = tr::Tr(u"id"_s, u"%1 и %2"_s).argAmount(1234.5).argAmount(-0.125);
+
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    EXPECT_EQ(message.ru(), u"1234.50 и -0.13"_s);
+    EXPECT_EQ(message.ui(), u"1,234.50 и -0.13"_s);
+    QLocale::setDefault(QLocale(QLocale::Russian, QLocale::Russia));
+    EXPECT_EQ(message.ru(), u"1234.50 и -0.13"_s);
+    EXPECT_EQ(message.ui(), u"1\u00a0234,50 и -0,13"_s);
+}
+
+TEST_F(TrTest, AMomentIsWrittenTheRussianWayAndAsTheLocaleDoes)
+{
+    const tr::Tr message
+        = tr::Tr(u"id"_s, u"от %1"_s).argMoment(QDateTime({2026, 11, 5}, {9, 30, 15}));
+
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    EXPECT_EQ(message.ru(), u"от 05.11.2026 09:30"_s);
+    EXPECT_EQ(message.ui(), u"от 05/11/2026 09:30"_s);
+}
+
 TEST_F(TrTest, TravelsInAVariant)
 {
     const tr::Tr message = tr::Tr(u"id"_s, u"%1"_s).arg(u"а"_s);

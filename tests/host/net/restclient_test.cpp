@@ -177,6 +177,30 @@ TEST_F(RestClientTest, GivesTheStatusOfAProxyThatRefuses)
     EXPECT_EQ(m_server.requests().value(0).requestLine, "CONNECT service.invalid:443 HTTP/1.1");
 }
 
+TEST_F(RestClientTest, TellsTheServersClockWhateverTheStatus)
+{
+    struct Row
+    {
+        QByteArray head;
+        QString date;
+    };
+    const QList<Row> rows{
+        {"HTTP/1.1 200 OK\r\nDate: Tue, 05 Mar 2024 14:04:09 GMT\r\n", u"2024-03-05T14:04:09Z"_s},
+        {"HTTP/1.1 500 Error\r\ndate:Tue, 05 Mar 2024 14:04:09 GMT\r\n", u"2024-03-05T14:04:09Z"_s},
+        {"HTTP/1.1 200 OK\r\nDate: yesterday\r\n", u""_s},
+        {"HTTP/1.1 200 OK\r\nX-Date: Tue, 05 Mar 2024 14:04:09 GMT\r\n", u""_s},
+        {"HTTP/1.1 100 Continue\r\nDate: Tue, 05 Mar 2024 14:04:09 GMT\r\n\r\nHTTP/1.1 200 OK\r\n",
+            u""_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.head.constData());
+        ScriptedServer server;
+        server.answerRaw(row.head + "Content-Length: 0\r\n\r\n");
+        whenPosted(server.url());
+        EXPECT_EQ(m_client->answerDate().toString(Qt::ISODate), row.date);
+    }
+}
+
 TEST_F(RestClientTest, CanBeReplaced)
 {
     struct Double : RestClient

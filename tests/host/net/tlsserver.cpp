@@ -28,7 +28,7 @@ using Context = std::unique_ptr<SSL_CTX, Release<SSL_CTX_free>>;
 using Connection = std::unique_ptr<SSL, Release<SSL_free>>;
 using File = std::unique_ptr<std::FILE, Release<std::fclose>>;
 
-constexpr long lifetimeSeconds = 3600;
+constexpr long ageSeconds = 3600;
 constexpr int backlog = 16;
 constexpr std::string_view answer = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok";
 
@@ -51,31 +51,32 @@ void setName(X509_NAME &name, std::string_view text)
         reinterpret_cast<const unsigned char *>(text.data()), static_cast<int>(text.size()), -1, 0);
 }
 
-Certificate unsignedCertificate(EVP_PKEY &key, const QString &address)
+Certificate unsignedCertificate(
+    EVP_PKEY &key, const QString &address, std::chrono::seconds lifetime)
 {
     Certificate certificate(X509_new());
     X509_set_version(certificate.get(), X509_VERSION_3);
     ASN1_INTEGER_set(X509_get_serialNumber(certificate.get()), 1);
-    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -lifetimeSeconds);
-    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), lifetimeSeconds);
+    X509_gmtime_adj(X509_getm_notBefore(certificate.get()), -ageSeconds);
+    X509_gmtime_adj(X509_getm_notAfter(certificate.get()), long{lifetime.count()});
     X509_set_pubkey(certificate.get(), &key);
     setName(*X509_get_subject_name(certificate.get()), "test");
     addExtension(*certificate, NID_subject_alt_name, "IP:" + address.toLatin1());
     return certificate;
 }
 
-Certificate selfSigned(EVP_PKEY &key, const QString &address)
+Certificate selfSigned(EVP_PKEY &key, const QString &address, std::chrono::seconds lifetime)
 {
-    Certificate certificate = unsignedCertificate(key, address);
+    Certificate certificate = unsignedCertificate(key, address, lifetime);
     X509_set_issuer_name(certificate.get(), X509_get_subject_name(certificate.get()));
     addExtension(*certificate, NID_basic_constraints, "critical,CA:TRUE");
     require(X509_sign(certificate.get(), &key, EVP_sha256()) > 0);
     return certificate;
 }
 
-Certificate signedByAnother(EVP_PKEY &key, const QString &address)
+Certificate signedByAnother(EVP_PKEY &key, const QString &address, std::chrono::seconds lifetime)
 {
-    Certificate certificate = unsignedCertificate(key, address);
+    Certificate certificate = unsignedCertificate(key, address, lifetime);
     setName(*X509_get_issuer_name(certificate.get()), "another");
     const Key another(EVP_EC_gen("P-256"));
     require(X509_sign(certificate.get(), another.get(), EVP_sha256()) > 0);
@@ -100,10 +101,11 @@ struct TlsServer::Private
     Certificate certificate;
     Context context;
 
-    Private(Manner givenManner, const QString &address)
+    Private(Manner givenManner, const QString &address, std::chrono::seconds lifetime)
         : manner(givenManner)
-        , certificate(manner == Manner::VouchedForByAnother ? signedByAnother(*key, address)
-                                                            : selfSigned(*key, address))
+        , certificate(manner == Manner::VouchedForByAnother
+                  ? signedByAnother(*key, address, lifetime)
+                  : selfSigned(*key, address, lifetime))
     {
         setUp();
     }
@@ -151,8 +153,8 @@ struct TlsServer::Private
     }
 };
 
-TlsServer::TlsServer(Manner manner, const QString &address)
-    : m_private(std::make_unique<Private>(manner, address))
+TlsServer::TlsServer(Manner manner, const QString &address, std::chrono::seconds lifetime)
+    : m_private(std::make_unique<Private>(manner, address, lifetime))
 {
     PEM_write_X509(opened(certificateFile()).get(), m_private->certificate.get());
     PEM_write_PrivateKey(

@@ -6,6 +6,7 @@
 #include <QUrl>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -35,8 +36,10 @@ public:
     };
 
     /// @param address that the certificate is made out to, an IP address.
-    explicit TlsServer(
-        Manner manner = Manner::Answers, const QString &address = QStringLiteral("127.0.0.1"));
+    /// @param lifetime of the certificate from now on; negative: it has run out.
+    explicit TlsServer(Manner manner = Manner::Answers,
+        const QString &address = QStringLiteral("127.0.0.1"),
+        std::chrono::seconds lifetime = std::chrono::hours(1));
     ~TlsServer();
     Q_DISABLE_COPY_MOVE(TlsServer)
 

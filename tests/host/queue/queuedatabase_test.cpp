@@ -136,4 +136,13 @@ TEST_F(QueueDatabaseTest, TwoBrokersWorkOnOneFile)
     EXPECT_EQ(second.waiting(), 2);
 }
 
+TEST_F(QueueDatabaseTest, AStatementThatFailedOnceWorksAgain)
+{
+    givenMessage(u"one"_s);
+    QueueDatabase database(databaseFile(), QueueDatabase::Use::Work);
+    const QString statement = u"UPDATE messages SET last_error = ? WHERE queue <> ?"_s;
+    EXPECT_THROW(database.change(statement, {u"a"_s, u"none"_s, u"too many"_s}), StorageError);
+    EXPECT_EQ(database.change(statement, {u"a"_s, u"none"_s}), 1);
+}
+
 } // namespace

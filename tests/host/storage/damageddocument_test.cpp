@@ -103,6 +103,8 @@ TEST_F(DamagedDocumentTest, ValuesOfAnotherKindAreRefused)
         {u"number"_s, 17, "текст"},
         {u"state"_s, u"shut"_s, "open, closed или cancelled"},
         {u"opened"_s, u"yesterday"_s, "дата и время"},
+        {u"nextPosnum"_s, 0, "номер следующей позиции от 1"},
+        {u"nextPosnum"_s, 1'000'000'001, "номер следующей позиции от 1"},
         {u"positions"_s, 5, "массив"},
         {u"positions"_s, QJsonArray{5}, "объект"},
         {u"payments"_s, QJsonArray{QJsonObject{{u"kind"_s, u"cash"_s}, {u"amount"_s, u"1"_s}}},
@@ -125,6 +127,12 @@ TEST_F(DamagedDocumentTest, ValuesOfAnotherKindAreRefused)
             errorWith(row.name, row.value), testing::HasSubstr("/" + row.name.toStdString()));
         EXPECT_THAT(errorWith(row.name, row.value), testing::HasSubstr(row.expected));
     }
+}
+
+TEST_F(DamagedDocumentTest, ManyPositionsMayHaveBeenTakenOff)
+{
+    for (const int posnum : {1, 1'000'000'000})
+        EXPECT_EQ(errorWith(u"nextPosnum"_s, posnum), "read without an error") << posnum;
 }
 
 TEST_F(DamagedDocumentTest, ImpactThatNamesACardThatIsNotThere)

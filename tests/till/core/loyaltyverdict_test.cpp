@@ -87,6 +87,14 @@ TEST(LoyaltyVerdictTextTest, TellsTheServicesCode)
     EXPECT_EQ(till::judgeLoyaltyAnswer(503, {}, {}).code, 0);
 }
 
+TEST(LoyaltyVerdictTextTest, WhatWouldKeepAReaderBusyIsNotTheServices)
+{
+    const QByteArray answer = answerWith("0");
+    EXPECT_EQ(till::judgeLoyaltyAnswer(0, answer, {}).outcome, Verdict::Outcome::Delivered);
+    EXPECT_EQ(till::judgeLoyaltyAnswer(0, "<!DOCTYPE a>" + answer, {}).outcome,
+        Verdict::Outcome::TryAgain);
+}
+
 TEST(LoyaltyVerdictTextTest, SaysWhy)
 {
     EXPECT_EQ(till::judgeLoyaltyAnswer(0, answerWith("80241"), {}).text,

@@ -51,6 +51,13 @@ TEST_F(PluginGuardTest, AStandardExceptionBecomesItsText)
     EXPECT_EQ(outcome.refusal->message.ru(), u"too far"_s);
 }
 
+TEST_F(PluginGuardTest, AProgramWithoutMemoryEnds)
+{
+    EXPECT_THROW(
+        till::guarded(outcome, u"request"_s, [] { throw std::bad_alloc(); }), std::bad_alloc);
+    EXPECT_FALSE(outcome.refusal);
+}
+
 TEST_F(PluginGuardTest, AnythingElseIsCaughtToo)
 {
     till::guarded(outcome, u"request"_s, [] { throw 7; });

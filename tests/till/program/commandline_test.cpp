@@ -17,6 +17,23 @@ TEST_F(CommandLineTest, HelpNamesTheOptions)
         EXPECT_TRUE(output.contains(option)) << option;
 }
 
+TEST_F(CommandLineTest, HelpSpeaksTheLanguageOfTheSystem)
+{
+    whenStarted({u"--help"_s});
+    EXPECT_TRUE(output.startsWith("A till that sells cheques with the loyalty plug-in.\n"
+                                  "Usage: korvel-till [OPTIONS] COMMAND\n\nOptions:\n"))
+        << output.constData();
+    EXPECT_TRUE(output.contains("prints this help and ends"));
+    EXPECT_TRUE(output.contains("\nCommands:\n"));
+    givenSystemLanguage(u"ru_RU.UTF-8"_s);
+    whenStarted({u"run"_s, u"--help"_s});
+    EXPECT_TRUE(output.startsWith("продаёт по сценарию или по командам с клавиатуры\n"
+                                  "Вызов: korvel-till run [ПАРАМЕТРЫ] [script]\n\nАргументы:\n"))
+        << output.constData();
+    EXPECT_TRUE(output.contains("\nПараметры:\n  -h,--help                   выводит эту справку"));
+    EXPECT_TRUE(output.contains("настройки; без него till.ini"));
+}
+
 TEST_F(CommandLineTest, VersionIsTold)
 {
     whenStarted({u"--version"_s});
@@ -37,7 +54,8 @@ TEST_F(CommandLineTest, WrongUsageIsAnError)
 
 TEST_F(CommandLineTest, CommandsAreNamedWhereOneIsMissingOrUnknown)
 {
-    const QByteArray commands = "; it is one of queue, run, window; see korvel-till --help\n";
+    const QByteArray commands
+        = "; it is one of run, window, queue, check, accept, explain; see korvel-till --help\n";
     whenStarted({});
     EXPECT_EQ(errors, "korvel-till: a command is missing" + commands);
     whenStarted({u"sell"_s});
@@ -48,10 +66,27 @@ TEST_F(CommandLineTest, CommandsAreNamedWhereOneIsMissingOrUnknown)
     EXPECT_TRUE(errors.startsWith("korvel-till: \"lst\" is no command; it is one of list, "));
 }
 
-TEST_F(CommandLineTest, AnOptionThatIsMissingIsNamed)
+TEST_F(CommandLineTest, AWordThatIsMissingOrTooManyIsNamed)
 {
-    whenStarted({u"queue"_s, u"show"_s});
-    EXPECT_TRUE(errors.contains("id is required"));
+    struct Row
+    {
+        QStringList words;
+        QByteArray complaint;
+    };
+    const QList<Row> rows{
+        {{u"queue"_s, u"show"_s}, "the argument \"id\" is missing"},
+        {{u"run"_s, u"--config"_s}, "the value of --config is missing"},
+        {{u"check"_s, u"--card"_s, u"1"_s, u"--no-service"_s},
+            "--card and --no-service do not go together"},
+        {{u"accept"_s, u"--timeout"_s, u"0"_s}, "the value does not fit --timeout"},
+        {{u"accept"_s, u"--timeout"_s, u"soon"_s}, "the value does not fit --timeout"},
+        {{u"run"_s, u"--bogus"_s}, "unexpected word \"--bogus\""},
+        {{u"run"_s, u"one"_s, u"two"_s}, "unexpected word \"two\""},
+    };
+    for (const Row &row : rows) {
+        whenStarted(row.words);
+        EXPECT_EQ(errors, "korvel-till: " + row.complaint + "; see korvel-till --help\n");
+    }
 }
 
 TEST_F(CommandLineTest, AScriptThatCannotBeReadIsAnError)

@@ -45,8 +45,8 @@ void ProgramFixture::prepare(QProcess &process) const
 {
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"HOME"_s, m_folder.path());
-    // The till speaks English, whatever this machine speaks.
-    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    // Whatever this machine speaks.
+    environment.insert(u"LC_ALL"_s, m_locale);
     environment.remove(u"LANGUAGE"_s);
     // As on a desktop, but without a screen.
     environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);

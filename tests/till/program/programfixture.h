@@ -20,6 +20,8 @@ public:
 
     /// Writes a file into the folder; its path.
     QString givenFile(const QString &name, const QByteArray &contents) const;
+    /// Lets the system speak that language, as "ru_RU.UTF-8"; English without.
+    void givenSystemLanguage(const QString &locale) { m_locale = locale; }
     [[nodiscard]] QString path(const QString &name) const;
     [[nodiscard]] static QString plugin(const QString &name);
     /// Options of `run` for the plug-in that sells and the state folder of this test.
@@ -48,4 +50,5 @@ private:
     void prepare(QProcess &process) const;
 
     QTemporaryDir m_folder;
+    QString m_locale = QStringLiteral("C.UTF-8");
 };

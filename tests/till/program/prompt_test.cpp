@@ -153,4 +153,11 @@ TEST_F(PromptTest, TheHistoryOutlivesTheTill)
     EXPECT_EQ(history.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
+TEST_F(PromptTest, SaysThatLoyaltyIsOff)
+{
+    givenFile(u"till.ini"_s, "[Till]\ncatalogue=catalogue.json\nloyalty=false\n");
+    givenPrompt();
+    thenShows("till without loyalty> ");
+}
+
 } // namespace

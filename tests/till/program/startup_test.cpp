@@ -126,12 +126,50 @@ TEST_F(StartupTest, TheUsualStateFolderIsBelowTheUsersHome)
     EXPECT_TRUE(QFile::exists(path(u".local/state/korvel-till/document.json"_s)));
 }
 
+TEST_F(StartupTest, ATillWithoutLoyaltySellsWithoutAPlugin)
+{
+    givenFile(u"till.ini"_s, "[Till]\ncatalogue=catalogue.json\nloyalty=false\n");
+    whenStarted({u"run"_s, u"--plugin"_s, path(u"missing.so"_s), u"--state"_s, path(u"state"_s)},
+        "add 1001\ntotal\nexpect result == true\ncard 2900000000017\nexpect result == false\n"
+        "expect refusal.id == tillLoyaltyOff\nclose\nexpect document.state == closed\n");
+    EXPECT_EQ(status, 0) << errors.toStdString();
+    EXPECT_EQ(errors, "korvel-till: Loyalty is switched off at this till\n");
+}
+
+TEST_F(StartupTest, AChequeThatNeedsThePluginIsNotSoldWithoutIt)
+{
+    whenScriptRuns("card 2900000000017\nadd 1001\n");
+    givenFile(u"till.ini"_s, "[Till]\ncatalogue=catalogue.json\nloyalty=false\n");
+    whenStartedWithPlugin(path(u"missing.so"_s));
+    thenFails(3, u"korvel-till: "_s + path(u"missing.so"_s));
+}
+
+TEST_F(StartupTest, WhichTillItIsMayStandInTheSettings)
+{
+    givenFile(u"till.ini"_s, "[Till]\ncatalogue=catalogue.json\nshop=17\nnumber=3\n");
+    whenScriptRuns("sale\n");
+    QFile document(path(u"state/document.json"_s));
+    ASSERT_TRUE(document.open(QIODevice::ReadOnly));
+    const auto kept = nlohmann::json::parse(document.readAll().toStdString());
+    EXPECT_EQ(kept.at("shop"), "17");
+    EXPECT_EQ(kept.at("till"), "3");
+}
+
 TEST_F(StartupTest, TheLogIsInTheStateFolder)
 {
     whenStarted(usualOptions(), "card 2900000000098\n");
     QFile log(path(u"state/log/korvel.log"_s));
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));
     EXPECT_TRUE(log.readAll().contains("The plug-in left identifyByCard by an exception"));
+}
+
+TEST_F(StartupTest, WarningsOfTheSettingsAreInTheLogThatTheSettingsName)
+{
+    givenFile(u"till.ini"_s, "[Till]\ncatalogue=none.json\ncatalogue=catalogue.json\n");
+    whenStarted(usualOptions(), "sale\n");
+    QFile log(path(u"state/log/korvel.log"_s));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(log.readAll().contains("till.ini:3: ключ Till:catalogue: уже задан в строке 2"));
 }
 
 } // namespace

@@ -241,6 +241,15 @@ TEST_F(LookingTest, TheLogDoesNotMixWithTheTills)
     EXPECT_FALSE(QFileInfo::exists(stateFolder() + u"/log/korvel.log"_s));
 }
 
+TEST_F(LookingTest, WarningsOfTheSettingsAreInTheLog)
+{
+    const QString config = givenFile(u"twice.ini"_s, "[Queue]\nkeepDays=1\nkeepDays=2\n");
+    whenAsked({u"status"_s, u"--config"_s, config});
+    QFile log(stateFolder() + u"/log/queue/korvel.log"_s);
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(log.readAll().contains("twice.ini:3: ключ Queue:keepDays: уже задан в строке 2"));
+}
+
 TEST_F(LookingTest, WrongUsageIsAnError)
 {
     for (const QStringList &words :

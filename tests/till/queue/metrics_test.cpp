@@ -2,6 +2,7 @@
 
 #include "tests/support/printers.h"
 #include "till/queue/metrics.h"
+#include "till/version.h"
 
 #include <QMap>
 #include <QRegularExpression>
@@ -86,21 +87,29 @@ TEST(MetricsTest, EveryFigureIsASample)
         {u"korvel_queue_spilled_messages"_s, 4}, {u"korvel_queue_waiting_here_messages"_s, 5},
         {u"korvel_queue_oldest_waiting_age_seconds"_s, 61},
         {u"korvel_queue_last_success_timestamp_seconds"_s, 1000},
-        {u"korvel_queue_last_error_timestamp_seconds"_s, 2000}, {u"korvel_queue_level"_s, 2}};
-    EXPECT_EQ(Exposition(metricsText(status, now, BacklogLevel::Alarm)).samples, wanted);
+        {u"korvel_queue_last_error_timestamp_seconds"_s, 2000}, {u"korvel_queue_level"_s, 2},
+        {u"korvel_till_info{version=\"%1\"}"_s.arg(QString::fromLatin1(till::version())), 1},
+        {u"korvel_till_loyalty_enabled"_s, 1}};
+    EXPECT_EQ(Exposition(metricsText(status, now, BacklogLevel::Alarm, true)).samples, wanted);
 }
 
 TEST(MetricsTest, UnitsAreDescribed)
 {
-    const QString text = metricsText({}, now, BacklogLevel::Good);
+    const QString text = metricsText({}, now, BacklogLevel::Good, true);
     EXPECT_EQ(text.count(u"# UNIT "_s), 3);
 }
 
 TEST(MetricsTest, ATimeThatNeverCameHasNoSample)
 {
-    const Exposition metrics(metricsText({}, now, BacklogLevel::Good));
+    const Exposition metrics(metricsText({}, now, BacklogLevel::Good, true));
     EXPECT_FALSE(metrics.samples.contains(u"korvel_queue_last_success_timestamp_seconds"_s));
     EXPECT_EQ(metrics.samples[u"korvel_queue_oldest_waiting_age_seconds"_s], 0);
+}
+
+TEST(MetricsTest, ATillWithoutLoyaltySaysSo)
+{
+    const Exposition metrics(metricsText({}, now, BacklogLevel::Good, false));
+    EXPECT_EQ(metrics.samples.value(u"korvel_till_loyalty_enabled"_s, -1), 0);
 }
 
 } // namespace

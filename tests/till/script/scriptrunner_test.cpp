@@ -10,6 +10,18 @@ using till::ExitStatus;
 
 namespace {
 
+/// A script on a disk that fails behind its first line.
+class FailingDisk : public std::stringbuf
+{
+public:
+    FailingDisk()
+        : std::stringbuf("add 1001\n")
+    { }
+
+protected:
+    int_type underflow() override { throw std::runtime_error("the disk has failed"); }
+};
+
 class ScriptRunnerTest : public ScriptFixture
 {
 public:
@@ -31,6 +43,16 @@ TEST_F(ScriptRunnerTest, AScriptWhoseExpectationsHoldSucceedsSilently)
 TEST_F(ScriptRunnerTest, AnEmptyScriptSucceeds)
 {
     EXPECT_EQ(whenRun(""), ExitStatus::Success);
+}
+
+TEST_F(ScriptRunnerTest, AScriptThatCannotBeReadToItsEndIsAnError)
+{
+    FailingDisk disk;
+    std::istream script(&disk);
+    EXPECT_EQ(till::runScript(script, u"sale.till"_s, interpreter, errors), ExitStatus::CannotDo);
+    EXPECT_EQ(errors.str(),
+        "sale.till:2: the script cannot be read any further; check its file and the disk\n");
+    EXPECT_EQ(document()->getGoods().size(), 1);
 }
 
 TEST_F(ScriptRunnerTest, AFailedExpectationIsToldAndTheScriptGoesOn)

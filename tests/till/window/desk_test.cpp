@@ -278,6 +278,16 @@ TEST_F(DeskTest, AFailedExchangeTakesTheServiceOffline)
     EXPECT_FALSE(desk.connection().isOffline());
 }
 
+TEST_F(DeskTest, TheStateOfTheServiceIsTheConnectionsUntilLoyaltyIsOff)
+{
+    EXPECT_EQ(desk.serviceState(), desk.connection().text());
+    till::WithoutLoyalty without;
+    till->switchLoyaltyOff(without);
+    desk.start();
+    EXPECT_EQ(desk.serviceState(), u"Лояльность на этой кассе выключена"_s);
+    EXPECT_EQ(desk.messages(), QStringList{u"Лояльность на этой кассе выключена"_s});
+}
+
 TEST_F(DeskTest, TheQueueIsToldAndLeftAloneDuringAnOperation)
 {
     EXPECT_EQ(desk.queueState(), u"Очередь отправки пуста");

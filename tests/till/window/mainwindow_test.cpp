@@ -144,6 +144,15 @@ TEST_F(MainWindowTest, TheStateIsAlwaysTold)
     EXPECT_FALSE(part<QLabel>("offlineSign")->isVisible());
 }
 
+TEST_F(MainWindowTest, TheStateSaysThatLoyaltyIsOff)
+{
+    till::WithoutLoyalty without;
+    till->switchLoyaltyOff(without);
+    desk.start();
+    window.refresh();
+    EXPECT_EQ(text("serviceState"), u"Лояльность на этой кассе выключена");
+}
+
 TEST_F(MainWindowTest, WithoutAConnectionASignSaysWhatIsPossible)
 {
     whenScanned(u"1002"_s);

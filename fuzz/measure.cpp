@@ -1,0 +1,152 @@
+#include "fuzz/measure.h"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <random>
+#include <vector>
+
+namespace fuzz {
+
+namespace {
+
+constexpr std::uint64_t microsecondsPerSecond = 1'000'000;
+constexpr std::uint64_t microsecondsPerMillisecond = 1'000;
+constexpr long nanosecondsPerMicrosecond = 1'000;
+constexpr int repetitions = 2;
+
+std::uint64_t processorMicroseconds()
+{
+    timespec time = {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<std::uint64_t>(time.tv_sec) * microsecondsPerSecond
+        + static_cast<std::uint64_t>(time.tv_nsec / nanosecondsPerMicrosecond);
+}
+
+/// A file that is mapped needs no writing: what was counted is there however the process ends.
+Tally *mapped(const char *fileName)
+{
+    constexpr mode_t ownerOnly = 0600;
+    const int file = open(fileName, O_RDWR | O_CREAT | O_CLOEXEC, ownerOnly);
+    if (file < 0 || ftruncate(file, sizeof(Tally)) != 0)
+        return nullptr;
+    void *memory = mmap(nullptr, sizeof(Tally), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
+    close(file);
+    return memory == MAP_FAILED ? nullptr : static_cast<Tally *>(memory);
+}
+
+Tally &counted()
+{
+    static Tally inMemory;
+    static Tally *const where = [] {
+        const char *fileName = std::getenv("KORVEL_FUZZ_TALLY");
+        if (!fileName)
+            return &inMemory;
+        Tally *inFile = mapped(fileName);
+        require(inFile, "the tally's file can be written");
+        return inFile;
+    }();
+    return *where;
+}
+
+/// In microseconds; 0: no limit.
+std::uint64_t limit()
+{
+    const char *milliseconds = std::getenv("KORVEL_FUZZ_MILLISECONDS");
+    return milliseconds ? std::strtoull(milliseconds, nullptr, 0) * microsecondsPerMillisecond : 0;
+}
+
+/// Inputs that got past the parser, later ones in place of earlier ones by lot.
+class Accepted
+{
+public:
+    void add(const QByteArray &input)
+    {
+        constexpr std::size_t most = 1024;
+        if (m_inputs.size() < most)
+            m_inputs.push_back(input);
+        else
+            m_inputs[m_random() % most] = input;
+    }
+
+    [[nodiscard]] QByteArray at(unsigned int seed) const
+    {
+        return m_inputs.empty() ? QByteArray() : m_inputs[seed % m_inputs.size()];
+    }
+
+private:
+    std::vector<QByteArray> m_inputs;
+    std::minstd_rand m_random;
+};
+
+Accepted &accepted()
+{
+    static Accepted inputs;
+    return inputs;
+}
+
+struct Course
+{
+    bool gotPastParser = false;
+    std::uint64_t microseconds = 0;
+};
+
+Course run(const QByteArray &input, Target target)
+{
+    const std::uint64_t begun = processorMicroseconds();
+    const bool gotPastParser = target(input);
+    return {gotPastParser, processorMicroseconds() - begun};
+}
+
+} // namespace
+
+int measure(const std::uint8_t *data, std::size_t size, Target target)
+{
+    static const std::uint64_t most = limit();
+    [[maybe_unused]] static const bool isReady = (target({}), true);
+    const QByteArray input(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    Course course = run(input, target);
+    Tally &tally = counted();
+    // The machine itself can make one run slow, hardly three.
+    for (int again = 0; again < repetitions && course.microseconds > tally.slowestMicroseconds;
+         ++again)
+        course.microseconds = std::min(course.microseconds, run(input, target).microseconds);
+    ++tally.executions;
+    if (course.gotPastParser) {
+        ++tally.pastParser;
+        accepted().add(input);
+    }
+    tally.slowestMicroseconds = std::max(tally.slowestMicroseconds, course.microseconds);
+    if (most > 0 && course.microseconds > most) {
+        std::fprintf(stderr, "fuzz: %llu us of processor time\n",
+            static_cast<unsigned long long>(course.microseconds));
+        require(false, "no input takes longer than is allowed");
+    }
+    return 0;
+}
+
+const Tally &tally()
+{
+    return counted();
+}
+
+QByteArray acceptedInput(unsigned int seed)
+{
+    return accepted().at(seed);
+}
+
+void require(bool holds, const char *promise)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "fuzz: broken: %s\n", promise);
+    std::abort();
+}
+
+} // namespace fuzz

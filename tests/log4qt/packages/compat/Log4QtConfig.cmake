@@ -1,0 +1,4 @@
+# The library built with a module of Qt that its package does not look for.
+add_library(Log4Qt::log4qt INTERFACE IMPORTED)
+target_include_directories(Log4Qt::log4qt INTERFACE ${CMAKE_CURRENT_LIST_DIR}/../../include)
+target_link_libraries(Log4Qt::log4qt INTERFACE Qt6::Core Qt6::Core5Compat)

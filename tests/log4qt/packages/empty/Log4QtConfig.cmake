@@ -1,0 +1,1 @@
+# A package of that name that is something else.
