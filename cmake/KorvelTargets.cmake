@@ -61,15 +61,16 @@ function(korvel_program name)
 endfunction()
 
 # A GoogleTest program; it lands in <build>/tests, every case is a ctest of its own.
-#   korvel_test(NAME client_tests SOURCES ... LIBRARIES ... [DEFINITIONS ...] [LABEL client])
+#   korvel_test(NAME client_tests SOURCES ... LIBRARIES ... [DEFINITIONS ...] [LABEL client [threads]])
 function(korvel_test)
-  cmake_parse_arguments(arg "" "NAME;LABEL" "SOURCES;LIBRARIES;DEFINITIONS" ${ARGN})
+  cmake_parse_arguments(arg "" "NAME" "SOURCES;LIBRARIES;DEFINITIONS;LABEL" ${ARGN})
   add_executable(${arg_NAME} ${arg_SOURCES})
   target_link_libraries(${arg_NAME} PRIVATE korvel_build_rules ${arg_LIBRARIES} GTest::gmock_main)
   target_compile_definitions(${arg_NAME} PRIVATE ${arg_DEFINITIONS})
   set_target_properties(
     ${arg_NAME} PROPERTIES AUTOMOC ON CXX_EXTENSIONS OFF RUNTIME_OUTPUT_DIRECTORY
                                                          ${PROJECT_BINARY_DIR}/tests)
+  target_precompile_headers(${arg_NAME} REUSE_FROM test_headers)
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
   endif()
@@ -79,5 +80,12 @@ function(korvel_test)
     DISCOVERY_TIMEOUT 60
     DISCOVERY_MODE PRE_TEST
     NO_PRETTY_VALUES
-    PROPERTIES TIMEOUT 60 LABELS ${arg_LABEL})
+    PROPERTIES TIMEOUT 60)
+  # Only here, when the cases are known, are several labels kept apart.
+  set(labels_file ${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}_labels.cmake)
+  file(GENERATE OUTPUT ${labels_file} CONTENT "foreach(case IN LISTS ${arg_NAME}_TESTS)
+  set_tests_properties(\"\${case}\" PROPERTIES LABELS \"${arg_LABEL}\")
+endforeach()
+")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${labels_file})
 endfunction()
