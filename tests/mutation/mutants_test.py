@@ -109,19 +109,24 @@ class Ledger(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
-        self.file = pathlib.Path(folder.name) / "results.jsonl"
+        self.file = pathlib.Path(folder.name) / "results"
         self.mutants = mutants_of("a.cpp", "return a == 7;")
         for mutant, verdict in zip(self.mutants, ["killed by client_tests", "survived"]):
             ledger.append(self.file, mutant, verdict)
 
     def test_keeps_what_was_found(self):
-        verdicts = [entry["verdict"] for entry in ledger.read(self.file).values()]
-        self.assertEqual(verdicts, ["killed by client_tests", "survived"])
+        self.assertEqual(list(ledger.read(self.file).values()), ["killed by client_tests", "survived"])
+
+    def test_the_last_try_counts(self):
+        ledger.append(self.file, self.mutants[1], "killed by plugin_tests")
+        self.assertEqual(ledger.read(self.file)[self.mutants[1].identity], "killed by plugin_tests")
 
     def test_leaves_out_a_line_that_was_cut(self):
         with self.file.open("a") as file:
-            file.write('{"identity": "abc", "fi')
+            file.write("0123456789ab surv")
         self.assertEqual(len(ledger.read(self.file)), 2)
+        ledger.append(self.file, self.mutants[1], "killed by plugin_tests")
+        self.assertEqual(ledger.read(self.file)[self.mutants[1].identity], "killed by plugin_tests")
 
     def test_tells_survivors_without_a_reason(self):
         survivor = self.mutants[1]

@@ -1,29 +1,26 @@
 """What became of each mutant, on disk, and what is told about it."""
 
 import collections
-import json
 import pathlib
 
 
 def read(path):
-    """Results by identity; a line that was cut off when the power went is left out."""
+    """{identity: verdict}; the last line on a mutant counts, one that was cut off when the power went does not."""
     results = {}
     if pathlib.Path(path).is_file():
-        for line in pathlib.Path(path).read_text().splitlines():
-            try:
-                entry = json.loads(line)
-            except json.JSONDecodeError:
-                continue
-            results[entry["identity"]] = entry
+        for line in pathlib.Path(path).read_text().splitlines(keepends=True):
+            identity, _, verdict = line.partition(" ")
+            if line.endswith("\n"):
+                results[identity] = verdict.strip()
     return results
 
 
 def append(path, mutant, verdict):
     """Keeps one result at once, so that a run that is stopped loses nothing."""
-    entry = {"identity": mutant.identity, "file": mutant.file, "kind": mutant.kind}
-    entry |= {"before": mutant.before, "after": mutant.after, "text": mutant.text, "verdict": verdict}
-    with open(path, "a", encoding="utf-8") as file:
-        file.write(json.dumps(entry, ensure_ascii=False) + "\n")
+    place = pathlib.Path(path)
+    before = place.read_text() if place.is_file() else ""
+    with place.open("a") as file:
+        file.write(("" if before.endswith("\n") or not before else "\n") + f"{mutant.identity} {verdict}\n")
 
 
 def reasons(path):
@@ -39,7 +36,7 @@ def reasons(path):
 
 def report(mutants, results, known):
     """Markdown: how many were killed by kind, and each survivor with its reason or without."""
-    tried = [(mutant, results[mutant.identity]["verdict"]) for mutant in mutants if mutant.identity in results]
+    tried = [(mutant, results[mutant.identity]) for mutant in mutants if mutant.identity in results]
     built = [(mutant, verdict) for mutant, verdict in tried if verdict != "not built"]
     survivors = [mutant for mutant, verdict in built if verdict == "survived"]
     rows = collections.defaultdict(lambda: [0, 0])
@@ -66,5 +63,5 @@ def lacks(mutants, results, known):
     return [
         mutant
         for mutant in mutants
-        if results.get(mutant.identity, {}).get("verdict") == "survived" and mutant.identity not in known
+        if results.get(mutant.identity) == "survived" and mutant.identity not in known
     ]
