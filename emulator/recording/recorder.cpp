@@ -7,6 +7,9 @@
 #include "emulator/recording/tell.h"
 #include "emulator/recording/tillsonly.h"
 
+#include <boost/asio/post.hpp>
+#include <boost/asio/thread_pool.hpp>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -14,7 +17,7 @@ namespace emulator {
 namespace {
 
 // They wait for the network most of the time; more tills than this wait for each other.
-constexpr int exchangesAtOnce = 256;
+constexpr std::size_t exchangesAtOnce = 256;
 
 HttpReply replyOf(const UpstreamAnswer &answer)
 {
@@ -63,9 +66,8 @@ Recorder::Recorder(const RecorderSettings &settings)
     : m_masksCards(settings.masksCards)
     , m_folder(settings.folder)
     , m_upstream(settings.upstream)
-{
-    m_threads.setMaxThreadCount(exchangesAtOnce);
-}
+    , m_threads(std::make_unique<boost::asio::thread_pool>(exchangesAtOnce))
+{ }
 
 Recorder::~Recorder()
 {
@@ -80,7 +82,7 @@ void Recorder::answer(const HttpRequest &request, const Respond &respond)
     }
     QElapsedTimer time;
     time.start();
-    m_threads.start([this, request, respond, exchange = begun(request), time] {
+    boost::asio::post(*m_threads, [this, request, respond, exchange = begun(request), time] {
         pass(request, respond, exchange, time);
     });
 }
@@ -88,7 +90,7 @@ void Recorder::answer(const HttpRequest &request, const Respond &respond)
 void Recorder::stop()
 {
     m_upstream.cancel();
-    m_threads.waitForDone();
+    m_threads->join();
 }
 
 RecordedExchange Recorder::begun(const HttpRequest &request)

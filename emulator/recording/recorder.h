@@ -5,7 +5,12 @@
 #include "emulator/soap/schema.h"
 
 #include <QElapsedTimer>
-#include <QThreadPool>
+
+#include <memory>
+
+namespace boost::asio {
+class thread_pool;
+}
 
 namespace emulator {
 
@@ -44,7 +49,8 @@ private:
     const MessageSchema m_schema;
     RecordingFolder m_folder;
     Upstream m_upstream;
-    QThreadPool m_threads; ///< goes first: what runs on it uses the others
+    std::unique_ptr<boost::asio::thread_pool>
+        m_threads; ///< goes first: what runs on it uses the others
 };
 
 } // namespace emulator

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <atomic>
 #include <chrono>
 #include <thread>
 
@@ -41,6 +43,25 @@ TEST(ConnectAttempt, FailsWhereAnExchangeWouldFindNoTrust)
 
     EXPECT_FALSE(connects(server.url()));
     EXPECT_TRUE(connects(server.url(), trusting));
+}
+
+TEST(ConnectAttempt, SharesNamesAndSessionsWithThoseOfOtherThreads)
+{
+    const TlsServer server;
+    ExchangeSettings trusting;
+    trusting.caFile = QFile::encodeName(server.certificateFile());
+    std::atomic<int> connected = 0;
+    std::array<std::jthread, 4> threads;
+    for (std::jthread &thread : threads) {
+        thread = std::jthread([&] {
+            for (int i = 0; i < 5; ++i)
+                connected += connects(server.url(), trusting) ? 1 : 0;
+        });
+    }
+    for (std::jthread &thread : threads)
+        thread.join();
+
+    EXPECT_EQ(connected, 20);
 }
 
 TEST(ConnectAttempt, EndsEarlyWhenAskedToStop)

@@ -9,6 +9,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <array>
+#include <atomic>
+#include <thread>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -250,6 +254,28 @@ TEST_F(ExchangeMemoryTest, KeepsWhatFollowedTheForgotten)
 
     m_memory.forget(first);
     EXPECT_EQ(recalled(), second);
+}
+
+TEST_F(ExchangeMemoryTest, MayBeUsedByThreadsAtOnce)
+{
+    constexpr int times = 200;
+    constexpr std::size_t users = 4;
+    std::atomic<int> recalls = 0;
+    std::array<std::jthread, users> threads;
+    for (std::jthread &thread : threads) {
+        thread = std::jthread([this, &recalls] {
+            for (int i = 0; i < times; ++i) {
+                const auto knowledge = recalled();
+                recalls
+                    += knowledge != nullptr && knowledge->namesAndSessions.get() != nullptr ? 1 : 0;
+                m_memory.forget(knowledge);
+            }
+        });
+    }
+    for (std::jthread &thread : threads)
+        thread.join();
+
+    EXPECT_EQ(recalls, static_cast<int>(users) * times);
 }
 
 TEST(ExchangeMemoryOfTheProcess, IsForgottenByAProbeThatFailed)
