@@ -24,6 +24,10 @@ using Clock = std::chrono::steady_clock;
 constexpr int backlog = 16;
 constexpr qsizetype blockSize = 65536;
 constexpr int forEver = -1;
+// What is no longer asks nothing: the alert that ends TLS has 31 bytes at most, the handshake's
+// last word 51. A server's farewell to it would else count as an answer, whenever it comes before
+// the end of the connection does.
+constexpr qsizetype longestFarewell = 31;
 
 sockaddr_in loopback(quint16 port)
 {
@@ -68,14 +72,15 @@ public:
         return m_travelling.empty() ? std::nullopt : std::optional(m_travelling.front().arrival);
     }
 
-    /// Takes what is said now; false when that was the end.
-    bool take(Clock::duration delay)
+    /// Takes what is said now; how many bytes, 0 when that was the end.
+    qsizetype take(Clock::duration delay)
     {
         QByteArray block(blockSize, Qt::Uninitialized);
         const auto count = ::recv(m_from, block.data(), static_cast<std::size_t>(block.size()), 0);
         m_ended = count <= 0;
-        m_travelling.push_back({Clock::now() + delay, block.left(qMax(count, ssize_t{0}))});
-        return !m_ended;
+        block.truncate(qMax(count, ssize_t{0}));
+        m_travelling.push_back({Clock::now() + delay, block});
+        return block.size();
     }
 
     /// Hands over what has arrived; whether anything has.
@@ -192,9 +197,10 @@ void DelayingRelay::passOn(int client, qsizetype number)
         if (watched[2].revents != 0)
             break;
         if (watched[0].revents != 0)
-            isAsking = asked.take(hasHeard ? m_oneWay : m_oneWay + setUp) || isAsking;
+            isAsking
+                = asked.take(hasHeard ? m_oneWay : m_oneWay + setUp) > longestFarewell || isAsking;
         // Who has ended waits for nothing more; a server may still say farewell.
-        const bool isAnswered = watched[1].revents != 0 && answered.take(m_oneWay);
+        const bool isAnswered = watched[1].revents != 0 && answered.take(m_oneWay) > 0;
         if (isAnswered && std::exchange(isAsking, false) && !asked.hasEnded())
             noteRoundTrip(number);
         asked.deliver(Clock::now());
