@@ -1,6 +1,7 @@
 #include "till/accept/answer.h"
 
 #include "host/net/restclient.h"
+#include "till/wire/readablemarkup.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +31,7 @@ QDomElement childNamed(const QDomElement &parent, const QString &name)
 QDomElement payloadOf(const QDomDocument &document)
 {
     const QDomElement body = childNamed(document.documentElement(), u"Body"_s);
-    const QDomElement fault = childNamed(body, u"Fault"_s);
+    QDomElement fault = childNamed(body, u"Fault"_s);
     if (!fault.isNull())
         return fault;
     return childNamed(childNamed(body, u"ProcessRequestResponse"_s), u"ProcessRequestResult"_s)
@@ -66,14 +67,8 @@ QString Answer::kind() const
 
 void readBody(Answer &answer)
 {
-    int line = 0;
-    int column = 0;
-    QString reason;
-    if (!answer.document.setContent(answer.body, true, &reason, &line, &column)) {
-        answer.unreadable
-            = u"%1:%2: %3"_s.arg(QString::number(line), QString::number(column), reason);
+    if (!isReadableMarkup(answer.body) || !answer.document.setContent(answer.body, true))
         answer.document = {};
-    }
     answer.payload = payloadOf(answer.document);
 }
 

@@ -16,8 +16,7 @@ struct Answer
     int error = 0;
     QString errorText; ///< what the host says of it; empty without an error
     QByteArray body; ///< also of an answer that was no success
-    QDomDocument document; ///< null where the body is no XML
-    QString unreadable; ///< why it is none
+    QDomDocument document; ///< null where the body is no XML, or none that can be read in time
     /// BalanceResponse, ChequeResponse or Fault; null where there is none of them.
     QDomElement payload;
 

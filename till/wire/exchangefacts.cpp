@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QXmlStreamReader>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace till {
@@ -34,9 +36,9 @@ const QStringList &answers()
 class PayloadReader
 {
 public:
-    PayloadReader(const QByteArray &xml, const QStringList &payloads)
+    PayloadReader(const QByteArray &xml, QStringList payloads)
         : m_reader(xml)
-        , m_payloads(payloads)
+        , m_payloads(std::move(payloads))
     { }
 
     Values read()

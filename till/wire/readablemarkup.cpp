@@ -11,6 +11,8 @@ namespace {
 
 // The service's own elements have five at most.
 constexpr int mostAttributes = 64;
+// Its deepest have ten levels; a tree takes a time to build that grows with the square of them.
+constexpr int mostLevels = 256;
 constexpr qsizetype longestDeclaration = 200; // bytes
 
 constexpr std::array<QByteArrayView, 5> asciiEncodings{
@@ -77,6 +79,7 @@ private:
 
     bool pastElement()
     {
+        const bool closes = at("</");
         int attributes = 0;
         while (++m_place < m_xml.size() && m_xml.at(m_place) != '>') {
             const char sign = m_xml.at(m_place);
@@ -88,11 +91,16 @@ private:
             if (m_place < 0)
                 m_place = m_xml.size();
         }
-        return true;
+        if (closes)
+            --m_level;
+        else if (m_place < m_xml.size() && m_xml.at(m_place - 1) != '/')
+            ++m_level;
+        return m_level <= mostLevels;
     }
 
     const QByteArray &m_xml;
     qsizetype m_place = 0;
+    int m_level = 0; ///< of the elements around the place
 };
 
 } // namespace

@@ -20,6 +20,11 @@ QByteArray withAttributes(int count, const QByteArray &value = "\"1\"")
     return xml + "/>";
 }
 
+QByteArray nested(int levels, const QByteArray &innermost = {})
+{
+    return QByteArray("<a>").repeated(levels) + innermost + QByteArray("</a>").repeated(levels);
+}
+
 TEST(ReadableMarkupTest, EveryMessageOfTheProtocolIs)
 {
     const QDir samples(QStringLiteral(SAMPLES));
@@ -62,6 +67,11 @@ TEST(ReadableMarkupTest, TellsWhatCanBeReadFromWhatCannot)
         {"<?xml version='1.0' encoding='utf-16'?><a/>", false},
         {QByteArray("<\0a\0/\0>\0", 8), false},
         {"<?pi \" ?>" + withAttributes(65), false},
+        {nested(256), true},
+        {nested(257), false},
+        {nested(200) + nested(200), true},
+        {nested(256, "<b/><b c='/'/><!-- <b> --><![CDATA[<b>]]>"), true},
+        {nested(256, "<b c='1/'>"), false},
     };
     for (const Row &row : rows)
         EXPECT_EQ(till::isReadableMarkup(row.xml), row.isReadable)
