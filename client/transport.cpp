@@ -17,7 +17,7 @@ constexpr int indent = 1;
 /// Fills the document, or says where and why the answer cannot be read.
 std::optional<AnswerDefect> parse(const QByteArray &answer, QDomDocument &document)
 {
-    if (const auto defect = findDefect(answer))
+    if (auto defect = findDefect(answer))
         return defect;
     AnswerDefect defect;
     if (document.setContent(answer, &defect.text, &defect.line, &defect.column))

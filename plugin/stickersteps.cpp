@@ -142,7 +142,9 @@ private:
         const auto end = m_steps.begin() + static_cast<std::ptrdiff_t>(m_begins[row + 1]);
         const auto behind = std::upper_bound(begin, end, column,
             [](qint64 wanted, const Step &step) { return wanted < step.column; });
-        return behind == begin ? lessThanAny : std::prev(behind)->total;
+        if (behind == begin)
+            return lessThanAny;
+        return std::prev(behind)->total;
     }
 
     const Offers &m_offers;

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -48,7 +47,7 @@ ExitStatus startWindow(const RunOptions &options)
     const tr::Tr complaint = tr::Tr(u"tillWindowNotStarted"_s,
         u"окно %1 не запускается (%2); оно устанавливается рядом с korvel-till"_s)
                                  .arg(program)
-                                 .arg(QString::fromLocal8Bit(std::strerror(errno)));
+                                 .arg(qt_error_string(errno));
     std::cerr << "korvel-till: " << complaint.ui().toStdString() << std::endl;
     return ExitStatus::Unusable;
 }

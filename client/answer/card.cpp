@@ -62,6 +62,14 @@ void fillEmail(const QDomDocument &response, Client &client)
     client.setOption(ClientOptions::ElectronicCheque);
 }
 
+/// @param isForCustomer whether the customer is to know.
+KorvelException refusalOf(int status, bool isForCustomer)
+{
+    KorvelException refusal(forbiddenStatus(status));
+    refusal.setFlag(isForCustomer);
+    return refusal;
+}
+
 } // namespace
 
 void Interface::checkCardStatus(const QDomDocument &response) const
@@ -71,9 +79,7 @@ void Interface::checkCardStatus(const QDomDocument &response) const
     if (forbidden == m_forbiddenCardStatuses.cend())
         return;
     m_logger->error(u"Запрещенный статус карты: %1"_s.arg(status));
-    KorvelException refusal(forbiddenStatus(status));
-    refusal.setFlag(*forbidden);
-    throw refusal;
+    throw refusalOf(status, *forbidden);
 }
 
 QString Interface::getCardType(const QDomDocument &response) const

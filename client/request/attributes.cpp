@@ -63,7 +63,7 @@ QList<QDomElement> Interface::formPositionAttributes(const QMap<QString, QVarian
     QDomDocument &request, const QSharedPointer<GoodsItem> &position,
     const QList<ConfiguredSection> &sections) const
 {
-    const QList<QDomElement> stored = formStoredAttributes(data, request);
+    QList<QDomElement> stored = formStoredAttributes(data, request);
     // What the service returned wins over the configuration, which is for positions only.
     if (!stored.isEmpty())
         return stored;

@@ -42,7 +42,7 @@ public:
     /// For JSON, whose numbers are doubles to most readers; two decimals survive that.
     double toDouble() const { return toString().toDouble(); }
 
-    constexpr auto operator<=>(const Amount &) const = default;
+    constexpr auto operator<=>(const Amount &) const = default; // NOLINT(modernize-use-nullptr)
     constexpr Amount operator-() const { return ofHundredths(-m_hundredths); }
     constexpr Amount operator+(Amount other) const
     {
@@ -82,7 +82,7 @@ public:
     constexpr qint64 wholeUnits() const { return m_thousandths / thousandthsPerUnit; }
     QString toString() const;
 
-    constexpr auto operator<=>(const Quantity &) const = default;
+    constexpr auto operator<=>(const Quantity &) const = default; // NOLINT(modernize-use-nullptr)
     constexpr Quantity operator+(Quantity other) const
     {
         return ofThousandths(m_thousandths + other.m_thousandths);

@@ -1,5 +1,7 @@
 #include "emulator/amounts/decimal.h"
 
+#include <algorithm>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -11,11 +13,7 @@ __extension__ using Wide = __int128;
 
 bool isDigits(QStringView text)
 {
-    for (const QChar c : text) {
-        if (c < u'0' || c > u'9')
-            return false;
-    }
-    return true;
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
 
 Wide wideProduct(qint64 a, qint64 b)

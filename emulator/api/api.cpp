@@ -7,6 +7,8 @@
 #include "emulator/http/status.h"
 #include "emulator/soap/indentedxml.h"
 
+#include <ranges>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace emulator {
@@ -152,8 +154,8 @@ HttpReply Api::transactions() const
 HttpReply Api::exchanges(bool withTexts) const
 {
     Json list = Json::array();
-    for (auto it = m_log.exchanges().rbegin(); it != m_log.exchanges().rend(); ++it)
-        list.push_back(exchangeJson(*it, withTexts));
+    for (const Exchange &exchange : m_log.exchanges() | std::views::reverse)
+        list.push_back(exchangeJson(exchange, withTexts));
     return jsonReply(list);
 }
 

@@ -7,7 +7,7 @@ namespace emulator {
 namespace {
 
 constexpr std::size_t greatestCount = 500;
-constexpr qsizetype greatestBytes = 32 * 1024 * 1024;
+constexpr qsizetype greatestBytes = qsizetype{32} * 1024 * 1024;
 
 qsizetype sizeOf(const Exchange &exchange)
 {

@@ -35,7 +35,7 @@ QString Coupons::issue(const InstantCouponRule &rule, qint64 transaction)
     const qint64 sequence = m_database.change(
         u"INSERT INTO issued_coupons (percent, amount, transaction_id) VALUES (?, ?, ?)"_s,
         {percentValue(rule.reduction), amountValue(rule.reduction), transaction});
-    const QString number = couponNumber(rule.prefix, sequence);
+    QString number = couponNumber(rule.prefix, sequence);
     m_database.change(u"UPDATE issued_coupons SET number = ? WHERE id = ?"_s, {number, sequence});
     return number;
 }

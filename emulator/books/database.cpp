@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -26,8 +25,8 @@ void createPrivateFile(const QString &path)
     const int descriptor
         = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, ownerOnly);
     if (descriptor < 0)
-        throw BooksError(u"%1: the state file cannot be opened: %2"_s.arg(
-            path, QString::fromLocal8Bit(std::strerror(errno))));
+        throw BooksError(
+            u"%1: the state file cannot be opened: %2"_s.arg(path, qt_error_string(errno)));
     ::fchmod(descriptor, ownerOnly);
     ::close(descriptor);
 }

@@ -15,7 +15,7 @@ constexpr double greatestConfiguredAmount = 1e9;
 constexpr double twoDecimalsTolerance = 1e-5;
 
 /// One step of a JSON pointer, with "~" and "/" escaped as RFC 6901 says.
-std::string pointerStep(std::string name)
+std::string pointerStep(const std::string &name)
 {
     std::string step = "/";
     for (const char c : name) {
@@ -104,7 +104,7 @@ QString JsonValue::text() const
 {
     if (!m_value.is_string())
         expected("a text");
-    const QString text = QString::fromStdString(m_value.get_ref<const std::string &>());
+    QString text = QString::fromStdString(m_value.get_ref<const std::string &>());
     if (!fitsIntoXml(text))
         expected("a text without control characters");
     return text;
@@ -112,7 +112,7 @@ QString JsonValue::text() const
 
 QString JsonValue::textWithContent() const
 {
-    const QString content = text();
+    QString content = text();
     if (content.isEmpty())
         expected("a text that is not empty");
     return content;

@@ -53,7 +53,7 @@ Percent optionalPercent(const JsonValue &value, const char *name)
 Reduction readReduction(const JsonValue &value)
 {
     if (value.has("percent") == value.has("amount"))
-        value.expected("either \"percent\" or \"amount\"");
+        value.expected(R"(either "percent" or "amount")");
     if (value.has("percent"))
         return value.member("percent").percent();
     return value.member("amount").amount();
@@ -69,7 +69,7 @@ Reduction optionalReduction(const JsonValue &value)
 QString digits(const JsonValue &value)
 {
     static const QRegularExpression onlyDigits(u"^[0-9]+$"_s);
-    const QString text = value.text();
+    QString text = value.text();
     if (!onlyDigits.match(text).hasMatch())
         value.expected("digits");
     return text;
@@ -78,7 +78,7 @@ QString digits(const JsonValue &value)
 /// A text whose placeholders are all known, so that a slip shows at the start and not on a cheque.
 QString readTemplate(const JsonValue &value, const QStringList &known)
 {
-    const QString text = value.text();
+    QString text = value.text();
     for (const QString &name : placeholdersOf(text)) {
         if (!known.contains(name))
             value.expected("only the placeholders {" + known.join(u"} {"_s).toStdString() + "}");

@@ -44,7 +44,7 @@ void openCards(const DeskContext &context)
 
 std::optional<Card> findCard(const DeskContext &context, const QString &number)
 {
-    if (const auto card = context.books.cards.find(number))
+    if (auto card = context.books.cards.find(number))
         return card;
     const TechnicalCards &technical = context.data.technicalCards;
     if (technical.prefix.isEmpty() || !number.startsWith(technical.prefix))

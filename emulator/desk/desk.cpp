@@ -64,7 +64,7 @@ Answer Desk::answer(const Request &request)
     if (const auto forced = forcedOutcome(request))
         return refuse(request, *forced);
     const DeskContext current = context();
-    const Answer answer = std::visit(Dispatch{current}, request);
+    Answer answer = std::visit(Dispatch{current}, request);
     if (checksBooks)
         requireOrder(m_books, cardOf(request));
     return answer;

@@ -106,7 +106,7 @@ Answer book(
     BooksTransaction transaction(context.books.database);
     const auto card = findCard(context, request.card);
     keepTechnicalCard(context, *card);
-    const ChequeAnswer answer{{}, bookReturn(context, request, sale, parts)};
+    ChequeAnswer answer{{}, bookReturn(context, request, sale, parts)};
     keepAnswer(context, answer);
     transaction.commit();
     return answer;

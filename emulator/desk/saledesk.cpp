@@ -70,7 +70,7 @@ Answer book(const DeskContext &context, const SaleRequest &request, const Quote 
     const QString &fingerprint)
 {
     BooksTransaction transaction(context.books.database);
-    const ChequeAnswer answer{{}, bookSale(context, keyOf(request), quote, fingerprint)};
+    ChequeAnswer answer{{}, bookSale(context, keyOf(request), quote, fingerprint)};
     keepAnswer(context, answer);
     context.books.calculations.forget(keyOf(request));
     transaction.commit();

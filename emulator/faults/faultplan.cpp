@@ -76,7 +76,7 @@ std::optional<Fault> FaultPlan::take(Operation operation)
     if (found == m_entries.end())
         return {};
     Fault &fault = std::get<Fault>(found->fault);
-    const Fault taken = fault;
+    Fault taken = fault;
     if (fault.left && --*fault.left == 0)
         m_entries.erase(found);
     return taken;
@@ -90,7 +90,7 @@ std::optional<ConnectionFault> FaultPlan::takeForConnection()
     if (found == m_entries.end())
         return {};
     ConnectionFault &fault = std::get<ConnectionFault>(found->fault);
-    const ConnectionFault taken = fault;
+    ConnectionFault taken = fault;
     if (--fault.left == 0)
         m_entries.erase(found);
     return taken;

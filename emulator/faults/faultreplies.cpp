@@ -9,7 +9,7 @@ namespace emulator {
 
 namespace {
 
-constexpr qsizetype hugeSize = 8 * 1024 * 1024;
+constexpr qsizetype hugeSize = qsizetype{8} * 1024 * 1024;
 
 HttpReply xmlReply(const QByteArray &body)
 {

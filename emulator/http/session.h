@@ -55,7 +55,7 @@ public:
     }
 
 private:
-    static constexpr std::uint64_t greatestBody = 16 * 1024 * 1024;
+    static constexpr std::uint64_t greatestBody = std::uint64_t{16} * 1024 * 1024;
     static constexpr std::chrono::seconds timeToRead{30};
     static constexpr std::chrono::seconds timeToDrain{2};
     static constexpr std::chrono::minutes longestSilence{10};

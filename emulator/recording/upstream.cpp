@@ -15,7 +15,7 @@ namespace {
 
 constexpr long on = 1;
 constexpr long matchHostName = 2;
-constexpr qsizetype greatestAnswer = 64 * 1024 * 1024;
+constexpr qsizetype greatestAnswer = qsizetype{64} * 1024 * 1024;
 
 struct Release
 {
@@ -162,7 +162,7 @@ QString failureOf(CURLcode result, const Received &received, const char *detail)
     if (result == CURLE_ABORTED_BY_CALLBACK)
         return u"the recorder was stopped"_s;
     if (received.isTooLarge)
-        return u"the answer is larger than %1 MiB"_s.arg(greatestAnswer / (1024 * 1024));
+        return u"the answer is larger than %1 MiB"_s.arg(greatestAnswer / (qsizetype{1024} * 1024));
     if (result != CURLE_OK)
         return QString::fromLocal8Bit(*detail ? detail : curl_easy_strerror(result)).simplified();
     // Of a head that was cut the library says nothing.

@@ -288,11 +288,11 @@ QStringList Config::getSections(const QString &pattern) const
     return names;
 }
 
-QStringList Config::getKeys(const QString &name) const
+QStringList Config::getKeys(const QString &section) const
 {
-    for (const Section &section : m_sections)
-        if (section.name == name)
-            return section.keys;
+    for (const Section &known : m_sections)
+        if (known.name == section)
+            return known.keys;
     return {};
 }
 

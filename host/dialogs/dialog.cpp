@@ -8,7 +8,8 @@ namespace {
 
 void say(const tr::Tr &message)
 {
-    std::fputs(qPrintable(message.ui() + u'\n'), stderr);
+    // Where standard error cannot be written to, nobody can be told.
+    static_cast<void>(std::fputs(qPrintable(message.ui() + u'\n'), stderr));
 }
 
 } // namespace

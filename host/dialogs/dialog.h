@@ -7,18 +7,18 @@
 #include <QString>
 #include <QVariant>
 
-namespace core {
+#include <utility>
 
-namespace BasicDialog {
+namespace core::BasicDialog {
 
 /// What a form was answered with; made by default it is a cancelled one.
 class Result
 {
 public:
     Result() = default;
-    explicit Result(const QVariant &data)
+    explicit Result(QVariant data)
         : m_canceled(false)
-        , m_data(data)
+        , m_data(std::move(data))
     { }
     [[nodiscard]] bool canceled() const { return m_canceled; }
     /// What was entered; invalid when cancelled.
@@ -29,8 +29,7 @@ private:
     QVariant m_data;
 };
 
-} // namespace BasicDialog
-} // namespace core
+} // namespace core::BasicDialog
 
 /// How a dialog looks and how long it stays, with the host's own codes.
 enum class EDialogKind : int
@@ -68,12 +67,15 @@ public:
     virtual ~Dialog();
     Q_DISABLE_COPY_MOVE(Dialog)
 
+    // Callers leave these out, and every dialog that overrides them is called by this class.
+    // NOLINTBEGIN(google-default-arguments)
     virtual void showMessage(const tr::Tr &message, EDialogKind kind = EDialogKind::Attention,
         EDialogDuration duration = EDialogDuration::UntilAnswered);
     /// True when the first choice was taken.
     virtual bool showChoice(const tr::Tr &question, const tr::Tr &accept, const tr::Tr &reject,
         EDialogKind kind = EDialogKind::Attention,
         EDialogDuration duration = EDialogDuration::UntilAnswered);
+    // NOLINTEND(google-default-arguments)
     virtual core::BasicDialog::Result showInputTextForm(const InputTextFormParameters &parameters);
 };
 

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
-AbstractDocument::AbstractDocument(EDocumentType type, const QString &number)
+AbstractDocument::AbstractDocument(EDocumentType type, QString number)
     : m_type(type)
-    , m_number(number)
+    , m_number(std::move(number))
 {
     setObjectName(QStringLiteral("document"));
 }

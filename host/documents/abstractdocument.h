@@ -55,7 +55,7 @@ class POSHOST_EXPORT AbstractDocument : public QObject
     Q_PROPERTY(QString cardNumber READ getCardNumber)
 
 public:
-    AbstractDocument(EDocumentType type, const QString &number);
+    AbstractDocument(EDocumentType type, QString number);
     ~AbstractDocument() override;
 
     [[nodiscard]] virtual EDocumentType getType() const { return m_type; }

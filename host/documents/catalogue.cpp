@@ -10,6 +10,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -56,11 +57,10 @@ bool startsWithAny(const QString &scanned, const QStringList &prefixes)
 
 } // namespace
 
-Catalogue::Catalogue(
-    const QList<Article> &articles, const ScanRules &scanRules, const TillPlace &place)
-    : m_articles(articles)
+Catalogue::Catalogue(QList<Article> articles, const ScanRules &scanRules, TillPlace place)
+    : m_articles(std::move(articles))
     , m_scanRules(scanRules)
-    , m_place(place)
+    , m_place(std::move(place))
 {
     for (qsizetype i = 0; i < m_articles.size(); ++i) {
         m_byCode.insert(m_articles.at(i).code, i);

@@ -11,7 +11,7 @@
 
 namespace EImpactSource {
 /// Who grants an impact.
-enum source : int
+enum source : int // NOLINT(readability-identifier-naming): the name that hosts give it
 {
     LoyaltySystem = 2
 };
@@ -19,7 +19,7 @@ enum source : int
 
 namespace EDiscountObject {
 /// What an impact is granted on.
-enum type : int
+enum type : int // NOLINT(readability-identifier-naming)
 {
     Position = 1
 };
@@ -27,7 +27,7 @@ enum type : int
 
 namespace EDiscountMode {
 /// How an impact came about.
-enum type : int
+enum type : int // NOLINT(readability-identifier-naming)
 {
     Automatic = 2
 };
@@ -35,7 +35,7 @@ enum type : int
 
 namespace EDiscountType {
 /// How an impact is measured.
-enum type : int
+enum type : int // NOLINT(readability-identifier-naming)
 {
     Percentage = 1,
     Points = 5

@@ -24,7 +24,7 @@ void GoodsItem::recalculate()
 
 QSharedPointer<GoodsItem> GoodsItem::copy() const
 {
-    const auto result = QSharedPointer<GoodsItem>::create();
+    auto result = QSharedPointer<GoodsItem>::create();
     result->setObjectName(objectName());
     result->m_posnum = m_posnum;
     result->m_code = m_code;

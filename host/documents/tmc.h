@@ -7,6 +7,8 @@
 #include <QSharedPointer>
 #include <QString>
 
+#include <utility>
+
 /// A further price of an article, known by its code. A QObject so that masks can read it.
 class POSHOST_EXPORT TmcIndexPrice : public QObject
 {
@@ -31,8 +33,8 @@ class POSHOST_EXPORT TmcUnit
 {
 public:
     TmcUnit() = default;
-    TmcUnit(const QString &name, bool fractional)
-        : m_name(name)
+    TmcUnit(QString name, bool fractional)
+        : m_name(std::move(name))
         , m_fractional(fractional)
     { }
 

@@ -87,9 +87,9 @@ QString withCount(QString text, int count)
 
 } // namespace
 
-Tr::Tr(const QString &id, const QString &text)
-    : m_id(id)
-    , m_text(text)
+Tr::Tr(QString id, QString text)
+    : m_id(std::move(id))
+    , m_text(std::move(text))
 { }
 
 Tr Tr::with(const QVariant &argument) const

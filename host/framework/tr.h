@@ -23,7 +23,7 @@ public:
     Tr() = default;
     /// @param id   id of the message; `tr::undefined` for a text that is not ours.
     /// @param text Russian text, with "%1", "%2", … where arguments belong.
-    Tr(const QString &id, const QString &text);
+    Tr(QString id, QString text);
 
     /// Returns this message with the next free placeholder filled.
     [[nodiscard]] Tr arg(const QString &argument) const;
@@ -47,7 +47,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return m_text.isEmpty(); }
 
     /// The message as a value of an event's arguments.
-    operator QVariant() const;
+    operator QVariant() const; // NOLINT(google-explicit-constructor): given as one everywhere
 
     friend bool operator==(const Tr &left, const Tr &right) = default;
 

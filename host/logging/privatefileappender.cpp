@@ -8,7 +8,7 @@ namespace logging {
 
 namespace {
 
-constexpr long maxFileBytes = 1024 * 1024;
+constexpr long maxFileBytes = 1024L * 1024;
 constexpr int olderFiles = 4;
 
 } // namespace

@@ -7,7 +7,7 @@
 namespace {
 
 // All heads of one exchange together: interim answers (1xx) may come in any number.
-constexpr qint64 maxHeadBytes = 64 * 1024;
+constexpr qint64 maxHeadBytes = qint64{64} * 1024;
 
 bool startsHead(QByteArrayView line)
 {

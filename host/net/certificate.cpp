@@ -52,7 +52,7 @@ QString entryText(const X509_NAME *name, int index)
     const int length = ASN1_STRING_to_UTF8(&text, value);
     if (length < 0)
         return {};
-    const QString result = QString::fromUtf8(reinterpret_cast<const char *>(text), length);
+    QString result = QString::fromUtf8(reinterpret_cast<const char *>(text), length);
     OPENSSL_free(text);
     return result;
 }

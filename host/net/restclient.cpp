@@ -54,7 +54,7 @@ ExchangeOutcome guardedExchange(const ExchangeRequest &request)
     if (!breakers.admits(server))
         return {
             RestClient::BreakerOpen, {}, u"not tried, the exchanges before it had failed"_s, {}};
-    const ExchangeOutcome outcome = exchange(request, settings);
+    ExchangeOutcome outcome = exchange(request, settings);
     if (speaksAgainstServer(outcome.error))
         breakers.noteFailure(
             server, settings.breaker, [url = request.url, settings](const std::stop_token &stop) {

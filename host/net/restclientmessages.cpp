@@ -48,7 +48,7 @@ tr::Tr restClientMessage(int error, const QUrl &url, std::chrono::seconds limit)
         return tr::Tr(u"restClientHttpStatus"_s, u"Сервер %1 ответил ошибкой %2"_s)
             .arg(server)
             .arg(QString::number(error));
-    const tr::Tr message = messages().value(
+    tr::Tr message = messages().value(
         error, tr::Tr(u"restClientExchangeFailed"_s, u"Ошибка обмена с сервером %1"_s));
     if (error == RestClient::BadAddress)
         return message;

@@ -126,9 +126,9 @@ void DBQueueBroker::enqueue(
     }
 }
 
-void DBQueueBroker::setVerdict(const QString &queue, VerdictFunction verdict)
+void DBQueueBroker::setVerdict(const QString &queue, const VerdictFunction &verdict)
 {
-    m_verdicts.insert(queue, std::move(verdict));
+    m_verdicts.insert(queue, verdict);
 }
 
 DeliveryReport DBQueueBroker::deliver(const DeliveryObserver &observer)

@@ -51,7 +51,7 @@ public:
 
     /// Sets who judges the answers to messages of that queue. Without anybody every 2xx answer
     /// means delivered and everything else another attempt.
-    void setVerdict(const QString &queue, VerdictFunction verdict);
+    void setVerdict(const QString &queue, const VerdictFunction &verdict);
     /// Sends every waiting message once, in the order of enqueueing, and waits for the answers. The
     /// attempt is counted on disk before the request goes out. After three exchanges in a row
     /// without an answer the pass ends.

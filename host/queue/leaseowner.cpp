@@ -5,10 +5,9 @@
 #include <QRegularExpression>
 #include <QSysInfo>
 
-#include <signal.h>
-
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 
 using namespace Qt::Literals::StringLiterals;
 

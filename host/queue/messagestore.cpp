@@ -50,9 +50,9 @@ MessageStore::MessageStore(const QString &fileName, const tr::Tr &knownDamage)
     : MessageStore(std::make_unique<QueueFile>(fileName, knownDamage), leaseowner::makeName())
 { }
 
-MessageStore::MessageStore(std::unique_ptr<QueueHome> home, const QString &owner)
+MessageStore::MessageStore(std::unique_ptr<QueueHome> home, QString owner)
     : m_home(std::move(home))
-    , m_owner(owner)
+    , m_owner(std::move(owner))
 { }
 
 void MessageStore::append(const QueueMessage &message)
@@ -133,7 +133,7 @@ void MessageStore::removeMoved(const QList<QueueMessage> &messages)
 CheckedOut MessageStore::checkOut(const Wanted &wanted)
 {
     QueueTransaction transaction(database());
-    const CheckedOut next = takeNext(wanted);
+    CheckedOut next = takeNext(wanted);
     transaction.commit();
     return next;
 }
@@ -142,7 +142,7 @@ CheckedOut MessageStore::settleAndCheckOut(const QueueMessage &message, const Wa
 {
     QueueTransaction transaction(database());
     noteOutcome(message);
-    const CheckedOut next = takeNext(wanted);
+    CheckedOut next = takeNext(wanted);
     transaction.commit();
     if (++m_settled % settledBetweenSums == 0)
         sumCounts();

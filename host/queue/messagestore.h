@@ -45,7 +45,7 @@ public:
     /// Opens the queue's file, see `QueueFile`.
     explicit MessageStore(const QString &fileName, const tr::Tr &knownDamage = {});
     /// @param owner name of this deliverer, different from that of any other.
-    MessageStore(std::unique_ptr<QueueHome> home, const QString &owner);
+    MessageStore(std::unique_ptr<QueueHome> home, QString owner);
 
     /// Where the messages are.
     [[nodiscard]] QString fileName() const { return database().fileName(); }

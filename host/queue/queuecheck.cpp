@@ -13,6 +13,7 @@ namespace queuecheck {
 namespace {
 
 const QString lastReading = u"last_reading"_s;
+constexpr qint64 secondsPerHour = 3600;
 
 // The database removes its log when the last one who has it open closes it.
 bool hasLog(const QString &fileName)
@@ -38,7 +39,8 @@ bool wasReadLately(QueueDatabase &database)
     const QDateTime now = MockFactory<CurrentTime>::create()->currentDateTime();
     const QDateTime last = messagerow::readTime(database.fact(lastReading));
     // A reading in the future was made by a clock that ran ahead and says nothing.
-    return last.isValid() && last <= now && last.addSecs(hoursBetweenReadings * 3600) > now;
+    return last.isValid() && last <= now
+        && last.addSecs(hoursBetweenReadings * secondsPerHour) > now;
 }
 
 bool isKnown(QueueDatabase &database)

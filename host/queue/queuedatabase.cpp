@@ -37,8 +37,8 @@ QueueConnection::~QueueConnection()
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QueueDatabase::QueueDatabase(const QString &fileName, Use use)
-    : m_fileName(fileName)
+QueueDatabase::QueueDatabase(QString fileName, Use use)
+    : m_fileName(std::move(fileName))
     , m_dialect(sqldialect::sqlite())
     , m_connection(m_dialect.driver)
 {

@@ -52,7 +52,7 @@ public:
 
     /// Opens the file, which the database makes where it is missing and to be worked; its tables
     /// are not looked at.
-    explicit QueueDatabase(const QString &fileName, Use use = Use::Work);
+    explicit QueueDatabase(QString fileName, Use use = Use::Work);
 
     /// Connects to a server until then; its tables are not looked at.
     explicit QueueDatabase(

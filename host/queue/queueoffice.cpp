@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -45,10 +46,10 @@ QStringList changeEach(QueueDatabase &database, const QString &statement,
 
 } // namespace
 
-QueueOffice::QueueOffice(MessageStore &store, const Beside &beside)
+QueueOffice::QueueOffice(MessageStore &store, Beside beside)
     : m_store(store)
     , m_database(store.database())
-    , m_beside(beside)
+    , m_beside(std::move(beside))
 { }
 
 QString QueueOffice::fileName() const
@@ -212,7 +213,7 @@ QList<QueueMessage> QueueOffice::ofDocument(const QString &correlationId)
 
 QStringList QueueOffice::retry(const QStringList &ids)
 {
-    const QStringList changed = changeEach(m_database,
+    QStringList changed = changeEach(m_database,
         u"UPDATE messages SET state = 'pending', next_attempt = ?, deliverers_lost = 0, "
         u"answered_otherwise_since = '', settled = '' WHERE state IN ('pending', 'parked', "
         u"'refused') AND moved_to = '' AND id = ?"_s,

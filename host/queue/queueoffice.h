@@ -30,7 +30,7 @@ public:
         QList<QueueMessage> spilled; ///< what this machine's own store could not take yet
     };
 
-    explicit QueueOffice(MessageStore &store, const Beside &beside = {{}, nullptr, {}});
+    explicit QueueOffice(MessageStore &store, Beside beside = {{}, nullptr, {}});
 
     /// The file that the messages are in.
     [[nodiscard]] QString fileName() const;

@@ -47,7 +47,7 @@ QString freeName(const QString &fileName)
 
 QString move(const QString &fileName)
 {
-    const QString aside = freeName(fileName);
+    QString aside = freeName(fileName);
     // The file first: a log that is left without it is seen and kept, while a file that is left
     // without its log would pass for a whole one.
     for (const QString &suffix : QStringList{u""_s} + companions())

@@ -9,6 +9,8 @@
 
 #include <fcntl.h>
 
+#include <utility>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -69,8 +71,8 @@ void keepUnreadable(const QString &fileName, const QByteArray &lines)
 
 } // namespace
 
-SpillFile::SpillFile(const QString &fileName)
-    : m_fileName(fileName)
+SpillFile::SpillFile(QString fileName)
+    : m_fileName(std::move(fileName))
 { }
 
 bool SpillFile::isEmpty() const

@@ -15,7 +15,7 @@
 class POSHOST_EXPORT SpillFile
 {
 public:
-    explicit SpillFile(const QString &fileName);
+    explicit SpillFile(QString fileName);
 
     /// Whether there is anything to take over.
     [[nodiscard]] bool isEmpty() const;

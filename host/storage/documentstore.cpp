@@ -68,7 +68,7 @@ bool DocumentStore::isClosedAlready(const AbstractDocument &document) const
 
 QSharedPointer<AbstractDocument> DocumentStore::loadOpen()
 {
-    const auto document = documentfile::load(folder().openDocument());
+    auto document = documentfile::load(folder().openDocument());
     if (!document)
         return {};
     if (document->getState() == EDocumentState::Closed)

@@ -7,8 +7,10 @@
 
 #include <fcntl.h>
 
-FileLock::FileLock(const QString &fileName)
-    : m_fileName(fileName)
+#include <utility>
+
+FileLock::FileLock(QString fileName)
+    : m_fileName(std::move(fileName))
 { }
 
 FileLock::~FileLock() = default;

@@ -20,7 +20,7 @@ class POSHOST_EXPORT FileLock
 public:
     /// @param fileName made where it is missing, readable by its owner only; never removed, since
     ///                 two processes could then lock two files of one name.
-    explicit FileLock(const QString &fileName);
+    explicit FileLock(QString fileName);
     ~FileLock();
     Q_DISABLE_COPY_MOVE(FileLock)
 

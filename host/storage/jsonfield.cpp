@@ -7,15 +7,16 @@
 #include <QJsonObject>
 
 #include <limits>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
-JsonField::JsonField(const QJsonValue &value)
-    : m_value(value)
+JsonField::JsonField(QJsonValue value)
+    : m_value(std::move(value))
 { }
 
-JsonField::JsonField(const QJsonValue &value, const QString &parentPointer, const QString &name)
-    : m_value(value)
+JsonField::JsonField(QJsonValue value, const QString &parentPointer, const QString &name)
+    : m_value(std::move(value))
     , m_pointer(parentPointer + u'/' + QString(name).replace(u'~', u"~0"_s).replace(u'/', u"~1"_s))
     , m_name(name)
 { }
@@ -24,7 +25,7 @@ JsonField JsonField::at(const QString &name) const
 {
     if (!m_value.isObject())
         fail({u"jsonObject"_s, u"объект"_s});
-    const JsonField member(m_value[name], m_pointer, name);
+    JsonField member(m_value[name], m_pointer, name);
     if (member.value().isUndefined())
         member.fail({u"jsonValue"_s, u"значение"_s});
     return member;
@@ -96,7 +97,7 @@ QDateTime JsonField::time() const
 {
     if (isNull())
         return {};
-    const QDateTime time = QDateTime::fromString(text(), Qt::ISODateWithMs);
+    QDateTime time = QDateTime::fromString(text(), Qt::ISODateWithMs);
     if (!time.isValid())
         fail({u"jsonDateTime"_s, u"дата и время или null"_s});
     return time;

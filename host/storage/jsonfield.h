@@ -20,7 +20,7 @@ class POSHOST_EXPORT JsonField
 {
 public:
     /// The whole of a file.
-    explicit JsonField(const QJsonValue &value);
+    explicit JsonField(QJsonValue value);
 
     /// A member of an object.
     [[nodiscard]] JsonField at(const QString &name) const;
@@ -49,7 +49,7 @@ public:
     [[noreturn]] void fail(const tr::Tr &expected) const;
 
 private:
-    JsonField(const QJsonValue &value, const QString &parentPointer, const QString &name);
+    JsonField(QJsonValue value, const QString &parentPointer, const QString &name);
 
     QJsonValue m_value;
     QString m_pointer;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t blanksOfALevel = 4;
 // Room for a hundred positions: more would be fetched from the system anew for each document.
-constexpr std::size_t usualSize = 120 * 1024;
+constexpr std::size_t usualSize = std::size_t{120} * 1024;
 constexpr int hexBase = 16;
 // Up to there every whole number is a double of its own, and its digits are the shortest.
 constexpr double wholeNumbersEnd = 9007199254740992.0;
@@ -64,7 +64,7 @@ void appendEscape(std::string &bytes, char16_t unit)
 
 void appendWhole(std::string &bytes, qint64 number)
 {
-    std::array<char, std::numeric_limits<qint64>::digits10 + 2> digits; // one more, and a sign
+    std::array<char, std::numeric_limits<qint64>::digits10 + 2> digits{}; // one more, and a sign
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     bytes.append(digits.data(), end);
 }

@@ -38,7 +38,7 @@ QVariant lookedUp(const QString &name, const QList<QObject *> &objects)
     for (const QObject *object : objects) {
         if (!object || (separator >= 0 && object->objectName() != objectName))
             continue;
-        if (const QVariant value = object->property(property.constData()); value.isValid())
+        if (QVariant value = object->property(property.constData()); value.isValid())
             return value;
     }
     return {};

@@ -78,10 +78,10 @@ namespace {
 QDomElement elementByTag(const QDomNode &scope, const QString &tag, int &left)
 {
     for (QDomNode child = scope.firstChild(); !child.isNull(); child = child.nextSibling()) {
-        const QDomElement element = child.toElement();
+        QDomElement element = child.toElement();
         if (!element.isNull() && element.tagName() == tag && left-- == 0)
             return element;
-        if (const QDomElement found = elementByTag(child, tag, left); !found.isNull())
+        if (QDomElement found = elementByTag(child, tag, left); !found.isNull())
             return found;
     }
     return {};

@@ -40,7 +40,7 @@ QString firstPrefixed(const QDomElement &element)
         return element.prefix() + u':' + nameOf(element);
     for (QDomElement child = element.firstChildElement(); !child.isNull();
          child = child.nextSiblingElement())
-        if (const QString found = firstPrefixed(child); !found.isEmpty())
+        if (QString found = firstPrefixed(child); !found.isEmpty())
             return found;
     return {};
 }

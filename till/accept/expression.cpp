@@ -3,6 +3,8 @@
 #include "host/documents/money.h"
 #include "till/accept/functions.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace till::accept {
@@ -13,15 +15,15 @@ namespace {
 class Evaluation
 {
 public:
-    Evaluation(const QString &text, Dialogue &dialogue, const Surroundings &surroundings)
-        : m_text(text)
+    Evaluation(QString text, Dialogue &dialogue, const Surroundings &surroundings)
+        : m_text(std::move(text))
         , m_dialogue(dialogue)
         , m_surroundings(surroundings)
     { }
 
     Value whole()
     {
-        const Value value = sum();
+        Value value = sum();
         if (peek() != QChar())
             fail();
         return value;
@@ -88,7 +90,7 @@ private:
     Value factor()
     {
         if (take(u'(')) {
-            const Value value = sum();
+            Value value = sum();
             if (!take(u')'))
                 fail();
             return value;
@@ -110,7 +112,7 @@ private:
         const qsizetype end = m_text.indexOf(u'\'', m_place + 1);
         if (end < 0)
             fail();
-        const QString text = m_text.mid(m_place + 1, end - m_place - 1);
+        QString text = m_text.mid(m_place + 1, end - m_place - 1);
         m_place = end + 1;
         return text;
     }

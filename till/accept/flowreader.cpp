@@ -11,6 +11,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace till::accept {
@@ -123,9 +125,9 @@ std::optional<Condition> readCondition(const JsonField &parent)
 class FlowReader
 {
 public:
-    FlowReader(const Acceptance &acceptance, const QDir &samples)
+    FlowReader(const Acceptance &acceptance, QDir samples)
         : m_acceptance(acceptance)
-        , m_samples(samples)
+        , m_samples(std::move(samples))
     { }
 
     [[nodiscard]] Flow flow(const JsonField &whole) const

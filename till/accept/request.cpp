@@ -9,6 +9,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -141,12 +142,12 @@ QString Request::textAt(const QStringList &path) const
     return found.isEmpty() ? QString() : found.first().text();
 }
 
-RequestComposer::RequestComposer(const QString &protocolFolder, const QString &card,
-    const Sender &sender, const QList<Article> &articles)
-    : m_protocolFolder(protocolFolder)
-    , m_card(card)
-    , m_sender(sender)
-    , m_articles(articles)
+RequestComposer::RequestComposer(
+    QString protocolFolder, QString card, Sender sender, QList<Article> articles)
+    : m_protocolFolder(std::move(protocolFolder))
+    , m_card(std::move(card))
+    , m_sender(std::move(sender))
+    , m_articles(std::move(articles))
 { }
 
 QDomDocument RequestComposer::sample(const QString &name) const

@@ -30,8 +30,7 @@ class RequestComposer
 public:
     /// @param card     that is asked about unless a step says otherwise.
     /// @param articles at least one; a step that wants more of them begins again with the first.
-    RequestComposer(const QString &protocolFolder, const QString &card, const Sender &sender,
-        const QList<Article> &articles);
+    RequestComposer(QString protocolFolder, QString card, Sender sender, QList<Article> articles);
 
     /// @throws ExpressionError, CannotDo when a sample or a path is not there.
     [[nodiscard]] Request compose(const Step &step, Dialogue &dialogue) const;

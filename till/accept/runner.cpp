@@ -169,7 +169,7 @@ bool Runner::runStep(
 
 Request Runner::composed(const Flow &flow, const Step &step, Dialogue &dialogue) const
 {
-    const Request request = m_composer.compose(step, dialogue);
+    Request request = m_composer.compose(step, dialogue);
     if (request.books() && !flow.writes)
         failOn(flow,
             tr::Tr(u"acceptBooksUnannounced"_s, u"шаг %1 проводит чек, а \"writes\" не указано"_s)

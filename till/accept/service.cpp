@@ -3,6 +3,8 @@
 #include "host/net/restclient.h"
 #include "till/accept/access.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace till::accept {
@@ -13,8 +15,8 @@ const QString wrongPassword = u"wrong on purpose"_s;
 
 } // namespace
 
-Service::Service(const Access &access)
-    : m_access(access)
+Service::Service(Access access)
+    : m_access(std::move(access))
 { }
 
 Answer Service::ask(const QByteArray &request, Credentials credentials) const

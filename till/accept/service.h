@@ -11,7 +11,7 @@ namespace till::accept {
 class Service
 {
 public:
-    explicit Service(const Access &access);
+    explicit Service(Access access);
 
     enum class Credentials
     {

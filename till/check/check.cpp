@@ -29,7 +29,7 @@ namespace {
 /// The file to be looked at; empty when there is none.
 QString fileToCheck(const QString &given)
 {
-    const QString file = configurationFile(given);
+    QString file = configurationFile(given);
     if (!file.isEmpty() && !QFileInfo::exists(file))
         throw ConfigError(tr::Tr(u"checkConfigMissing"_s,
             u"%1: нет такого файла; укажите файл настроек через --config"_s)

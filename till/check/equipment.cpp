@@ -47,7 +47,7 @@ QByteArray codesetOfEnvironment()
     const locale_t environment = ::newlocale(LC_CTYPE_MASK, "", nullptr);
     if (!environment)
         return {};
-    const QByteArray codeset = ::nl_langinfo_l(CODESET, environment);
+    QByteArray codeset = ::nl_langinfo_l(CODESET, environment);
     ::freelocale(environment);
     return codeset;
 }

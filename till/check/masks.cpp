@@ -3,6 +3,8 @@
 #include "host/config/valuereaders.h"
 #include "till/check/nearest.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace till::check {
@@ -15,11 +17,10 @@ const QString escaped = u"$${"_s;
 
 bool isKnown(const QString &name, const QStringList &properties)
 {
-    for (const QString &property : properties)
-        if (name.contains(u'.') ? config::matchesWildcard(name, property)
-                                : property.endsWith(u'.' + name))
-            return true;
-    return false;
+    return std::any_of(properties.cbegin(), properties.cend(), [&name](const QString &property) {
+        return name.contains(u'.') ? config::matchesWildcard(name, property)
+                                   : property.endsWith(u'.' + name);
+    });
 }
 
 /// As they can be written, with the object, unless that is a pattern, or without it.

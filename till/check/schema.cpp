@@ -7,6 +7,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace till::check {
@@ -106,10 +108,8 @@ Schema::Schema(const QByteArray &json)
 
 bool Schema::hasSection(const QString &section) const
 {
-    for (const QString &known : m_sections)
-        if (config::matchesWildcard(section, known))
-            return true;
-    return false;
+    return std::any_of(m_sections.cbegin(), m_sections.cend(),
+        [&section](const QString &known) { return config::matchesWildcard(section, known); });
 }
 
 const Setting *Schema::find(const QString &section, const QString &key) const

@@ -102,7 +102,7 @@ Findings judgeBalance(const Exchanged &exchanged, const ReadAnswer &read)
 
 Findings judgeAnswer(const Exchanged &exchanged, bool hasCard)
 {
-    const Findings byStatus = judgeStatus(exchanged);
+    Findings byStatus = judgeStatus(exchanged);
     if (!byStatus.isEmpty())
         return byStatus;
     const ReadAnswer read = AnswerSchema().read(exchanged.body);

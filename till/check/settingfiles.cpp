@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <ranges>
+
 using namespace Qt::StringLiterals;
 
 namespace till::check {
@@ -41,9 +43,9 @@ void SettingFiles::read(const QString &fileName)
 
 const Written *SettingFiles::find(const QString &name) const
 {
-    for (auto line = m_lines.crbegin(); line != m_lines.crend(); ++line)
-        if (line->name() == name)
-            return &*line;
+    for (const Written &line : m_lines | std::views::reverse)
+        if (line.name() == name)
+            return &line;
     return nullptr;
 }
 

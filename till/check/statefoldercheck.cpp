@@ -74,7 +74,7 @@ Findings judgeExisting(const QFileInfo &info)
 
 Findings judgeRoom(qint64 bytes, const QString &path)
 {
-    constexpr qint64 megabyte = 1024 * 1024;
+    constexpr qint64 megabyte = qint64{1024} * 1024;
     // A cheque takes some kilobytes, the log and the queue's ballast a few megabytes.
     constexpr qint64 little = 200 * megabyte;
     constexpr qint64 hardlyAny = 20 * megabyte;
@@ -94,7 +94,7 @@ Findings judgeStateFolder(const QString &path)
 {
     const QFileInfo info(path);
     const QFileInfo existing = nearestExisting(path);
-    const Findings found = info.exists() ? judgeExisting(info) : judgeMissing(path);
+    Findings found = info.exists() ? judgeExisting(info) : judgeMissing(path);
     if (worst(found) == Severity::Error)
         return found;
     return found + judgeRoom(QStorageInfo(existing.filePath()).bytesAvailable(), path);

@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 namespace till {
 
@@ -35,8 +36,8 @@ char **complete(const char *word, int start, int)
 
 } // namespace
 
-LineEditor::LineEditor(const QString &historyFile, const QStringList &articles)
-    : m_historyFile(historyFile)
+LineEditor::LineEditor(QString historyFile, const QStringList &articles)
+    : m_historyFile(std::move(historyFile))
 {
     articleCodes = articles;
     rl_attempted_completion_function = complete;

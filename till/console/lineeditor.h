@@ -15,7 +15,7 @@ class LineEditor
 public:
     /// @param historyFile made where it is missing, readable by its owner only.
     /// @param articles    codes of the catalogue, for completion.
-    LineEditor(const QString &historyFile, const QStringList &articles);
+    LineEditor(QString historyFile, const QStringList &articles);
     /// Writes the history.
     ~LineEditor();
     Q_DISABLE_COPY_MOVE(LineEditor)

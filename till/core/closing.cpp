@@ -131,7 +131,7 @@ QString Till::takeDoubtfulBooking() const
     if (!isRegistered() || !document()->isBookingUnknown())
         return {};
     const auto card = document()->getCardRecord(m_system->getCardMode());
-    const QString doubtful = card->getOperationId();
+    QString doubtful = card->getOperationId();
     card->setOperationId({});
     return doubtful;
 }

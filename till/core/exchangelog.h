@@ -28,7 +28,7 @@ public:
     /// How many are kept.
     static constexpr qsizetype capacity = 50;
     /// Bytes that are kept of a request and of an answer; what is longer is cut.
-    static constexpr qsizetype longestText = 256 * 1024;
+    static constexpr qsizetype longestText = qsizetype{256} * 1024;
 
     void add(const ExchangeRecord &record);
     /// Oldest first.

@@ -15,7 +15,7 @@ namespace {
 
 QSharedPointer<DocumentCardRecord> ownCopy(const DocumentCardRecord &cardOfSale)
 {
-    const auto copy = cardOfSale.copy();
+    auto copy = cardOfSale.copy();
     // The id is the sale's: with it, cancelling the return would roll the sale back.
     copy->setOperationId({});
     return copy;
@@ -39,7 +39,7 @@ void Till::requireEmptyDesk() const
 
 QSharedPointer<AbstractDocument> Till::makeDocument(EDocumentType type)
 {
-    const auto made = QSharedPointer<AbstractDocument>::create(
+    auto made = QSharedPointer<AbstractDocument>::create(
         type, m_store.nextNumber(m_catalogue.place().firstCheque));
     made->setPlace(m_catalogue.place().shop, m_catalogue.place().number);
     made->setCorrelationId(QUuid::createUuid().toString(QUuid::WithoutBraces));

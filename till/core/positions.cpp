@@ -12,7 +12,7 @@ namespace {
 
 QSharedPointer<GoodsItem> makePosition(const Article &article, const PositionRequest &request)
 {
-    const auto position = QSharedPointer<GoodsItem>::create();
+    auto position = QSharedPointer<GoodsItem>::create();
     position->setCode(article.code);
     position->setBarcode(article.barcodes.value(0));
     position->setName(article.name);

@@ -62,7 +62,7 @@ void Till::keep()
 
 QSharedPointer<AbstractDocument> Till::openDocument() const
 {
-    const auto open = document();
+    auto open = document();
     if (!open)
         throw CannotDo({u"cannotWithoutDocument"_s, u"нет открытого документа"_s},
             {u"cannotWithoutDocumentRemedy"_s, u"откройте продажу или возврат"_s});
@@ -71,7 +71,7 @@ QSharedPointer<AbstractDocument> Till::openDocument() const
 
 QSharedPointer<AbstractDocument> Till::openSaleOr(const tr::Tr &reason) const
 {
-    const auto open = openDocument();
+    auto open = openDocument();
     if (open->getType() != EDocumentType::Sale)
         throw CannotDo(
             reason, {u"cannotReturnFirst"_s, u"сначала закройте или отмените возврат"_s});
@@ -80,7 +80,7 @@ QSharedPointer<AbstractDocument> Till::openSaleOr(const tr::Tr &reason) const
 
 QSharedPointer<GoodsItem> Till::openPosition(int posnum) const
 {
-    const auto position = openDocument()->getPosition(posnum);
+    auto position = openDocument()->getPosition(posnum);
     if (!position)
         throw CannotDo(tr::Tr(u"cannotFindPosition"_s, u"в документе нет позиции %1"_s)
                            .arg(QString::number(posnum)),

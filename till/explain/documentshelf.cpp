@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -24,8 +25,8 @@ bool isFileName(const QString &number)
 
 } // namespace
 
-DocumentShelf::DocumentShelf(const QString &stateFolder)
-    : m_stateFolder(stateFolder)
+DocumentShelf::DocumentShelf(QString stateFolder)
+    : m_stateFolder(std::move(stateFolder))
 { }
 
 QString DocumentShelf::closedFolder() const

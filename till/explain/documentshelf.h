@@ -13,7 +13,7 @@ namespace till::explain {
 class DocumentShelf
 {
 public:
-    explicit DocumentShelf(const QString &stateFolder);
+    explicit DocumentShelf(QString stateFolder);
 
     /// Documents of that number: the closed one, the open one.
     [[nodiscard]] QList<QSharedPointer<AbstractDocument>> numbered(const QString &number);

@@ -36,7 +36,7 @@ bool mayBeBooked(const Evidence &evidence)
 
 tr::Tr whyWaiting(const Evidence &evidence, const QueueMessage &message)
 {
-    const tr::Tr why = mayBeBooked(evidence)
+    tr::Tr why = mayBeBooked(evidence)
         ? tr::Tr(u"explainWhyWaitingUnanswered"_s,
             u"На запрос провести документ ответа не было, и он ждёт в очереди отправки. Если "
             u"система "

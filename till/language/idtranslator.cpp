@@ -9,7 +9,7 @@ namespace till {
 QString IdTranslator::translate(
     const char *context, const char *id, const char *disambiguation, int count) const
 {
-    const QString own = QTranslator::translate(context, id, disambiguation, count);
+    QString own = QTranslator::translate(context, id, disambiguation, count);
     if (!own.isNull())
         return own;
     static const QRegularExpression numbered(u"^(.*?)(-?\\d+)$"_s);

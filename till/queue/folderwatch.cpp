@@ -11,7 +11,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstring>
 #include <span>
 
 using namespace Qt::StringLiterals;
@@ -37,7 +36,7 @@ FolderWatch::FolderWatch(const QString &folder, const StopRequest &stop)
     if (m_descriptor >= 0
         && ::inotify_add_watch(m_descriptor, QFile::encodeName(folder).constData(), changes) >= 0)
         return;
-    const QString reason = QString::fromLocal8Bit(std::strerror(errno));
+    const QString reason = qt_error_string(errno);
     ::close(m_descriptor);
     throw StorageError(tr::Tr(u"queueFolderNotWatched"_s,
         u"%1: не удаётся следить за папкой (%2); увеличьте "

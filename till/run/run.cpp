@@ -17,7 +17,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -56,7 +55,7 @@ public:
         if (!m_file || std::filesystem::is_directory(path.constData()))
             throw CannotDo(tr::Tr(u"cannotReadScript"_s, u"не удаётся прочитать сценарий %1 (%2)"_s)
                                .arg(fileName)
-                               .arg(QString::fromLocal8Bit(std::strerror(m_file ? EISDIR : errno))),
+                               .arg(qt_error_string(m_file ? EISDIR : errno)),
                 {u"cannotReadScriptRemedy"_s, u"укажите файл с командами"_s});
     }
 

@@ -49,7 +49,7 @@ std::optional<QString> AnswerLine::enter(const InputTextFormParameters &form)
         const Answer answer = m_answers.takeFirst();
         if (answer.kind == Kind::Cancel)
             return std::nullopt;
-        const QString text = answer.kind == Kind::Text ? answer.text : form.text;
+        QString text = answer.kind == Kind::Text ? answer.text : form.text;
         if (accepts(form, text))
             return text;
         m_complaints.append(form.scanError);

@@ -4,12 +4,14 @@
 
 #include <QRegularExpression>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace till {
 
-Arguments::Arguments(const QStringList &words, const QString &usage, const QStringList &options)
-    : m_usage(usage)
+Arguments::Arguments(const QStringList &words, QString usage, const QStringList &options)
+    : m_usage(std::move(usage))
 {
     for (const QString &word : words) {
         const QString name = word.section(u'=', 0, 0);
@@ -26,7 +28,7 @@ QString Arguments::text(const QString &name)
 {
     if (m_words.isEmpty())
         fail(tr::Tr(u"scriptMissing"_s, u"не хватает %1"_s).arg(name));
-    const QString word = m_words.takeFirst();
+    QString word = m_words.takeFirst();
     if (word.isEmpty())
         fail(tr::Tr(u"scriptEmpty"_s, u"пустое значение %1"_s).arg(name));
     return word;
@@ -36,7 +38,7 @@ QString Arguments::rest(const QString &name)
 {
     if (m_words.isEmpty())
         fail(tr::Tr(u"scriptMissingWords"_s, u"не хватает слов %1"_s).arg(name));
-    const QString joined = m_words.join(u' ');
+    QString joined = m_words.join(u' ');
     m_words.clear();
     return joined;
 }

@@ -20,7 +20,7 @@ public:
     /// @param words   the words behind the command's name.
     /// @param usage   how the command is written, for messages.
     /// @param options names of its options, written "name=value" anywhere among the words.
-    Arguments(const QStringList &words, const QString &usage, const QStringList &options = {});
+    Arguments(const QStringList &words, QString usage, const QStringList &options = {});
 
     [[nodiscard]] bool empty() const { return m_words.isEmpty(); }
     /// The next word; never empty.

@@ -18,7 +18,7 @@ namespace {
 QString decode(const std::string &line)
 {
     QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(QByteArrayView(line));
+    QString text = decoder(QByteArrayView(line));
     if (decoder.hasError())
         throw CannotDo({u"scriptLineNotUtf8"_s, u"строка не в кодировке UTF-8"_s},
             {u"scriptLineNotUtf8Remedy"_s, u"сохраните сценарий в UTF-8"_s});

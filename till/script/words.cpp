@@ -62,7 +62,7 @@ private:
         if (end < 0)
             throw CannotDo({u"scriptOpenQuote"_s, u"не закрыта одинарная кавычка"_s},
                 {u"scriptOpenQuoteRemedy"_s, u"поставьте ' в конце текста"_s});
-        const QString text = m_line.sliced(m_at, end - m_at).toString();
+        QString text = m_line.sliced(m_at, end - m_at).toString();
         m_at = end + 1;
         return text;
     }

@@ -114,7 +114,7 @@ public:
 private:
     QString nameOf(::archive_entry *head) const
     {
-        const QString name = QString::fromUtf8(archive_entry_pathname(head));
+        QString name = QString::fromUtf8(archive_entry_pathname(head));
         if (leadsOut(name))
             failToUnpack(m_fileName, name);
         return name;

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -48,8 +49,8 @@ QByteArray lastExchanges(const QByteArray &journal)
 
 } // namespace
 
-StateFiles::StateFiles(const QString &stateFolder, const Secrets &secrets, Contents &contents)
-    : m_stateFolder(stateFolder)
+StateFiles::StateFiles(QString stateFolder, const Secrets &secrets, Contents &contents)
+    : m_stateFolder(std::move(stateFolder))
     , m_secrets(secrets)
     , m_contents(contents)
 { }

@@ -13,7 +13,7 @@ class StateFiles
 {
 public:
     /// @param secrets, contents must outlive this.
-    StateFiles(const QString &stateFolder, const Secrets &secrets, Contents &contents);
+    StateFiles(QString stateFolder, const Secrets &secrets, Contents &contents);
 
     void add();
 

@@ -6,7 +6,7 @@ namespace logging {
 
 namespace {
 
-constexpr qint64 maxFileBytes = 1024 * 1024;
+constexpr qint64 maxFileBytes = qint64{1024} * 1024;
 constexpr int olderFiles = 4;
 constexpr bool goesOn = true;
 

@@ -10,6 +10,8 @@
 
 #include <QUuid>
 
+#include <utility>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -32,8 +34,8 @@ QString uniqueOwner()
 
 } // namespace
 
-ServerOutbox::ServerOutbox(const QString &address, std::unique_ptr<FileOutbox> local)
-    : m_address(address)
+ServerOutbox::ServerOutbox(QString address, std::unique_ptr<FileOutbox> local)
+    : m_address(std::move(address))
     , m_local(std::move(local))
     , m_owner(uniqueOwner())
 { }

@@ -25,7 +25,7 @@ public:
 
     /// Connects to nothing yet.
     /// @param address as `ServerAddress` reads it; with a wrong one messages stay here.
-    ServerOutbox(const QString &address, std::unique_ptr<FileOutbox> local);
+    ServerOutbox(QString address, std::unique_ptr<FileOutbox> local);
     ~ServerOutbox() override;
 
     void put(const QueueMessage &message) override;

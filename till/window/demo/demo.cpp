@@ -36,7 +36,7 @@ QByteArray sample(const QString &name)
 
 QString programOrComplain()
 {
-    const QString program = DemoService::findProgram();
+    QString program = DemoService::findProgram();
     if (program.isEmpty())
         throw SpokenError(texts::demoServiceMissing);
     return program;
