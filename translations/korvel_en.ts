@@ -2966,8 +2966,8 @@ Cancel the payment, go back to the cheque and pay with points again</translation
         <translation>"%1" is no answer</translation>
     </message>
     <message id="scriptNoAnswerRemedy">
-        <source>напишите answer ok, answer cancel или answer text WORDS</source>
-        <translation>write answer ok, answer cancel or answer text WORDS</translation>
+        <source>напишите answer ok, answer cancel, answer text WORDS или answer none</source>
+        <translation>write answer ok, answer cancel, answer text WORDS or answer none</translation>
     </message>
     <message id="scriptNoCommand">
         <source>нет команды «%1»</source>

@@ -2968,8 +2968,8 @@
         <translation>«%1» — не ответ</translation>
     </message>
     <message id="scriptNoAnswerRemedy">
-        <source>напишите answer ok, answer cancel или answer text WORDS</source>
-        <translation>напишите answer ok, answer cancel или answer text WORDS</translation>
+        <source>напишите answer ok, answer cancel, answer text WORDS или answer none</source>
+        <translation>напишите answer ok, answer cancel, answer text WORDS или answer none</translation>
     </message>
     <message id="scriptNoCommand">
         <source>нет команды «%1»</source>

@@ -52,6 +52,8 @@ public:
         for (const QString &command : {u"cancel"_s, u"close"_s, u"cancel"_s})
             if (!m_isAtEnd)
                 tell(command);
+        // What nobody asked for would fit the questions of later cheques, and pile up.
+        tell(u"answer none"_s);
         if (isTroubled)
             m_service.orderFault("clear");
         m_faults += isTroubled ? 1 : 0;

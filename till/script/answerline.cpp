@@ -20,6 +20,11 @@ void AnswerLine::addText(const QString &text)
     m_answers.append({Kind::Text, text});
 }
 
+void AnswerLine::clear()
+{
+    m_answers.clear();
+}
+
 QList<tr::Tr> AnswerLine::takeComplaints()
 {
     return std::exchange(m_complaints, {});

@@ -18,6 +18,8 @@ public:
     void addOk();
     void addCancel();
     void addText(const QString &text);
+    /// Drops the answers that nobody has asked for.
+    void clear();
     /// What the forms said to the answers that they did not accept, since the last call.
     [[nodiscard]] QList<tr::Tr> takeComplaints();
 

@@ -149,7 +149,7 @@ Outcome Commands::cancel(Arguments &arguments)
 
 Outcome Commands::answer(Arguments &arguments)
 {
-    const QString kind = arguments.text(u"ok|cancel|text"_s);
+    const QString kind = arguments.text(u"ok|cancel|text|none"_s);
     const QString words = kind == u"text" ? arguments.rest(u"WORDS"_s) : QString();
     arguments.end();
     if (kind == u"ok")
@@ -158,10 +158,12 @@ Outcome Commands::answer(Arguments &arguments)
         m_answers.addCancel();
     else if (kind == u"text")
         m_answers.addText(words);
+    else if (kind == u"none")
+        m_answers.clear();
     else
         throw CannotDo(tr::Tr(u"scriptNoAnswer"_s, u"«%1» — не ответ"_s).arg(kind),
             {u"scriptNoAnswerRemedy"_s,
-                u"напишите answer ok, answer cancel или answer text WORDS"_s});
+                u"напишите answer ok, answer cancel, answer text WORDS или answer none"_s});
     return {};
 }
 

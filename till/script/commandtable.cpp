@@ -41,7 +41,7 @@ const QList<Commands::Command> &Commands::table()
             &Commands::close},
         {u"cancel"_s, u"cancel"_s, {u"helpCancel"_s, u"отменяет открытый документ"_s},
             &Commands::cancel},
-        {u"answer"_s, u"answer ok | answer cancel | answer text WORDS"_s,
+        {u"answer"_s, u"answer ok | answer cancel | answer text WORDS | answer none"_s,
             {u"helpAnswer"_s, u"ответ на следующий вопрос"_s}, &Commands::answer, false},
         {u"deliver"_s, u"deliver"_s, {u"helpDeliver"_s, u"отправляет очередь сейчас"_s},
             &Commands::deliver},

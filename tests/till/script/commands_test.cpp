@@ -125,6 +125,15 @@ TEST_F(CommandsTest, AnswersGoIntoTheLine)
     EXPECT_EQ(answers.enter({}), u"one two"_s);
 }
 
+TEST_F(CommandsTest, AnswersThatNobodyAskedForAreDropped)
+{
+    whenExecuted(u"answer cancel"_s);
+    whenExecuted(u"answer text one two"_s);
+    whenExecuted(u"answer none"_s);
+    EXPECT_TRUE(answers.choose({}, {}, {}));
+    EXPECT_EQ(answers.enter({}), std::nullopt);
+}
+
 TEST_F(CommandsTest, ClockFreezesAndRuns)
 {
     const auto now = [] { return MockFactory<CurrentTime>::create()->currentDateTime(); };
@@ -176,7 +185,7 @@ TEST_F(CommandsTest, WrongArgumentsAreErrors)
         {u"pay"_s, u"KIND is missing"_s}, {u"pay gold"_s, u"nobody pays with \"gold\""_s},
         {u"pay cash 0"_s, u"AMOUNT must be greater"_s}, {u"pay cash 1 2"_s, u"\"2\" is one word"_s},
         {u"close 1"_s, u"\"1\" is one word"_s}, {u"cancel 1"_s, u"\"1\" is one word"_s},
-        {u"answer"_s, u"ok|cancel|text is missing"_s},
+        {u"answer"_s, u"ok|cancel|text|none is missing"_s},
         {u"answer maybe"_s, u"\"maybe\" is no answer"_s},
         {u"answer text"_s, u"WORDS are missing"_s}, {u"answer ok 1"_s, u"\"1\" is one word"_s},
         {u"deliver 1"_s, u"\"1\" is one word"_s}, {u"close-shift 1"_s, u"\"1\" is one word"_s},
