@@ -97,7 +97,7 @@ TEST_F(RecordProgramTest, GivesTheServicesAnswerBackByteForByte)
         const HttpOutcome direct = httpPost(service.url(), sample(name), xml);
         const HttpOutcome through = httpPost(recorder.url(), sample(name), xml);
         EXPECT_EQ(through.status, direct.status);
-        EXPECT_EQ(through.headers, direct.headers);
+        EXPECT_EQ(withoutDate(through.headers), withoutDate(direct.headers));
         EXPECT_EQ(through.body, direct.body);
     }
 }

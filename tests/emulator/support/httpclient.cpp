@@ -81,4 +81,11 @@ HttpOutcome httpPost(const QString &url, const QByteArray &body, const HttpOptio
     return perform("POST", url, &body, options);
 }
 
+QByteArray withoutDate(const QByteArray &headers)
+{
+    QByteArrayList lines = headers.split('\n');
+    lines.removeIf([](const QByteArray &line) { return line.startsWith("Date:"); });
+    return lines.join('\n');
+}
+
 } // namespace emulator

@@ -22,6 +22,9 @@ struct HttpOptions
     QString caFile; ///< for https
 };
 
+/// The head of an answer without its "Date", which differs between two that are a second apart.
+QByteArray withoutDate(const QByteArray &headers);
+
 HttpOutcome httpGet(const QString &url, const HttpOptions &options = {});
 HttpOutcome httpDelete(const QString &url, const HttpOptions &options = {});
 HttpOutcome httpPost(const QString &url, const QByteArray &body, const HttpOptions &options = {});
