@@ -123,6 +123,9 @@ QList<Step> stepsOf(const Evidence &evidence)
         if (const auto step = journalStep(line))
             steps.append(*step);
     steps += documentSteps(evidence);
+    // What a document knows of its closing often has the very millisecond of the journal's line.
+    std::stable_partition(
+        steps.begin(), steps.end(), [](const Step &step) { return step.what != u"closed"; });
     steps += messageSteps(evidence);
     steps += logSteps(evidence);
     steps += returnSteps(evidence);

@@ -10,6 +10,7 @@ HeldService::HeldService()
     : m_server({u"127.0.0.1"_s, 0}, {},
         {[] { return Reception(); },
             [this](const HttpRequest &request, const Respond &respond) { take(request, respond); }})
+    , m_url(m_server.url())
     , m_thread([this] { m_server.run(); })
 { }
 

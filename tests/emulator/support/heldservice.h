@@ -23,7 +23,7 @@ public:
     HeldService();
     ~HeldService(); ///< every request must have its answer by then
 
-    QString url() const { return m_server.url(); }
+    QString url() const { return m_url; }
 
     /// Blocks until a request has come that was not handed out yet.
     Asked next();
@@ -35,6 +35,7 @@ private:
     std::condition_variable m_hasCome;
     std::deque<Asked> m_asked;
     Server m_server;
+    const QString m_url; ///< the server may be asked only while it does not run
     std::thread m_thread;
 };
 

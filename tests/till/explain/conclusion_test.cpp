@@ -58,6 +58,11 @@ public:
         members.insert(u"kind"_s, kind);
         evidence.journal.append({at(30), u"id"_s, u"7"_s, kind, members});
     }
+    void givenClosingEvent()
+    {
+        givenLine(u"event"_s, {{u"code"_s, EActivityListener::ChequeClosed}});
+        evidence.journal.last().time = evidence.document->getClosed();
+    }
     void givenExchange(const QString &operation, int error, int returnCode)
     {
         QJsonObject members{{u"operation"_s, operation}, {u"error"_s, error}};
@@ -201,6 +206,18 @@ TEST_F(ConclusionTest, EarlierAttemptsAreToldByTheLogAndTheLastByTheQueue)
     EXPECT_EQ(told,
         (QStringList{u"document opened"_s, u"document closed"_s, u"queue enqueued"_s,
             u"log attemptFailed"_s, u"log logged"_s, u"queue attemptFailed"_s}));
+}
+
+TEST_F(ConclusionTest, WhatHappenedWithinOneMillisecondIsToldInItsOrder)
+{
+    evidence.document->setStoredValue(u"KorvelLoyaltyOnline"_s, u"offlineMode"_s, true);
+    givenClosingEvent();
+    givenMessage(MessageState::Pending);
+    evidence.messages.first().enqueued = evidence.document->getClosed();
+    QStringList told;
+    for (const Step &step : stepsOf(evidence))
+        told.append(step.what);
+    EXPECT_EQ(told, (QStringList{u"opened"_s, u"offline"_s, u"closed"_s, u"enqueued"_s}));
 }
 
 TEST_F(ConclusionTest, WhatTheJournalTellsTheLogDoesNotRepeat)
