@@ -67,20 +67,24 @@ Conclusion cancelled(const Evidence &evidence)
         nothingToDo(), {}};
 }
 
+tr::Tr leaveItToTheOwner()
+{
+    return {u"explainNextNoCard"_s,
+        u"На кассе ничего сделать нельзя: чек продан без карты. Начислить баллы за него может "
+        u"только владелец системы лояльности"_s};
+}
+
 Conclusion withoutCard(const Evidence &evidence)
 {
     const auto balance = facts::lastExchange(evidence, ServiceOperation::Balance);
-    const tr::Tr next{u"explainNextNoCard"_s,
-        u"На кассе ничего сделать нельзя: чек продан без карты. Начислить баллы за него может "
-        u"только владелец системы лояльности"_s};
     if (balance && balance->ending == Ending::Refused)
         return {Whereabouts::NeverEarned,
             tr::Tr(u"explainWhyCardRefused"_s,
                 u"Карту %1 система лояльности не приняла, и документ остался без карты"_s)
                 .arg(balance->card),
-            next, withSpentOnly(evidence)};
+            leaveItToTheOwner(), withSpentOnly(evidence)};
     return {Whereabouts::NeverEarned,
-        {u"explainWhyNoCard"_s, u"Карта покупателя не была предъявлена"_s}, next,
+        {u"explainWhyNoCard"_s, u"Карта покупателя не была предъявлена"_s}, leaveItToTheOwner(),
         withSpentOnly(evidence)};
 }
 
@@ -90,10 +94,7 @@ Conclusion withTechnicalCard(const Evidence &evidence)
         {u"explainWhyTechnicalCard"_s,
             u"Карта покупателя не была предъявлена: чек продан с технической картой, которая не "
             u"копит баллов"_s},
-        {u"explainNextNoCard"_s,
-            u"На кассе ничего сделать нельзя: чек продан без карты. Начислить баллы за него может "
-            u"только владелец системы лояльности"_s},
-        withSpentOnly(evidence)};
+        leaveItToTheOwner(), withSpentOnly(evidence)};
 }
 
 tr::Tr bookedText(const Evidence &evidence)
@@ -131,8 +132,9 @@ Conclusion withoutTrace(const Evidence &evidence)
             {u"explainNextQueueUnseen"_s,
                 u"Сделайте очередь доступной (korvel-till queue status) и спросите ещё раз"_s},
             withSpentOnly(evidence)};
-    const auto registration = facts::lastExchange(evidence, ServiceOperation::Register);
-    if (registration && registration->isForeign)
+    const auto booking = facts::lastExchange(evidence,
+        facts::isReturn(evidence) ? ServiceOperation::Return : ServiceOperation::Register);
+    if (booking && booking->isForeign)
         return {Whereabouts::Unknown,
             {u"explainWhyForeign"_s,
                 u"На запрос провести документ ответила не система лояльности, и в очередь он не "
@@ -149,6 +151,14 @@ Conclusion withoutTrace(const Evidence &evidence)
         askTheService(), withSpentOnly(evidence)};
 }
 
+// A return has no number of its booking; a journal that is lost or older than its lines of
+// exchanges leaves what stands in the queue.
+bool isReturnBooked(const Evidence &evidence)
+{
+    const auto exchange = facts::lastExchange(evidence, ServiceOperation::Return);
+    return evidence.queueProblem.isEmpty() && (!exchange || isAgreed(exchange));
+}
+
 bool isBooked(const AbstractDocument &document)
 {
     const auto card = document.getCardRecord(ECardMode::OnlineLoyalty);
@@ -163,7 +173,7 @@ Conclusion closed(const Evidence &evidence)
             amountsOf(*evidence.document)};
     if (!evidence.messages.isEmpty())
         return concludeByMessage(evidence);
-    if (facts::isReturn(evidence) && evidence.queueProblem.isEmpty())
+    if (facts::isReturn(evidence) && isReturnBooked(evidence))
         return bookedReturn(evidence);
     return withoutTrace(evidence);
 }

@@ -33,6 +33,7 @@ facts::JournalledExchange exchangeOf(const QString &card, const RestClient &clie
     }
     exchange.answer = answerFacts(client.responseBody());
     exchange.reason = tr::Tr(tr::undefined, exchange.answer.message);
+    exchange.isForeign = !exchange.answer.returnCode;
     if (exchange.answer.returnCode)
         exchange.ending
             = *exchange.answer.returnCode <= 0 ? facts::Ending::Agreed : facts::Ending::Refused;

@@ -81,6 +81,16 @@ TEST_F(AskingTest, AServiceThatIsAwayIsSaidToBe)
     EXPECT_EQ(status, 0);
 }
 
+TEST_F(AskingTest, AnAnswerOfSomebodyElseIsSaidToBe)
+{
+    whenSold("card 2900000000017\nadd 1001\ntotal\nclose\nfault balance wrong-xml 1\n");
+    const auto steps = whenAskedForJson({u"1"_s}).at("stories").at(0).at("steps");
+    EXPECT_EQ(steps.back().at("what"), "balanceUnanswered");
+    EXPECT_TRUE(QString::fromStdString(steps.back().at("detail").get<std::string>())
+                    .contains(u"ответил кто-то другой"_s))
+        << steps.dump(1);
+}
+
 TEST_F(AskingTest, WithoutTheServiceItIsNotAsked)
 {
     whenSold(sale);

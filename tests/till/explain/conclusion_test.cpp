@@ -189,6 +189,22 @@ TEST_F(ConclusionTest, AReturnThatIsNotInTheQueueIsBooked)
     EXPECT_EQ(where(), Whereabouts::Unknown);
 }
 
+TEST_F(ConclusionTest, AReturnThatWasNotBookedAtOnceAndIsNotInTheQueueIsUnknown)
+{
+    evidence.document
+        = QSharedPointer<AbstractDocument>::create(EDocumentType::ReturnOfSale, u"7"_s);
+    evidence.document->setState(EDocumentState::Closed);
+    givenCard(u""_s);
+    givenLine(u"exchange"_s, {{u"operation"_s, u"return"_s}, {u"error"_s, 0}});
+    EXPECT_EQ(where(), Whereabouts::Unknown);
+    EXPECT_EQ(why(), u"explainWhyForeign");
+    givenExchange(u"return"_s, 6, 0);
+    EXPECT_EQ(where(), Whereabouts::Unknown);
+    EXPECT_EQ(why(), u"explainWhyNotQueued");
+    givenExchange(u"return"_s, 0, 0);
+    EXPECT_EQ(where(), Whereabouts::Booked);
+}
+
 TEST_F(ConclusionTest, EarlierAttemptsAreToldByTheLogAndTheLastByTheQueue)
 {
     givenMessage(MessageState::Pending);
