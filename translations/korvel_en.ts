@@ -543,6 +543,10 @@
         <source>обмен не удался: %1</source>
         <translation>the exchange failed: %1</translation>
     </message>
+    <message id="checkFault">
+        <source>сервис не принял запрос: %1</source>
+        <translation>the service does not take the request: %1</translation>
+    </message>
     <message id="checkFileMissing">
         <source>файла %1 нет или он не читается</source>
         <translation>the file %1 is not there, or cannot be read</translation>
@@ -634,6 +638,14 @@
     <message id="checkLineMalformed">
         <source>строка не читается, столбец %1</source>
         <translation>the line cannot be read, column %1</translation>
+    </message>
+    <message id="checkLoyaltyOff">
+        <source>лояльность на этой кассе выключена: чеки идут без баллов</source>
+        <translation>loyalty is switched off at this till: cheques get no points</translation>
+    </message>
+    <message id="checkLoyaltyOn">
+        <source>чтобы включить её, уберите ключ или задайте true</source>
+        <translation>to switch it on, take the key out or set it to true</translation>
     </message>
     <message id="checkMakeFolder">
         <source>создайте её или исправьте путь</source>

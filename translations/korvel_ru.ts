@@ -543,6 +543,10 @@
         <source>обмен не удался: %1</source>
         <translation>обмен не удался: %1</translation>
     </message>
+    <message id="checkFault">
+        <source>сервис не принял запрос: %1</source>
+        <translation>сервис не принял запрос: %1</translation>
+    </message>
     <message id="checkFileMissing">
         <source>файла %1 нет или он не читается</source>
         <translation>файла %1 нет или он не читается</translation>
@@ -634,6 +638,14 @@
     <message id="checkLineMalformed">
         <source>строка не читается, столбец %1</source>
         <translation>строка не читается, столбец %1</translation>
+    </message>
+    <message id="checkLoyaltyOff">
+        <source>лояльность на этой кассе выключена: чеки идут без баллов</source>
+        <translation>лояльность на этой кассе выключена: чеки идут без баллов</translation>
+    </message>
+    <message id="checkLoyaltyOn">
+        <source>чтобы включить её, уберите ключ или задайте true</source>
+        <translation>чтобы включить её, уберите ключ или задайте true</translation>
     </message>
     <message id="checkMakeFolder">
         <source>создайте её или исправьте путь</source>

@@ -169,6 +169,17 @@ Findings prefixWithoutPercentage(const Effective &effective)
         {u"checkPutPercentage"_s, u"поставьте %1 туда, где должен стоять процент"_s})};
 }
 
+// Nothing is wrong with it, but whoever looks for the reason why no points come must see it.
+Findings loyaltyThatIsOff(const Effective &effective)
+{
+    const QString loyalty = u"Till:loyalty"_s;
+    if (effective.boolean(loyalty))
+        return {};
+    return {effective.finding(Severity::Note, loyalty,
+        {u"checkLoyaltyOff"_s, u"лояльность на этой кассе выключена: чеки идут без баллов"_s},
+        {u"checkLoyaltyOn"_s, u"чтобы включить её, уберите ключ или задайте true"_s})};
+}
+
 Findings emulatorOfAnotherService(const Effective &effective)
 {
     const QString api = u"Till:serviceApi"_s;
@@ -191,7 +202,7 @@ Findings judgeCombinations(const SettingFiles &files, const Effective &effective
         + emptyDelimiter(effective) + confirmationWithoutCode(effective)
         + statusesInBothLists(effective) + halfOfTheCredentials(effective)
         + attributesWithoutPartner(files, effective) + prefixWithoutPercentage(effective)
-        + emulatorOfAnotherService(effective);
+        + loyaltyThatIsOff(effective) + emulatorOfAnotherService(effective);
 }
 
 } // namespace till::check

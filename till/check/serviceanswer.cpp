@@ -73,6 +73,21 @@ Findings judgeEmpty(const ReadAnswer &read)
             {u"checkGiveCard"_s, u"укажите тестовую карту: --card НОМЕР"_s})};
 }
 
+tr::Tr fixNames()
+{
+    return {u"checkFixNames"_s,
+        u"проверьте orgName, organization, businessUnit и pos со службой сервиса"_s};
+}
+
+// A fault with the status of a success, or what is no answer at all, as an echo of the request.
+Finding withoutCode(const ReadAnswer &read)
+{
+    if (read.message.isEmpty())
+        return notSoap();
+    return ofService(Severity::Error,
+        tr::Tr(u"checkFault"_s, u"сервис не принял запрос: %1"_s).arg(read.message), fixNames());
+}
+
 Findings judgeBalance(const Exchanged &exchanged, const ReadAnswer &read)
 {
     if (!read.isEnvelope)
@@ -82,13 +97,14 @@ Findings judgeBalance(const Exchanged &exchanged, const ReadAnswer &read)
             tr::Tr(u"checkRequestRefused"_s, u"сервис не принял запрос (%1): %2"_s)
                 .arg(QString::number(exchanged.error))
                 .arg(read.message),
-            {u"checkFixNames"_s,
-                u"проверьте orgName, organization, businessUnit и pos со службой сервиса"_s})};
+            fixNames())};
     if (!read.complaint.isEmpty())
         return {ofService(Severity::Error,
             tr::Tr(u"checkAnswerInvalid"_s, u"ответ не по схеме: %1"_s).arg(read.complaint),
             otherService())};
-    if (read.returnCode.value_or(0) != 0)
+    if (!read.returnCode)
+        return {withoutCode(read)};
+    if (*read.returnCode > 0)
         return {ofService(Severity::Warning,
             tr::Tr(u"checkCardRefused"_s, u"сервис отказал карте, код %1: %2"_s)
                 .arg(QString::number(*read.returnCode))

@@ -67,6 +67,8 @@ TEST_F(CombinationsTest, ThatContradictEachOtherAreTold)
             u"KorvelLoyaltyOnline.ExtendedAttributes.a:key1; "
             u"warning checkAttributeHalf till.ini:3 "
             u"KorvelLoyaltyOnline.ExtendedAttributes.a:value2"_s},
+        {"[Till]\nloyalty=false", u"note checkLoyaltyOff till.ini:2 Till:loyalty"_s},
+        {"[Till]\nloyalty=true", {}},
         {plugin + "markdownCouponPrefix=уценка",
             u"note checkPercentageMissing till.ini:2 KorvelLoyaltyOnline:markdownCouponPrefix"_s},
         {plugin + "url=http://127.0.0.1:8080/\n[Till]\nserviceApi=http://127.0.0.1:8080/api", {}},

@@ -64,7 +64,12 @@ TEST(ServiceAnswer, ToACardIsJudgedByTheSchemaAndItsCode)
     invalid.replace("<CardStatus>2", "<CardStatus>two");
     QByteArray entity = balance;
     entity.replace("<soap:Envelope", "<!DOCTYPE x [<!ENTITY a 'b'>]><soap:Envelope");
-    const QList<Row> rows{{0, balance, u"ok checkBalance"_s},
+    QByteArray negative = balance;
+    negative.replace("<ReturnCode>0<", "<ReturnCode>-5<");
+    ASSERT_NE(negative, balance);
+    const QList<Row> rows{{0, balance, u"ok checkBalance"_s}, {0, negative, u"ok checkBalance"_s},
+        {0, sample(u"fault.xml"_s), u"error checkFault"_s},
+        {0, sample(u"balance-request.xml"_s), u"error checkNotSoap"_s},
         {0, sample(u"refusal-answer.xml"_s), u"warning checkCardRefused"_s},
         {500, sample(u"fault.xml"_s), u"error checkRequestRefused"_s},
         {0, invalid, u"error checkAnswerInvalid"_s}, {0, "ok", u"error checkNotSoap"_s},
