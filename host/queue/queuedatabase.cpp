@@ -13,6 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int busyTimeoutMilliseconds = 2000;
+constexpr int cacheKilobytes = 512;
 const QString synchronousFull = u"2"_s;
 
 /// SQLite's result codes for what is damaged; the upper bits of a code say more about it.
@@ -97,6 +98,8 @@ void QueueDatabase::configure()
 {
     run(u"PRAGMA journal_mode = WAL"_s);
     run(u"PRAGMA synchronous = FULL"_s);
+    // Its own limit is two megabytes, which a till that runs for weeks would come to hold.
+    run(u"PRAGMA cache_size = -%1"_s.arg(cacheKilobytes));
     if (ask(u"journal_mode"_s) != u"wal"_s || ask(u"synchronous"_s) != synchronousFull)
         throw StorageError(tr::Tr(u"queueFileSystem"_s,
             u"%1: файловая система очереди не хранит записанное надёжно; разместите файл на "

@@ -1,5 +1,6 @@
 #include "till/accept/accept.h"
 
+#include "host/storage/privacy.h"
 #include "till/accept/access.h"
 #include "till/accept/flowreader.h"
 #include "till/accept/reporttext.h"
@@ -91,6 +92,7 @@ int accept(const Options &options)
     if (options.lists)
         return list(options, acceptance);
     requireCard(options);
+    privacy::leaveNoCore();
     const QList<Flow> flows = wantedFlows(acceptance, options.only);
     const StopRequest stop;
     Runner runner(settingsOf(options, stop));

@@ -81,6 +81,15 @@ TEST_F(QueueDatabaseTest, WritesAheadAndKnowsItsVersion)
     EXPECT_EQ(ask(u"PRAGMA user_version"_s), QVariantList{1});
 }
 
+TEST_F(QueueDatabaseTest, KeepsFewPagesInMemory)
+{
+    queue()->open();
+    QueueDatabase database(databaseFile());
+    QSqlQuery answer = database.run(u"PRAGMA cache_size"_s);
+    ASSERT_TRUE(answer.next());
+    EXPECT_EQ(answer.value(0).toInt(), -512);
+}
+
 TEST_F(QueueDatabaseTest, FileOfANewerVersionIsRefusedAndLeftAlone)
 {
     givenMessage(u"one"_s);

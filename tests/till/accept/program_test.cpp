@@ -7,6 +7,8 @@
 #include "tests/till/accept/wrongservice.h"
 #include "tests/till/program/programfixture.h"
 
+#include <QFile>
+
 #include <csignal>
 #include <future>
 
@@ -81,6 +83,17 @@ TEST_F(AcceptServiceTest, TheReportAsData)
     EXPECT_EQ(report["balanceBefore"], "500.00");
     EXPECT_EQ(report["balanceAfter"], "500.00");
     EXPECT_EQ(report["stopped"], false);
+}
+
+TEST_F(AcceptServiceTest, ACrashLeavesNoCoreWithThePassword)
+{
+    const QString limits = path(u"limits"_s);
+    whenAccepted({u"--write"_s, u"--only"_s, u"code"_s, u"--code-command"_s,
+        u"ulimit -Hc > %1; echo 4829"_s.arg(limits)});
+    EXPECT_EQ(status, 0) << errors.constData();
+    QFile file(limits);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "0\n");
 }
 
 TEST_F(AcceptServiceTest, SpeaksRussianWhereTheTillDoes)
