@@ -44,7 +44,7 @@ int show(const till::RunOptions &options, const QString &band)
     window.setBand(band);
     const till::BusyWatch watch(window.veil());
     cashier.sitDownAt(window, [&window] { window.uncover(); });
-    window.showMaximized();
+    window.fillScreen();
     desk.start();
     window.refresh();
     return QApplication::exec();

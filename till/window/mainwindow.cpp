@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QTimer>
@@ -229,6 +230,12 @@ void MainWindow::setBand(const QString &text)
 {
     m_band->setText(text);
     m_band->setVisible(!text.isEmpty());
+}
+
+void MainWindow::fillScreen()
+{
+    setGeometry(screen()->availableGeometry());
+    showMaximized();
 }
 
 void MainWindow::showExchanges()

@@ -33,6 +33,8 @@ public:
     void watchQueueWith(QueueGlance &glance);
     /// What stands above everything else all the time; empty: nothing.
     void setBand(const QString &text);
+    /// Shows itself over the whole screen, also where no window manager enlarges it.
+    void fillScreen();
 
     /// Shows the desk as it is now.
     void refresh();

@@ -4,6 +4,8 @@
 #include "tests/support/printers.h"
 #include "tests/till/window/windowfixture.h"
 
+#include <QScreen>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -18,6 +20,13 @@ TEST_F(MainWindowTest, TheFocusIsInTheInputLine)
     EXPECT_TRUE(part<QLineEdit>("input")->hasFocus());
     whenKeyPressed(Qt::Key_Tab);
     EXPECT_TRUE(part<QLineEdit>("input")->hasFocus());
+}
+
+TEST_F(MainWindowTest, ItFillsAScreenWithoutAWindowManager)
+{
+    window.fillScreen();
+    EXPECT_TRUE(window.isMaximized());
+    EXPECT_EQ(window.normalGeometry(), window.screen()->availableGeometry());
 }
 
 TEST_F(MainWindowTest, AScanBecomesAPosition)
