@@ -7,7 +7,8 @@
 #include "emulator/http/status.h"
 #include "emulator/soap/indentedxml.h"
 
-#include <ranges>
+#include <algorithm>
+#include <iterator>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -153,9 +154,10 @@ HttpReply Api::transactions() const
 
 HttpReply Api::exchanges(bool withTexts) const
 {
+    const auto &exchanges = m_log.exchanges();
     Json list = Json::array();
-    for (const Exchange &exchange : m_log.exchanges() | std::views::reverse)
-        list.push_back(exchangeJson(exchange, withTexts));
+    std::transform(exchanges.crbegin(), exchanges.crend(), std::back_inserter(list),
+        [withTexts](const Exchange &exchange) { return exchangeJson(exchange, withTexts); });
     return jsonReply(list);
 }
 

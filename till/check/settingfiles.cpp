@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFile>
 
-#include <ranges>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -43,10 +43,9 @@ void SettingFiles::read(const QString &fileName)
 
 const Written *SettingFiles::find(const QString &name) const
 {
-    for (const Written &line : m_lines | std::views::reverse)
-        if (line.name() == name)
-            return &line;
-    return nullptr;
+    const auto found = std::find_if(m_lines.crbegin(), m_lines.crend(),
+        [&name](const Written &line) { return line.name() == name; });
+    return found == m_lines.crend() ? nullptr : &*found;
 }
 
 } // namespace till::check

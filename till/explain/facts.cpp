@@ -3,7 +3,6 @@
 #include "host/framework/event.h"
 
 #include <algorithm>
-#include <ranges>
 
 using namespace Qt::StringLiterals;
 
@@ -67,8 +66,8 @@ std::optional<JournalledExchange> exchangeOf(const JournalLine &line)
 
 std::optional<JournalledExchange> lastExchange(const Evidence &evidence, ServiceOperation operation)
 {
-    for (const JournalLine &line : evidence.journal | std::views::reverse)
-        if (auto exchange = exchangeOf(line); exchange && exchange->operation == operation)
+    for (auto line = evidence.journal.crbegin(); line != evidence.journal.crend(); ++line)
+        if (auto exchange = exchangeOf(*line); exchange && exchange->operation == operation)
             return exchange;
     return std::nullopt;
 }
