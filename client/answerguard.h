@@ -24,6 +24,8 @@ inline constexpr int nodes = 240'000;
 /// The first attribute of an element takes as much memory as five elements, each further one as
 /// one.
 inline constexpr qsizetype nodesPerAttribute = 4;
+/// In texts and values. The reader takes longer for one than for any other character.
+inline constexpr qsizetype references = 1'000'000;
 inline constexpr int documentType = 64 * 1024; ///< characters of its declaration
 } // namespace answerlimits
 

@@ -27,6 +27,8 @@ std::optional<QString> MarkupScanner::scan()
             return refusal;
         if (m_nodes > answerlimits::nodes)
             return u"More than %1 nodes."_s.arg(answerlimits::nodes);
+        if (m_references > answerlimits::references)
+            return u"More than %1 references."_s.arg(answerlimits::references);
     }
     return std::nullopt;
 }
@@ -36,10 +38,19 @@ std::optional<QString> MarkupScanner::scan()
 void MarkupScanner::skipText()
 {
     const qsizetype bracket = m_markup.indexOf('<', m_next);
+    const qsizetype before = m_references;
+    const qsizetype begin = m_next;
     m_position = bracket < 0 ? m_markup.size() : bracket;
-    if (m_hasDocumentType)
-        m_nodes += m_markup.sliced(m_next, m_position - m_next).count('&');
     m_next = m_position;
+    countReferences(begin);
+    if (m_hasDocumentType)
+        m_nodes += m_references - before;
+}
+
+/// What was passed over since then.
+void MarkupScanner::countReferences(qsizetype from)
+{
+    m_references += m_markup.sliced(from, m_next - from).count('&');
 }
 
 std::optional<QString> MarkupScanner::scanConstruct()
@@ -72,11 +83,13 @@ std::optional<QString> MarkupScanner::scanOpeningTag()
     if (++m_depth > answerlimits::depth)
         return u"Elements are nested deeper than %1."_s.arg(answerlimits::depth);
     int attributes = 0;
+    const qsizetype begin = m_next;
     while (!atEnd() && next() != '>') {
         if (next() == '=' && ++attributes > answerlimits::attributes)
             return u"More than %1 attributes on one element."_s.arg(answerlimits::attributes);
         skipCharacterOrQuoted();
     }
+    countReferences(begin);
     m_nodes += answerlimits::nodesPerAttribute * attributes;
     if (m_markup.at(m_next - 1) == '/')
         --m_depth;

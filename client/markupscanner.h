@@ -25,6 +25,7 @@ public:
 
 private:
     void skipText();
+    void countReferences(qsizetype from);
     std::optional<QString> scanConstruct();
     std::optional<QString> scanOpeningTag();
     std::optional<QString> scanDocumentType();
@@ -41,6 +42,7 @@ private:
     qsizetype m_next = 0; ///< first character that is not scanned yet
     int m_depth = 0;
     int m_elements = 0;
+    qsizetype m_references = 0;
     qsizetype m_nodes = 0; ///< what was seen, as `answerlimits::nodes` counts it
     bool m_hasDocumentType = false;
 };

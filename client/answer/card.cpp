@@ -1,3 +1,4 @@
+#include "client/answer/answerindex.h"
 #include "client/interface.h"
 #include "client/names.h"
 #include "common/exceptions.h"
@@ -38,10 +39,11 @@ tr::Tr forbiddenStatus(int status)
 QStringList flagsOf(const QDomElement &attribute, const QStringList &configured)
 {
     QStringList flags;
-    const QDomNodeList children = attribute.childNodes();
-    for (int i = 0; i + 1 < children.size(); i += 2) {
-        const QDomElement key = children.at(i).toElement();
-        const QDomElement value = children.at(i + 1).toElement();
+    QDomNode next = attribute.firstChild();
+    while (!next.isNull() && !next.nextSibling().isNull()) {
+        const QDomElement key = next.toElement();
+        const QDomElement value = next.nextSibling().toElement();
+        next = next.nextSibling().nextSibling();
         if (key.tagName() == wire::key && value.tagName() == wire::value
             && configured.contains(key.text()) && value.text() == flagIsSet)
             flags.append(key.text());
@@ -86,12 +88,13 @@ QString Interface::getCardType(const QDomDocument &response) const
 {
     // The first item stays even when empty: the leading separator shows that the type is missing.
     QStringList items = {xmlutils::getValueByTag(response, wire::cardType, 0)};
-    const QDomNodeList attributes = response.elementsByTagName(wire::extendedAttribute);
-    if (!attributes.isEmpty()) {
+    const AnswerIndex answer(response);
+    const auto attributes = answer.attributes(answer.whole());
+    if (!attributes.empty()) {
         const QStringList configured = Singleton<Config>::instance()->getStringList(
             korvel::group % u":cardTypeExtendedAttribute", {});
-        for (int i = 0; i < attributes.size(); ++i)
-            items.append(flagsOf(attributes.at(i).toElement(), configured));
+        for (const QDomElement &attribute : attributes)
+            items.append(flagsOf(attribute, configured));
     }
     return items.join(u", "_s);
 }

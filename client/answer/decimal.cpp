@@ -1,7 +1,14 @@
 #include "client/answer/decimal.h"
 
+#include <QByteArray>
+
+#include <locale.h>
+
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <optional>
+#include <string_view>
 
 namespace korvelLoyaltyOnline {
 
@@ -11,6 +18,9 @@ constexpr char16_t point = u'.';
 
 /// Every whole number of so many digits is a double.
 constexpr qsizetype exactDigits = 15;
+
+/// No amount is longer. `QString` takes a second for a number of eight million digits.
+constexpr qsizetype longestAmount = 1000;
 
 /// Powers of ten are doubles up to 10²², so the one rounding of the division is the right one.
 constexpr std::array<double, exactDigits> powersOfTen
@@ -42,12 +52,34 @@ std::optional<double> plainDecimal(QStringView text)
     return static_cast<double>(digits) / powersOfTen[static_cast<std::size_t>(fraction)];
 }
 
+bool isOfNumber(char byte)
+{
+    constexpr std::string_view signs = ".+-eE";
+    return isDigit(static_cast<char16_t>(byte)) || signs.find(byte) != std::string_view::npos;
+}
+
+/// Only for texts longer than any name of a number that is none, as "inf".
+double endlessDecimal(QStringView text)
+{
+    constexpr QChar minus = u'\u2212';
+    QByteArray bytes = text.toString().replace(minus, u'-').toLatin1();
+    if (!std::all_of(bytes.cbegin(), bytes.cend(), &isOfNumber))
+        return 0.0;
+    static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", nullptr);
+    char *end = nullptr;
+    const double number = ::strtod_l(bytes.constData(), &end, plain);
+    return end == bytes.cend() ? number : 0.0;
+}
+
 } // namespace
 
 double decimal(const QString &text)
 {
     const std::optional<double> plain = plainDecimal(text);
-    return plain ? *plain : text.toDouble();
+    if (plain)
+        return *plain;
+    const QStringView trimmed = QStringView(text).trimmed();
+    return trimmed.size() > longestAmount ? endlessDecimal(trimmed) : trimmed.toDouble();
 }
 
 } // namespace korvelLoyaltyOnline

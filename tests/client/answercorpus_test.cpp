@@ -109,6 +109,22 @@ TEST_F(AnswerCorpusTest, LongNumbersAreThoseOfTheTextToTheLastBit)
     }
 }
 
+TEST_F(AnswerCorpusTest, EndlessNumbersAreThoseOfTheTextToTheLastBit)
+{
+    Chance chance(m_engine);
+    const QList<QString> ends
+        = {u""_s, u"1"_s, u"."_s, u".25"_s, u"-"_s, u"+"_s, u" "_s, u"\n"_s, u"e2"_s, u"e-1100"_s,
+            u"e-1400"_s, u","_s, u"x"_s, u"nan"_s, u"\u0663"_s, u"\u2212"_s, u"\u00A0"_s, u"?"_s};
+    const QList<QString> middles = {u"0"_s, u"9"_s, u"12"_s, u" "_s, u"0."_s, u"\u0667"_s};
+    constexpr int numbers = 2'000;
+    for (int number = 0; number < numbers; ++number) {
+        const QString text = chance.from(ends)
+            + chance.from(middles).repeated(970 + chance.below(60)) + chance.from(ends);
+        EXPECT_EQ(valueText(korvelLoyaltyOnline::decimal(text)), valueText(text.toDouble()))
+            << text.left(3).toStdString() << "..." << text.right(8).toStdString();
+    }
+}
+
 TEST_F(AnswerCorpusTest, AmountsAreThoseOfTheTextToTheLastBit)
 {
     for (int kopecks = 0; kopecks < 100'000; ++kopecks) {

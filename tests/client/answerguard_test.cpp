@@ -120,6 +120,7 @@ const QString tooDeep = u"Elements are nested deeper than 256."_s;
 const QString tooManyAttributes = u"More than 256 attributes on one element."_s;
 const QString tooManyElements = u"More than 200000 elements."_s;
 const QString tooManyNodes = u"More than 240000 nodes."_s;
+const QString tooManyReferences = u"More than 1000000 references."_s;
 const QString tooLongType = u"The document type is longer than 65536 characters."_s;
 const QString entities = u"The document type declares entities."_s;
 
@@ -241,6 +242,16 @@ TEST(AnswerGuardTest, ADocumentTypeMayNotDeclareNotations)
 {
     thenIsRefused(u"<!DOCTYPE a [<!NOTATION b SYSTEM 'c'>]><a/>"_s,
         u"The document type declares notations."_s);
+}
+
+TEST(AnswerGuardTest, ReferencesInTextsAndValuesAreLimitedTogether)
+{
+    const QString half = repeated(u"&lt;"_s, 500'000);
+    const QString most = u"<a b='%1'>%1</a>"_s.arg(half);
+    const QString hidden = u"<!--&--><![CDATA[&]]><?p &?>"_s;
+    EXPECT_EQ(refusalOf(u"<r>"_s + most + hidden + u"</r>"_s), QString());
+    for (const QString &oneMore : {u"&#1;"_s, u"<a b='&gt;'/>"_s})
+        EXPECT_EQ(refusalOf(u"<r>"_s + most + oneMore + u"</r>"_s), tooManyReferences);
 }
 
 TEST(AnswerGuardTest, TheLengthOfADocumentTypeIsLimited)

@@ -8,6 +8,7 @@ LONGEST = 8 * 1024 * 1024  # what the HTTP client takes at most
 ELEMENTS = 200_000
 DEPTH = 256
 ATTRIBUTES = 256
+REFERENCES = 1_000_000
 
 REFUSED = "refused"
 HANDLED = "handled"
@@ -82,7 +83,8 @@ def decorated():
     yield "the same attribute again and again", REFUSED, f"<a{' b=' + chr(34) * 2}{' b=%s' % (chr(34) * 2) * 100_000}/>"
     yield "a value to the last byte", HANDLED, filled("a", lambda text: f'<a b="{text}"/>')
     yield "a value that is never closed", REFUSED, filled("a", lambda text: f'<a b="{text}')
-    yield "references in a value to the last byte", HANDLED, filled("&amp;", lambda text: f'<a b="{text}"/>')
+    yield "references in a value to the last byte", REFUSED, filled("&amp;", lambda text: f'<a b="{text}"/>')
+    yield "as many references in a value as allowed", HANDLED, f'<a b="{"&amp;" * REFERENCES}"/>'
     yield "a name of an attribute to the last byte", REFUSED, filled("a", lambda text: f'<a {text}=""/>')
     yield "a million namespaces", REFUSED, f"<a{attributes(400_000, ' xmlns:a{}=' + chr(34) + 'u' + chr(34))}/>"
     spaces = attributes(ATTRIBUTES, ' xmlns:n{}="u"')
@@ -129,8 +131,9 @@ def typed():
     yield "references to what another file would declare", REFUSED, filled(
         "&b;", lambda text: f'<!DOCTYPE a SYSTEM "x"><a>{text}</a>')
     yield "references behind the last tag", REFUSED, filled("&b;", lambda text: f'<!DOCTYPE a SYSTEM "x"><a>{text}')
-    yield "references in values to what another file would declare", HANDLED, filled(
+    yield "references in values to what another file would declare", REFUSED, filled(
         "&b;", lambda text: f'<!DOCTYPE a SYSTEM "x"><a c="{text}"/>')
+    yield "as many of them as allowed", HANDLED, f'<!DOCTYPE a SYSTEM "x"><a c="{"&b;" * REFERENCES}"/>'
     yield "references to what nobody declares", REFUSED, filled("&b;")
     yield "document types one in another", REFUSED, filled("<!DOCTYPE a [", str)
 
@@ -169,8 +172,10 @@ def plain():
     yield "a name to the last byte", REFUSED, filled("a", lambda text: f"<{text}/>")
     yield "a text to the last byte", HANDLED, filled("a")
     yield "Cyrillic to the last byte", HANDLED, filled("ж")
-    yield "references to the last byte", HANDLED, filled("&lt;")
-    yield "numbered references to the last byte", HANDLED, filled("&#65;")
+    yield "references to the last byte", REFUSED, filled("&lt;")
+    yield "numbered references to the last byte", REFUSED, filled("&#65;")
+    yield "as many references as allowed", HANDLED, envelope("&lt;" * REFERENCES)
+    yield "as many numbered references as allowed", HANDLED, envelope("&#65;" * REFERENCES)
     yield "line ends to the last byte", HANDLED, filled("\r")
     yield "brackets of sections to the last byte", HANDLED, filled("]")
     yield "a message to the last byte", HANDLED, filled("m", lambda text: envelope(f"<ChequeMessage>{text}</ChequeMessage>"))

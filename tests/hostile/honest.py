@@ -112,3 +112,10 @@ def documents(samples):
         yield f"{file.stem} {number}", list(in_every_encoding(dressed(tree, chance), chance))
     for name, text in large():
         yield name, list(in_every_encoding(text, chance))
+
+
+def long_answer(samples, positions):
+    """A calculation of so many positions, in bytes."""
+    text = (samples / "sale-soft-answer.xml").read_text()
+    item = re.search(r"[ \t]*<Item>.*?</Item>\n", text, re.DOTALL)[0]
+    return text.replace(item, item * positions, 1).encode()
