@@ -51,8 +51,8 @@ void run(const emulator::RecordOptions &options)
 {
     // The tills need it for longer than the terminal that it was started from, and than a disk
     // has room for files.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
     emulator::Recorder recorder(options.recorder);
     constexpr bool answersBeforeEnding = true;
     emulator::Server server(options.listening.address, options.listening.tls,

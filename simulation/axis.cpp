@@ -41,8 +41,9 @@ std::vector<double> Axis::marks() const
 {
     std::vector<double> values;
     if (m_isLogarithmic) {
-        for (double power = std::ceil(std::log10(m_from) - slack);
-             power <= std::log10(m_to) + slack; ++power)
+        const auto first = std::lround(std::ceil(std::log10(m_from) - slack));
+        const auto last = std::lround(std::floor(std::log10(m_to) + slack));
+        for (auto power = first; power <= last; ++power)
             values.push_back(std::pow(10.0, power));
         return values;
     }

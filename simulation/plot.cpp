@@ -60,9 +60,10 @@ public:
     Drawing()
     {
         m_out << std::fixed << std::setprecision(1)
-              << "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" << width << "\" height=\""
-              << height << "\" font-family=\"DejaVu Sans, Arial, sans-serif\" font-size=\"14\">\n"
-              << "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
+              << R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" << width << R"(" height=")"
+              << height << R"(" font-family="DejaVu Sans, Arial, sans-serif" font-size="14">)"
+              << '\n'
+              << R"(<rect width="100%" height="100%" fill="#ffffff"/>)" << '\n';
     }
     void line(double x1, double y1, double x2, double y2, const std::string &style)
     {
@@ -195,6 +196,7 @@ void drawRates(Drawing &drawing, const Axis &x, const Scenario &scenario,
     const std::vector<Curve> &curves, std::size_t secondsInAStep)
 {
     std::vector<Values> all;
+    all.reserve(curves.size());
     for (const Curve &curve : curves)
         all.push_back(rates(curve.measures, secondsInAStep));
     const double top = std::pow(10.0, std::ceil(std::log10(highest(all) + 1)));
@@ -206,7 +208,7 @@ void drawRates(Drawing &drawing, const Axis &x, const Scenario &scenario,
     for (std::size_t i = all.size(); i-- > 0;)
         drawing.curve(x, y, step, all[i], styleOf(i));
     const double capacity = y.at(scenario.service.capacity);
-    drawing.line(left, capacity, right, capacity, "stroke=\"#333333\" stroke-dasharray=\"2 4\"");
+    drawing.line(left, capacity, right, capacity, R"(stroke="#333333" stroke-dasharray="2 4")");
     drawing.text(right + gap, capacity + letter, "capacity");
 }
 

@@ -75,7 +75,7 @@ std::optional<Fault> FaultPlan::take(Operation operation)
         [operation](Entry &entry) { return strikes(entry, operation); });
     if (found == m_entries.end())
         return {};
-    Fault &fault = std::get<Fault>(found->fault);
+    auto &fault = std::get<Fault>(found->fault);
     Fault taken = fault;
     if (fault.left && --*fault.left == 0)
         m_entries.erase(found);
@@ -89,7 +89,7 @@ std::optional<ConnectionFault> FaultPlan::takeForConnection()
     });
     if (found == m_entries.end())
         return {};
-    ConnectionFault &fault = std::get<ConnectionFault>(found->fault);
+    auto &fault = std::get<ConnectionFault>(found->fault);
     ConnectionFault taken = fault;
     if (--fault.left == 0)
         m_entries.erase(found);

@@ -63,7 +63,7 @@ private:
     static constexpr std::chrono::milliseconds timeBetweenEvents{100};
     // Tells whether the client is still there, and keeps what is between awake.
     static constexpr int looksBetweenSigns = 100;
-    static constexpr std::size_t drainPiece = 64 * 1024;
+    static constexpr std::size_t drainPiece = std::size_t{64} * 1024;
 
     auto &socketStream() { return boost::beast::get_lowest_layer(m_stream); }
 

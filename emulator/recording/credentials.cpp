@@ -1,17 +1,18 @@
 #include "emulator/recording/credentials.h"
 
+#include <algorithm>
+#include <array>
+
 namespace emulator {
 
 namespace {
 
 bool speaksOfCredentials(const QByteArray &name)
 {
+    constexpr std::array words = {"auth", "cookie", "token", "secret", "password", "key"};
     const QByteArray lower = name.toLower();
-    for (const char *word : {"auth", "cookie", "token", "secret", "password", "key"}) {
-        if (lower.contains(word))
-            return true;
-    }
-    return false;
+    return std::any_of(
+        words.begin(), words.end(), [&lower](const char *word) { return lower.contains(word); });
 }
 
 } // namespace

@@ -7,7 +7,7 @@ namespace emulator {
 void tell(const QString &line)
 {
     const QByteArray bytes = line.simplified().toUtf8() + '\n';
-    std::fputs(bytes.constData(), stderr);
+    static_cast<void>(std::fputs(bytes.constData(), stderr));
 }
 
 } // namespace emulator

@@ -84,11 +84,8 @@ int onProgress(void *isCancelled, curl_off_t, curl_off_t, curl_off_t, curl_off_t
 
 bool isPassedOn(const QByteArray &name)
 {
-    for (const char *one : {"Content-Type", "SOAPAction"}) {
-        if (name.compare(one, Qt::CaseInsensitive) == 0)
-            return true;
-    }
-    return false;
+    return name.compare("Content-Type", Qt::CaseInsensitive) == 0
+        || name.compare("SOAPAction", Qt::CaseInsensitive) == 0;
 }
 
 bool has(const HttpRequest &request, const char *name)

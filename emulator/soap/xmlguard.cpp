@@ -38,7 +38,7 @@ Tag readTag(std::string_view text, std::size_t from)
     for (; place < text.size(); ++place) {
         const char c = text[place];
         if (quote)
-            quote = c == quote ? 0 : quote;
+            quote = c == quote ? '\0' : quote;
         else if (c == '"' || c == '\'')
             quote = c;
         else if (c == '=')

@@ -331,6 +331,13 @@ TEST(AnswerGuardTest, FourEncodingsMayBeDeclaredInAnyCase)
         }
 }
 
+TEST(AnswerGuardTest, WhatIsInNoQuotesDeclaresNothing)
+{
+    // The reader refuses both, which is its part.
+    EXPECT_EQ(refusalOf(u"<?xml version='1.0' encoding=koi8-r?><a/>"_s), QString());
+    EXPECT_EQ(refusalOf(u"<?xml version='1.0' encoding=~koi8-r~?><a/>"_s), QString());
+}
+
 TEST(AnswerGuardTest, OtherEncodingsAreRefused)
 {
     for (const QString &name : {u"KOI8-R"_s, u"UTF-7"_s, u"UTF-32"_s, u"IBM037"_s, u"US-ASCII"_s,

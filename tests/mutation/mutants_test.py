@@ -61,6 +61,11 @@ class WhatIsChanged(unittest.TestCase):
         kinds = [kind for kind, *_ in changes("    a = c;\n        b = d;\n    return e;")]
         self.assertNotIn("order", kinds)
 
+    def test_leaves_the_order_of_constants_alone(self):
+        for constant in ("constexpr int a = 1;", "static constexpr int a = 1;"):
+            for pair in (f"    {constant}\n    b = 2;", f"    b = 2;\n    {constant}"):
+                self.assertNotIn("order", [kind for kind, _, _ in changes(pair)])
+
 
 class WhatIsLeftAlone(unittest.TestCase):
     def test_comments_directives_and_pointers(self):

@@ -55,13 +55,14 @@ private:
 
     void noteBooked(const Request &request, const Answer &answer);
     void noteRolledBack(const QString &transaction);
-    [[nodiscard]] Booking *saleOf(const Booking &returned);
-    void addToSale(const Booking &returned, double direction);
+    /// The sale that a return refers to; null when it is none of this run's.
+    [[nodiscard]] Booking *saleOf(const Booking &booking);
+    void addToSale(const Booking &booking, double direction);
     void findOut(const Doubt &doubt);
     /// Why not; empty when nothing of it is left.
     [[nodiscard]] QString undo(const Booking &booking);
     [[nodiscard]] QString undoOtherwise(const Booking &booking, const QString &reason);
-    [[nodiscard]] QString returnRest(const Booking &sale);
+    [[nodiscard]] QString returnRest(const Booking &booking);
     void leave(const Booking &booking, const QString &reason);
 
     const Service &m_service;

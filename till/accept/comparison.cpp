@@ -27,11 +27,11 @@ bool areEqual(const Value &left, const Value &right, double within)
 }
 
 /// Dates of the form yyyy-MM-dd are in order as texts.
-bool isAtMost(const Value &left, const Value &right)
+bool isAtMost(const Value &value, const Value &bound)
 {
-    const auto one = left.number();
-    const auto other = right.number();
-    return one && other ? *one < *other + money::tolerance : *left.text <= *right.text;
+    const auto number = value.number();
+    const auto most = bound.number();
+    return number && most ? *number < *most + money::tolerance : *value.text <= *bound.text;
 }
 
 bool holds(const Comparison &comparison, const Value &left, const Value &right)

@@ -11,8 +11,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <utility>
-
 using namespace Qt::StringLiterals;
 
 namespace till::accept {
@@ -125,9 +123,9 @@ std::optional<Condition> readCondition(const JsonField &parent)
 class FlowReader
 {
 public:
-    FlowReader(const Acceptance &acceptance, QDir samples)
+    FlowReader(const Acceptance &acceptance, const QDir &samples)
         : m_acceptance(acceptance)
-        , m_samples(std::move(samples))
+        , m_samples(samples)
     { }
 
     [[nodiscard]] Flow flow(const JsonField &whole) const

@@ -106,7 +106,8 @@ def _calls(code_line, line):
 
 
 def _orders(lines, code_lines, index):
-    if index + 1 == len(lines):
+    # Constants mean the same in any order.
+    if index + 1 == len(lines) or "constexpr" in code_lines[index] + code_lines[index + 1]:
         return
     first, second = (_STATEMENT.match(code_lines[place].rstrip()) for place in (index, index + 1))
     if first and second and first.group(1) == second.group(1):
