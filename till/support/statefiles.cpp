@@ -116,7 +116,7 @@ void StateFiles::addJournal()
     const QString fileName = m_stateFolder + u"/journal.jsonl"_s;
     if (!QFileInfo::exists(fileName))
         return;
-    const QByteArray masked = maskedLines(read(fileName),
+    const QByteArray masked = maskedLines(readEnd(fileName),
         [this](const QByteArray &line) { return m_secrets.maskedJson(line).trimmed(); });
     m_contents.add(layout::exchanges, lastExchanges(masked));
     m_contents.addEnd(nameOf(fileName), masked);
