@@ -40,6 +40,7 @@ ExitStatus startWindow(const RunOptions &options)
     const QString program = QCoreApplication::applicationDirPath() + u"/korvel-till-window"_s;
     std::vector<std::string> words = wordsOf(program, options);
     std::vector<char *> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string &word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
