@@ -18,16 +18,16 @@ WaitLine::WaitLine(std::FILE *stream, const tr::Tr &text)
 {
     if (!m_isTerminal)
         return;
-    std::fputs(plaintext::line(text.ui()).toUtf8().constData(), m_stream);
-    std::fflush(m_stream);
+    static_cast<void>(std::fputs(plaintext::line(text.ui()).toUtf8().constData(), m_stream));
+    static_cast<void>(std::fflush(m_stream));
 }
 
 WaitLine::~WaitLine()
 {
     if (!m_isTerminal)
         return;
-    std::fputs(clearedLine, m_stream);
-    std::fflush(m_stream);
+    static_cast<void>(std::fputs(clearedLine, m_stream));
+    static_cast<void>(std::fflush(m_stream));
 }
 
 } // namespace till::check

@@ -5,10 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-namespace till {
-
 /// Parts of a document in plain words, a line each.
-namespace words {
+namespace till::words {
 
 [[nodiscard]] QString opened(const AbstractDocument &document);
 /// The loyalty card with its holder and, in a sale, its balance; nothing without a card.
@@ -24,5 +22,4 @@ namespace words {
 /// All of it.
 [[nodiscard]] QStringList whole(const AbstractDocument &document);
 
-} // namespace words
-} // namespace till
+} // namespace till::words

@@ -48,7 +48,7 @@ std::optional<QString> PromptCashier::enter(const InputTextFormParameters &form)
                                                .arg(form.message)
                                                .arg(form.cancelButton)
                                                .ui());
-    while (const auto line = m_readLine(prompt)) {
+    while (auto line = m_readLine(prompt)) {
         if (line->isEmpty())
             return std::nullopt;
         if (accepts(form, *line))

@@ -66,10 +66,12 @@ std::optional<JournalledExchange> exchangeOf(const JournalLine &line)
 
 std::optional<JournalledExchange> lastExchange(const Evidence &evidence, ServiceOperation operation)
 {
-    for (auto line = evidence.journal.crbegin(); line != evidence.journal.crend(); ++line)
-        if (auto exchange = exchangeOf(*line); exchange && exchange->operation == operation)
-            return exchange;
-    return std::nullopt;
+    const auto found = std::find_if(
+        evidence.journal.crbegin(), evidence.journal.crend(), [operation](const JournalLine &line) {
+            const auto exchange = exchangeOf(line);
+            return exchange && exchange->operation == operation;
+        });
+    return found == evidence.journal.crend() ? std::nullopt : exchangeOf(*found);
 }
 
 bool hasExchanges(const Evidence &evidence)

@@ -66,8 +66,7 @@ Findings Gathering::ofCheque(const QString &number)
     extract.lines.removeIf([&number](const JournalLine &line) { return line.document != number; });
     for (const Candidate &candidate : candidatesIn(extract))
         add(candidates, candidate);
-    Findings findings = gather(candidates);
-    return findings;
+    return gather(candidates);
 }
 
 Findings Gathering::ofCard(const QString &card)
@@ -91,7 +90,7 @@ Findings Gathering::ofCard(const QString &card)
     return findings;
 }
 
-Findings Gathering::gather(QList<Candidate> candidates)
+Findings Gathering::gather(const QList<Candidate> &candidates)
 {
     Findings findings;
     QByteArrayList ids;

@@ -36,7 +36,7 @@ private:
         QSharedPointer<AbstractDocument> document; ///< null: none is kept
     };
 
-    [[nodiscard]] Findings gather(QList<Candidate> candidates);
+    [[nodiscard]] Findings gather(const QList<Candidate> &candidates);
     [[nodiscard]] QList<Candidate> candidatesIn(const JournalExtract &extract) const;
     void add(QList<Candidate> &candidates, const Candidate &candidate) const;
     [[nodiscard]] JournalExtract readJournal(const QByteArrayList &wanted);

@@ -74,7 +74,7 @@ public:
             return;
         }
         const QJsonArray objects = QJsonDocument::fromJson(file.readAll()).array();
-        for (const QJsonValue &object : objects)
+        for (const auto &object : objects)
             m_messages.append(messageOf(object.toObject()));
     }
 

@@ -52,7 +52,7 @@ FolderWatch::~FolderWatch()
 
 void FolderWatch::forget()
 {
-    std::array<char, 4096> events;
+    std::array<char, 4096> events = {};
     while (::read(m_descriptor, events.data(), events.size()) > 0) { }
 }
 

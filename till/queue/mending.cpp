@@ -8,8 +8,6 @@
 #include "till/queue/queuetexts.h"
 #include "till/queue/stateselection.h"
 
-#include <cstdio>
-
 using namespace Qt::StringLiterals;
 
 namespace till::queuecommands {
@@ -22,7 +20,7 @@ constexpr int changedInOneStep = 200;
 /// What one of the commands does.
 struct Change
 {
-    QStringList (QueueOffice::*change)(const QStringList &ids);
+    QStringList (QueueOffice::*change)(const QStringList &ids) = nullptr;
     QList<MessageState> states; ///< of the messages that it can change
 };
 
@@ -52,13 +50,13 @@ public:
         : m_json(json)
     {
         if (m_json)
-            std::fputs("{\"changed\":[", stdout);
+            print(u"{\"changed\":["_s);
     }
     void changed(const QStringList &ids)
     {
         m_count += ids.size();
         for (const QString &id : m_json ? ids : QStringList()) {
-            std::fputs((m_before + Json(toJson(id)).dump()).c_str(), stdout);
+            print(QString::fromStdString(m_before + Json(toJson(id)).dump()));
             m_before = ",";
         }
     }

@@ -10,8 +10,8 @@ namespace till {
 
 void print(const QString &text)
 {
-    std::fputs(text.toUtf8().constData(), stdout);
-    std::fflush(stdout);
+    static_cast<void>(std::fputs(text.toUtf8().constData(), stdout));
+    static_cast<void>(std::fflush(stdout));
 }
 
 QString jsonText(const Json &object)
@@ -27,7 +27,7 @@ void print(const Json &object)
 void complain(const QString &line)
 {
     const QString whole = u"korvel-till: "_s + plaintext::line(line) + u'\n';
-    std::fputs(whole.toUtf8().constData(), stderr);
+    static_cast<void>(std::fputs(whole.toUtf8().constData(), stderr));
 }
 
 void tellDelivery(const DeliveryReport &report, const DeliveryRest &rest, bool json)

@@ -17,9 +17,9 @@ constexpr int barWidth = 30;
 
 void write(std::FILE *stream, const QString &text)
 {
-    std::fputs(clearedLine, stream);
-    std::fputs(text.toUtf8().constData(), stream);
-    std::fflush(stream);
+    static_cast<void>(std::fputs(clearedLine, stream));
+    static_cast<void>(std::fputs(text.toUtf8().constData(), stream));
+    static_cast<void>(std::fflush(stream));
 }
 
 } // namespace

@@ -125,6 +125,7 @@ ExitStatus execute(
     }
     LineEditor lines(
         Singleton<StateFolder>::instance()->path() + u"/history", codesOf(workplace.catalogue()));
+    // The cashier reads by it. NOLINTNEXTLINE(clang-analyzer-deadcode.DeadStores)
     editor = &lines;
     runPrompt(lines, workplace.till(), interpreter, std::cerr);
     return statusFor(hasOpenEnds);

@@ -187,9 +187,10 @@ QJsonValue Secrets::masked(const QJsonValue &json) const
     if (json.isString())
         return masked(json.toString());
     if (json.isArray()) {
+        const QJsonArray given = json.toArray();
         QJsonArray items;
-        for (const QJsonValue &item : json.toArray())
-            items.append(masked(item));
+        for (const auto &item : given)
+            items.append(masked(QJsonValue(item)));
         return items;
     }
     if (!json.isObject())

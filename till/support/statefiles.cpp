@@ -41,7 +41,7 @@ QByteArray lastExchanges(const QByteArray &journal)
 {
     QByteArrayList found;
     for (const QByteArray &line : journal.split('\n'))
-        if (line.endsWith('}') && line.contains("\"kind\":\"exchange\""))
+        if (line.endsWith('}') && line.contains(R"("kind":"exchange")"))
             found.append(line);
     return "[\n" + found.mid(qMax<qsizetype>(0, found.size() - exchangesKept)).join(",\n")
         + "\n]\n";

@@ -27,8 +27,8 @@ enum class Function
 /// A function with its place on the keyboard and its name on the bar.
 struct FunctionKey
 {
-    Function function;
-    Qt::Key key;
+    Function function = {};
+    Qt::Key key = {};
     tr::Tr name;
 };
 

@@ -24,6 +24,7 @@
 #include <iostream>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +62,12 @@ int demonstrate(const till::RunOptions &options)
     return show(demo.options(), till::texts::demoBand.arg(demo.service().url().toString()).ui());
 }
 
+int unusable(const std::string &complaint)
+{
+    std::cerr << "korvel-till-window: " << complaint << std::endl;
+    return static_cast<int>(ExitStatus::Unusable);
+}
+
 int run(const till::RunOptions &options)
 {
     try {
@@ -69,11 +76,9 @@ int run(const till::RunOptions &options)
         till::applyStyle();
         return till::isConfigured(options.configFile) ? show(options, {}) : demonstrate(options);
     } catch (const SpokenError &error) {
-        std::cerr << "korvel-till-window: " << error.tr().ui().toStdString() << std::endl;
-        return static_cast<int>(ExitStatus::Unusable);
+        return unusable(error.tr().ui().toStdString());
     } catch (const std::exception &error) {
-        std::cerr << "korvel-till-window: " << error.what() << std::endl;
-        return static_cast<int>(ExitStatus::Unusable);
+        return unusable(error.what());
     }
 }
 
@@ -100,9 +105,7 @@ std::optional<int> read(int argc, char *argv[], till::RunOptions &options)
     return std::nullopt;
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+int start(int argc, char *argv[])
 {
     till::RunOptions options;
     if (const auto exitStatus = read(argc, argv, options))
@@ -111,4 +114,15 @@ int main(int argc, char *argv[])
     int programName = 1;
     const QApplication application(programName, argv);
     return run(options);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    try {
+        return start(argc, argv);
+    } catch (const std::exception &error) {
+        return unusable(error.what());
+    }
 }
