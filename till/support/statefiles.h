@@ -12,7 +12,8 @@ namespace till::support {
 class StateFiles
 {
 public:
-    /// @param secrets, contents must outlive this.
+    /// @param secrets must outlive this.
+    /// @param contents likewise.
     StateFiles(QString stateFolder, const Secrets &secrets, Contents &contents);
 
     void add();
