@@ -2,10 +2,9 @@
 
 #include <QByteArray>
 
-#include <locale.h>
-
 #include <algorithm>
 #include <array>
+#include <clocale>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
