@@ -11,12 +11,14 @@ namespace stickers {
 
 namespace {
 
-/// Whether rows over these offers only rise, and their totals can be compared by differences.
-bool haveSteps(const Offers &offers)
+/// Whether rows over these offers only rise, and their totals can be compared by differences. What
+/// is not payable, or takes money away, changes no row.
+bool haveSteps(const Offers &offers, int capacity)
 {
     double sum = 0.0;
     for (const Offer &offer : offers)
-        sum += std::abs(offer.value);
+        if (isPayable(offer, capacity) && !(offer.value <= 0.0))
+            sum += offer.value;
     return std::isfinite(sum);
 }
 
@@ -40,7 +42,7 @@ Choice choose(const Offers &offers, int capacity, const ChoiceLimits &limits)
     const qint64 cells = tableCells(offers, capacity);
     if (cells <= limits.smallTable)
         return {chooseByTable(offers, capacity)};
-    if (haveSteps(offers))
+    if (haveSteps(offers, capacity))
         if (auto chosen = chooseBySteps(offers, capacity, limits.steps))
             return {std::move(*chosen)};
     if (cells <= limits.tableCells && capacity <= limits.tableStickers)

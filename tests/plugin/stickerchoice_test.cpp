@@ -11,6 +11,7 @@
 #include <limits>
 
 using stickers::Chosen;
+using stickers::Offer;
 using stickers::Offers;
 
 namespace {
@@ -271,6 +272,19 @@ TEST_F(StickerChoice, ValuesThatAreNotFiniteAreLeftToTheTable)
             EXPECT_EQ(stickers::choose(offers, capacity, limits).chosen,
                 chooseByLiteralTable(offers, capacity));
         }
+    }
+}
+
+TEST_F(StickerChoice, WhatNeverChangesATotalIsNotLeftToTheTable)
+{
+    auto limits = noLimits();
+    limits.steps = anySteps;
+    for (const Offer &inert :
+        {Offer{1, -infinite}, Offer{-1, infinite}, Offer{11, infinite}, Offer{11, std::nan("")}}) {
+        SCOPED_TRACE(testing::Message() << inert.value << " for " << inert.cost);
+        const auto choice = stickers::choose({inert, {6, 5.0}, {5, 9.0}}, 10, limits);
+        EXPECT_TRUE(choice.isBest);
+        EXPECT_EQ(choice.chosen, Chosen({false, false, true}));
     }
 }
 
