@@ -40,7 +40,7 @@ void MarkupScanner::skipText()
     const qsizetype bracket = m_markup.indexOf('<', m_next);
     const qsizetype before = m_references;
     const qsizetype begin = m_next;
-    m_position = bracket < 0 ? m_markup.size() : bracket;
+    m_position = bracket == -1 ? m_markup.size() : bracket;
     m_next = m_position;
     countReferences(begin);
     if (m_hasDocumentType)
@@ -148,7 +148,7 @@ bool MarkupScanner::startsWith(QByteArrayView text) const
 void MarkupScanner::skipBehind(QByteArrayView opening, QByteArrayView closing)
 {
     const qsizetype end = m_markup.indexOf(closing, m_next + opening.size());
-    m_next = end < 0 ? m_markup.size() : end + closing.size();
+    m_next = end == -1 ? m_markup.size() : end + closing.size();
 }
 
 /// Over the next character; when that is a quote, over everything up to its counterpart as well.
@@ -156,7 +156,7 @@ void MarkupScanner::skipCharacterOrQuoted()
 {
     if (isQuote(next())) {
         const qsizetype end = m_markup.indexOf(next(), m_next + 1);
-        m_next = end < 0 ? m_markup.size() : end + 1;
+        m_next = end == -1 ? m_markup.size() : end + 1;
     } else {
         ++m_next;
     }

@@ -208,6 +208,8 @@ TEST(AnswerGuardTest, ReferencesAreNodesOnlyWhereSomethingMayHaveDeclaredThem)
     EXPECT_EQ(refusalOf(type + many + u"</a>"_s), tooManyNodes);
     EXPECT_EQ(refusalOf(type + many), tooManyNodes);
     EXPECT_EQ(refusalOf(type + repeated(u"&b;"_s, 239'999) + u"</a>"_s), QString());
+    const QString half = repeated(u"&b;"_s, 119'999);
+    EXPECT_EQ(refusalOf(type + half + u"<c/>"_s + half + u"</a>"_s), QString());
 }
 
 TEST(AnswerGuardTest, ADocumentTypeMayNotDeclareEntities)
@@ -219,6 +221,7 @@ TEST(AnswerGuardTest, ADocumentTypeMayNotDeclareEntities)
         u"[<!ELEMENT a ANY><!ENTITY b 'c'>]"_s,
         u"[<!ELEMENT a ANY ']>'><!ENTITY b 'c'>]"_s,
         u"[<!-- ' ]> --><!ENTITY b 'c'>]"_s,
+        u"[<!----><!ENTITY b 'c'><!-- -->]"_s,
         u"[<?p ' ]> ?><!ENTITY b 'c'>]"_s,
     };
     for (const QString &type : types) {
@@ -267,6 +270,16 @@ TEST(AnswerGuardTest, TheLengthOfADocumentTypeIsLimited)
         thenIsRefused(u"<!DOCTYPE a [%1]><a/>"_s.arg(repeated(declaration, longest)), tooLongType);
     thenIsRefused(
         u"<!DOCTYPE a [%1<!ENTITY b 'c'>]><a/>"_s.arg(repeated(u"%b;"_s, longest)), tooLongType);
+    const QString opening = u"<!DOCTYPE a ["_s;
+    const QString filling = repeated(u" "_s, 64 * 1024 - static_cast<int>(opening.size()));
+    thenIsRefused(opening + filling + u"<!ENTITY b 'c'>]><a/>"_s, entities);
+}
+
+TEST(AnswerGuardTest, ADocumentTypeFarBehindTheBeginningIsLikeAnyOther)
+{
+    const QString farBehind = u"<!--%1-->"_s.arg(repeated(u"x"_s, 64 * 1024));
+    thenPasses(farBehind + u"<!DOCTYPE a [<!ELEMENT a ANY>]><a/>"_s);
+    thenIsRefused(farBehind + u"<!DOCTYPE a [<!ENTITY b 'c'>]><a/>"_s, entities);
 }
 
 TEST(AnswerGuardTest, OtherDocumentTypesPass)

@@ -66,6 +66,14 @@ class WhatIsChanged(unittest.TestCase):
             for pair in (f"    {constant}\n    b = 2;", f"    b = 2;\n    {constant}"):
                 self.assertNotIn("order", [kind for kind, _, _ in changes(pair)])
 
+    def test_leaves_the_order_of_two_properties_alone(self):
+        orders = lambda source: [kind for kind, _, _ in changes(source) if kind == "order"]
+        self.assertEqual(orders("    a.setB(1);\n    a.setC(2);"), [])
+        self.assertEqual(orders("    a->setB(1);\n    a->setC(2);"), [])
+        for pair in ("    a.setB(1);\n    a.setB(2);", "    a.setB(1);\n    b.setC(2);", "    a.setB(1);\n    a.add(2);"):
+            with self.subTest(pair=pair):
+                self.assertEqual(orders(pair), ["order"])
+
 
 class WhatIsLeftAlone(unittest.TestCase):
     def test_comments_directives_and_pointers(self):

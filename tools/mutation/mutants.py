@@ -64,6 +64,7 @@ _OPERATORS = [
 _NUMBER = re.compile(r"(?<![\w.'])(\d[\d']*(?:\.\d+)?)(?![\w.'])")
 _TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
 _CALL = re.compile(r"^(\s*)([\w:.>()-]+\(.*\);)$")
+_SETTER = re.compile(r"^\s*(\w+(?:\.|->))(set\w+)\(")
 _STATEMENT = re.compile(r"^(\s+)(?!return\b|throw\b|break\b|case\b|using\b|else\b|const\b|auto\b|static\b)[\w*].*;$")
 
 
@@ -108,6 +109,10 @@ def _calls(code_line, line):
 def _orders(lines, code_lines, index):
     # Constants mean the same in any order.
     if index + 1 == len(lines) or "constexpr" in code_lines[index] + code_lines[index + 1]:
+        return
+    # So do two properties of one object.
+    setters = [_SETTER.match(code_lines[place]) for place in (index, index + 1)]
+    if all(setters) and setters[0].group(1) == setters[1].group(1) and setters[0].group(2) != setters[1].group(2):
         return
     first, second = (_STATEMENT.match(code_lines[place].rstrip()) for place in (index, index + 1))
     if first and second and first.group(1) == second.group(1):
