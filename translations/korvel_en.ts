@@ -3453,6 +3453,10 @@ Cancel the payment, go back to the cheque and pay with points again</translation
 
 Start the demonstration? A loyalty service with sample cards and articles will run on this computer. Whatever is sold in the demonstration is forgotten when the window is closed.</translation>
     </message>
+    <message id="windowDemoServiceEnded">
+        <source>завершился с кодом %1</source>
+        <translation>it ended with status %1</translation>
+    </message>
     <message id="windowDemoServiceMissing">
         <source>для демонстрации нужна программа korvel-service, её нет ни рядом с этой программой, ни в PATH; установите её или укажите настройки в --config</source>
         <translation>there is no korvel-service beside this program or in PATH for the demonstration; install it, or name a configuration with --config</translation>
@@ -3460,6 +3464,10 @@ Start the demonstration? A loyalty service with sample cards and articles will r
     <message id="windowDemoServiceNotStarted">
         <source>сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его адрес в настройках, файл которых задаёт --config</source>
         <translation>the service of the demonstration, %1, did not start (%2); start one yourself and name its address in a configuration with --config</translation>
+    </message>
+    <message id="windowDemoServiceSilent">
+        <source>не начал отвечать вовремя</source>
+        <translation>it did not listen in time</translation>
     </message>
     <message id="windowDemoStart">
         <source>Запустить демонстрацию</source>
@@ -3496,6 +3504,10 @@ Start the demonstration? A loyalty service with sample cards and articles will r
     <message id="windowExchangeMilliseconds">
         <source>%1 мс</source>
         <translation>%1 ms</translation>
+    </message>
+    <message id="windowExchangeOfNobody">
+        <source>не ответ системы лояльности</source>
+        <translation>not an answer of the loyalty service</translation>
     </message>
     <message id="windowExchangeOperation">
         <source>Операция</source>

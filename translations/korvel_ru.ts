@@ -3455,6 +3455,10 @@
 
 Запустить демонстрацию? На этом компьютере запустится сервис лояльности с примерами карт и товаров. Всё, что продано в демонстрации, забывается, когда окно закрывается.</translation>
     </message>
+    <message id="windowDemoServiceEnded">
+        <source>завершился с кодом %1</source>
+        <translation>завершился с кодом %1</translation>
+    </message>
     <message id="windowDemoServiceMissing">
         <source>для демонстрации нужна программа korvel-service, её нет ни рядом с этой программой, ни в PATH; установите её или укажите настройки в --config</source>
         <translation>для демонстрации нужна программа korvel-service, её нет ни рядом с этой программой, ни в PATH; установите её или укажите настройки в --config</translation>
@@ -3462,6 +3466,10 @@
     <message id="windowDemoServiceNotStarted">
         <source>сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его адрес в настройках, файл которых задаёт --config</source>
         <translation>сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его адрес в настройках, файл которых задаёт --config</translation>
+    </message>
+    <message id="windowDemoServiceSilent">
+        <source>не начал отвечать вовремя</source>
+        <translation>не начал отвечать вовремя</translation>
     </message>
     <message id="windowDemoStart">
         <source>Запустить демонстрацию</source>
@@ -3498,6 +3506,10 @@
     <message id="windowExchangeMilliseconds">
         <source>%1 мс</source>
         <translation>%1 мс</translation>
+    </message>
+    <message id="windowExchangeOfNobody">
+        <source>не ответ системы лояльности</source>
+        <translation>не ответ системы лояльности</translation>
     </message>
     <message id="windowExchangeOperation">
         <source>Операция</source>

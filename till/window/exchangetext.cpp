@@ -103,7 +103,8 @@ QString operation(const ExchangeRecord &record)
 
 bool hasSucceeded(const ExchangeRecord &record)
 {
-    return record.error == 0 && textOf(record.answer, u"ReturnCode").value_or(u"0"_s).toInt() <= 0;
+    const auto code = textOf(record.answer, u"ReturnCode");
+    return record.error == 0 && code && code->toInt() <= 0;
 }
 
 QString outcome(const ExchangeRecord &record)
@@ -112,10 +113,12 @@ QString outcome(const ExchangeRecord &record)
         return texts::exchangeFailed.arg(QString::number(record.error))
             .arg(record.errorMessage.ui())
             .ui();
-    const QString code = textOf(record.answer, u"ReturnCode").value_or(u"0"_s);
+    const auto code = textOf(record.answer, u"ReturnCode");
+    if (!code)
+        return texts::exchangeOfNobody.ui();
     if (hasSucceeded(record))
-        return texts::exchangeDone.arg(code).ui();
-    return u"%1 · %2"_s.arg(code, textOf(record.answer, u"Message").value_or(QString()));
+        return texts::exchangeDone.arg(*code).ui();
+    return u"%1 · %2"_s.arg(*code, textOf(record.answer, u"Message").value_or(QString()));
 }
 
 QString begun(const ExchangeRecord &record)

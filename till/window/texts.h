@@ -124,6 +124,8 @@ inline const tr::Tr exchangeDone(
     QStringLiteral("windowExchangeDone"), QStringLiteral("%1 · успешно"));
 inline const tr::Tr exchangeFailed(
     QStringLiteral("windowExchangeFailed"), QStringLiteral("нет ответа (%1): %2"));
+inline const tr::Tr exchangeOfNobody(
+    QStringLiteral("windowExchangeOfNobody"), QStringLiteral("не ответ системы лояльности"));
 inline const tr::Tr exchangeMilliseconds(
     QStringLiteral("windowExchangeMilliseconds"), QStringLiteral("%1 мс"));
 inline const tr::Tr copy(QStringLiteral("windowCopy"), QStringLiteral("Копировать"));
@@ -152,6 +154,10 @@ inline const tr::Tr demoServiceMissing(QStringLiteral("windowDemoServiceMissing"
 inline const tr::Tr demoServiceNotStarted(QStringLiteral("windowDemoServiceNotStarted"),
     QStringLiteral("сервис демонстрации %1 не запустился (%2); запустите его сами и укажите его "
                    "адрес в настройках, файл которых задаёт --config"));
+inline const tr::Tr demoServiceEnded(
+    QStringLiteral("windowDemoServiceEnded"), QStringLiteral("завершился с кодом %1"));
+inline const tr::Tr demoServiceSilent(
+    QStringLiteral("windowDemoServiceSilent"), QStringLiteral("не начал отвечать вовремя"));
 inline const tr::Tr demoFileNotWritten(QStringLiteral("windowDemoFileNotWritten"),
     QStringLiteral("%1: демонстрация не может записать этот файл (%2); освободите место или "
                    "укажите другую папку в TMPDIR"));

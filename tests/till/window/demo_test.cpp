@@ -59,7 +59,7 @@ TEST_F(DemoTest, AServiceListensOnAFreePortAndEndsWithItsOwner)
 TEST_F(DemoTest, WhatDoesNotStartIsToldWithARemedy)
 {
     for (const auto &[program, reason] : {std::pair(u"/nowhere/service"_s, u"No such file"_s),
-             std::pair(givenProgram("exit 7"), u"it ended with status 7"_s)}) {
+             std::pair(givenProgram("exit 7"), u"завершился с кодом 7"_s)}) {
         const QString told = whyNot(program, longEnough);
         EXPECT_TRUE(told.contains(program)) << qPrintable(told);
         EXPECT_TRUE(told.contains(reason)) << qPrintable(told);
@@ -70,7 +70,7 @@ TEST_F(DemoTest, WhatDoesNotStartIsToldWithARemedy)
 TEST_F(DemoTest, AServiceThatNeverListensIsNotWaitedForLonger)
 {
     const QString told = whyNot(givenProgram("exec cat"), std::chrono::milliseconds(1));
-    EXPECT_TRUE(told.contains(u"it did not listen in time")) << qPrintable(told);
+    EXPECT_TRUE(told.contains(u"не начал отвечать вовремя")) << qPrintable(told);
 }
 
 TEST_F(DemoTest, TheFilesSellTheSampleCatalogueWithThatService)

@@ -37,7 +37,7 @@ public:
 
 TEST_F(ExchangesPageTest, TheNewestIsOnTopAndChosen)
 {
-    givenExchange("<one/>", "<first/>");
+    givenExchange("<one/>", "<ReturnCode>0</ReturnCode>");
     givenExchange("<two/>", "<ReturnCode>7</ReturnCode>");
     whenPageOpened();
     ASSERT_EQ(table()->rowCount(), 2);

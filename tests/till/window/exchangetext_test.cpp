@@ -55,6 +55,16 @@ TEST(ExchangeTextTest, TellsWhatTheServiceAnswered)
     EXPECT_EQ(text::outcome(refused), u"80241 · Карта не найдена");
 }
 
+TEST(ExchangeTextTest, TellsOfAnAnswerThatIsNotTheServices)
+{
+    for (const QByteArray &answer : {QByteArray("<html>Welcome</html>"), QByteArray("Welcome"),
+             QByteArray(), sample(u"sale-fiscal-request"_s)}) {
+        SCOPED_TRACE(answer.toStdString());
+        EXPECT_FALSE(text::hasSucceeded(exchange({}, answer)));
+        EXPECT_EQ(text::outcome(exchange({}, answer)), u"не ответ системы лояльности");
+    }
+}
+
 TEST(ExchangeTextTest, TellsWhyThereIsNoAnswer)
 {
     auto failed = exchange({}, {});

@@ -38,7 +38,7 @@ DemoService::DemoService(const QString &program, std::chrono::milliseconds limit
     waitForUrl(limit);
     if (m_url.isValid())
         return;
-    const QString reason = whyNot();
+    const tr::Tr reason = whyNot();
     end();
     throw SpokenError(texts::demoServiceNotStarted.arg(program).arg(reason));
 }
@@ -84,13 +84,13 @@ void DemoService::waitForUrl(std::chrono::milliseconds limit)
         loop.exec();
 }
 
-QString DemoService::whyNot() const
+tr::Tr DemoService::whyNot() const
 {
     if (m_process.error() == QProcess::FailedToStart)
-        return m_process.errorString();
+        return {tr::undefined, m_process.errorString()};
     if (m_process.state() == QProcess::NotRunning)
-        return u"it ended with status %1"_s.arg(m_process.exitCode());
-    return u"it did not listen in time"_s;
+        return texts::demoServiceEnded.arg(QString::number(m_process.exitCode()));
+    return texts::demoServiceSilent;
 }
 
 void DemoService::end()

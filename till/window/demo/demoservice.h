@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/framework/tr.h"
+
 #include <QProcess>
 #include <QUrl>
 
@@ -34,7 +36,7 @@ private:
     void start(const QString &program);
     void waitForUrl(std::chrono::milliseconds limit);
     void end();
-    [[nodiscard]] QString whyNot() const;
+    [[nodiscard]] tr::Tr whyNot() const;
 
     QProcess m_process;
     QUrl m_url;
