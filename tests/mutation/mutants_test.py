@@ -66,6 +66,11 @@ class WhatIsChanged(unittest.TestCase):
             for pair in (f"    {constant}\n    b = 2;", f"    b = 2;\n    {constant}"):
                 self.assertNotIn("order", [kind for kind, _, _ in changes(pair)])
 
+    def test_leaves_memory_that_is_taken_early_alone(self):
+        self.assertEqual(changes("    a.reserve(b + 1);"), [])
+        self.assertEqual(changes("    a.reserve(b + 1);\n    a.reserve(c);"), [])
+        self.assertNotIn("order", [kind for kind, *_ in changes("    b = 2;\n    a.reserve(c);")])
+
     def test_leaves_the_order_of_two_properties_alone(self):
         orders = lambda source: [kind for kind, _, _ in changes(source) if kind == "order"]
         self.assertEqual(orders("    a.setB(1);\n    a.setC(2);"), [])

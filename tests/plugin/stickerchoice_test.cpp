@@ -238,6 +238,21 @@ TEST_F(StickerChoice, TooManyStepsAreATableWhereOneFits)
     EXPECT_FALSE(stickers::choose(offers, 10, limits).isBest);
 }
 
+TEST_F(StickerChoice, ATableOfAsManyCellsAsAreQuickIsComputed)
+{
+    auto limits = noLimits();
+    limits.smallTable = 2 * (10 + 1);
+    const Offers offers{{10, 10.0}, {5, 9.0}};
+    EXPECT_TRUE(stickers::choose(offers, 10, limits).isBest);
+    limits.smallTable -= 1;
+    EXPECT_FALSE(stickers::choose(offers, 10, limits).isBest);
+}
+
+TEST_F(StickerChoice, BeyondEveryLimitTheLastStickerIsStillSpent)
+{
+    thenInOrder(stickers::choose({{1, 1.0}}, 1, noLimits()), {true});
+}
+
 TEST_F(StickerChoice, BeyondEveryLimitOffersAreTakenInTheirOrderWhileTheyFit)
 {
     const auto choice = stickers::choose(

@@ -108,7 +108,7 @@ def _calls(code_line, line):
 
 def _orders(lines, code_lines, index):
     # Constants mean the same in any order.
-    if index + 1 == len(lines) or "constexpr" in code_lines[index] + code_lines[index + 1]:
+    if index + 1 == len(lines) or re.search(r"constexpr|\.reserve\(", code_lines[index] + code_lines[index + 1]):
         return
     # So do two properties of one object.
     setters = [_SETTER.match(code_lines[place]) for place in (index, index + 1)]
@@ -128,6 +128,10 @@ def mutants_of(file, source):
     result = []
     seen = collections.Counter()
     for index, (line, code_line) in enumerate(zip(lines, code_lines)):
+        # Memory that is taken early, or not, changes no value.
+        if ".reserve(" in code_line:
+            seen[line] += 1
+            continue
         changes = [
             *_operators(code_line),
             *_numbers(code_line),

@@ -36,7 +36,8 @@ class Workshop:
         for name in kept:
             self._copy(name)
         configure = ["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug"]
-        flags = ["-DKORVEL_BUILD_TESTS=ON", "-DCMAKE_CXX_FLAGS_DEBUG=-O0"]
+        # With them an index behind the end is told, which otherwise may go well.
+        flags = ["-DKORVEL_BUILD_TESTS=ON", "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -D_GLIBCXX_ASSERTIONS"]
         configured = subprocess.run([*configure, *flags], capture_output=True, text=True)
         if configured.returncode != 0:
             raise Unusable("cmake: " + configured.stderr[-2000:])
