@@ -66,6 +66,11 @@ class WhatIsChanged(unittest.TestCase):
             for pair in (f"    {constant}\n    b = 2;", f"    b = 2;\n    {constant}"):
                 self.assertNotIn("order", [kind for kind, _, _ in changes(pair)])
 
+    def test_leaves_the_order_of_declarations_alone(self):
+        for declaration in ("qint64 a;", "std::vector<int> m_b;", "const Offers &c;", "mutable QMutex d;"):
+            self.assertNotIn("order", [kind for kind, *_ in changes(f"    {declaration}\n    b = 2;")])
+        self.assertIn("order", [kind for kind, *_ in changes("    delete a;\n    b = 2;")])
+
     def test_leaves_memory_that_is_taken_early_alone(self):
         self.assertEqual(changes("    a.reserve(b + 1);"), [])
         self.assertEqual(changes("    a.reserve(b + 1);\n    a.reserve(c);"), [])

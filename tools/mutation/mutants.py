@@ -65,6 +65,7 @@ _NUMBER = re.compile(r"(?<![\w.'])(\d[\d']*(?:\.\d+)?)(?![\w.'])")
 _TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
 _CALL = re.compile(r"^(\s*)([\w:.>()-]+\(.*\);)$")
 _SETTER = re.compile(r"^\s*(\w+(?:\.|->))(set\w+)\(")
+_DECLARATION = re.compile(r"^\s*(?!delete\b)[\w:<>,]+(?: [\w:<>,]+)* [*&]?\w+;$")
 _STATEMENT = re.compile(r"^(\s+)(?!return\b|throw\b|break\b|case\b|using\b|else\b|const\b|auto\b|static\b)[\w*].*;$")
 
 
@@ -109,6 +110,9 @@ def _calls(code_line, line):
 def _orders(lines, code_lines, index):
     # Constants mean the same in any order.
     if index + 1 == len(lines) or re.search(r"constexpr|\.reserve\(", code_lines[index] + code_lines[index + 1]):
+        return
+    # So do declarations.
+    if any(_DECLARATION.match(code_lines[place].rstrip()) for place in (index, index + 1)):
         return
     # So do two properties of one object.
     setters = [_SETTER.match(code_lines[place]) for place in (index, index + 1)]
