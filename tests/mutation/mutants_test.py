@@ -67,7 +67,7 @@ class WhatIsChanged(unittest.TestCase):
                 self.assertNotIn("order", [kind for kind, _, _ in changes(pair)])
 
     def test_leaves_the_order_of_declarations_alone(self):
-        for declaration in ("qint64 a;", "std::vector<int> m_b;", "const Offers &c;", "mutable QMutex d;"):
+        for declaration in ("qint64 a;", "std::vector<int> m_b;", "const Offers &c;", "mutable QMutex d;", "double m_e = 0.0;"):
             self.assertNotIn("order", [kind for kind, *_ in changes(f"    {declaration}\n    b = 2;")])
         self.assertIn("order", [kind for kind, *_ in changes("    delete a;\n    b = 2;")])
 
