@@ -99,9 +99,9 @@ private:
                 m_steps[step].total + offer.value};
         };
         std::size_t takenFrom = left;
-        while (left < end || takenFrom < end) {
-            const bool takesNext = left == end
-                || (takenFrom < end && taken(takenFrom).column < m_steps[left].column);
+        // Never ahead of what is left: no offer gives stickers back.
+        while (takenFrom < end) {
+            const bool takesNext = left == end || taken(takenFrom).column < m_steps[left].column;
             const Step next = takesNext ? taken(takenFrom++) : m_steps[left++];
             if (next.column > m_capacity)
                 return;
