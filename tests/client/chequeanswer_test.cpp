@@ -104,6 +104,18 @@ TEST_F(ChequeAnswerTest, PrefixedElementsDoNotCount)
     EXPECT_EQ(value(u"Summ"_s), QVariant(7.0));
 }
 
+TEST_F(ChequeAnswerTest, OtherElementsAreNobodysWhateverTheirLength)
+{
+    whenRead({});
+    const Values none = m_result;
+    constexpr int longerThanAnyName = 40;
+    for (int length = 1; length <= longerThanAnyName; ++length) {
+        SCOPED_TRACE(length);
+        whenRead(u"<%1>7</%1>"_s.arg(QString(length, u'A')));
+        EXPECT_EQ(m_result, none);
+    }
+}
+
 TEST_F(ChequeAnswerTest, TheChequeMessageEndsAtTheDelimiter)
 {
     whenRead(u"<ChequeMessage> Спасибо \u2013\u2013 123</ChequeMessage>"_s);

@@ -67,9 +67,11 @@ class WhatIsChanged(unittest.TestCase):
                 self.assertNotIn("order", [kind for kind, _, _ in changes(pair)])
 
     def test_leaves_the_order_of_declarations_alone(self):
-        for declaration in ("qint64 a;", "std::vector<int> m_b;", "const Offers &c;", "mutable QMutex d;", "double m_e = 0.0;"):
+        for declaration in ("qint64 a;", "std::vector<int> m_b;", "const Offers &c;", "mutable QMutex d;", "double m_e = 0.0;",
+                            "int f(const A &a) const;", "Chosen g(h.size(), false);"):
             self.assertNotIn("order", [kind for kind, *_ in changes(f"    {declaration}\n    b = 2;")])
-        self.assertIn("order", [kind for kind, *_ in changes("    delete a;\n    b = 2;")])
+        for statement in ("delete a;", "a(b, 1);", "a->b(c);"):
+            self.assertIn("order", [kind for kind, *_ in changes(f"    {statement}\n    b = 2;")])
 
     def test_leaves_memory_that_is_taken_early_alone(self):
         self.assertEqual(changes("    a.reserve(b + 1);"), [])

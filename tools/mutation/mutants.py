@@ -66,6 +66,7 @@ _TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
 _CALL = re.compile(r"^(\s*)([\w:.>()-]+\(.*\);)$")
 _SETTER = re.compile(r"^\s*(\w+(?:\.|->))(set\w+)\(")
 _DECLARATION = re.compile(r"^\s*(?!delete\b)[\w:<>,]+(?: [\w:<>,]+)* [*&]?\w+(?: = (?:[\d.']+|true|false))?;$")
+_FUNCTION = re.compile(r"^\s*(?!delete\b|else\b|throw\b|co_)[\w:<>,]+(?: [\w:<>,*&]+)* [*&]?\w+\(.*\)(?: const)?;$")
 _STATEMENT = re.compile(r"^(\s+)(?!return\b|throw\b|break\b|case\b|using\b|else\b|const\b|auto\b|static\b)[\w*].*;$")
 
 
@@ -112,13 +113,14 @@ def _orders(lines, code_lines, index):
     if index + 1 == len(lines) or re.search(r"constexpr|\.reserve\(", code_lines[index] + code_lines[index + 1]):
         return
     # So do declarations.
-    if any(_DECLARATION.match(code_lines[place].rstrip()) for place in (index, index + 1)):
+    pair = [code_lines[place].rstrip() for place in (index, index + 1)]
+    if any(_DECLARATION.match(line) or _FUNCTION.match(line) for line in pair):
         return
     # So do two properties of one object.
-    setters = [_SETTER.match(code_lines[place]) for place in (index, index + 1)]
+    setters = [_SETTER.match(line) for line in pair]
     if all(setters) and setters[0].group(1) == setters[1].group(1) and setters[0].group(2) != setters[1].group(2):
         return
-    first, second = (_STATEMENT.match(code_lines[place].rstrip()) for place in (index, index + 1))
+    first, second = (_STATEMENT.match(line) for line in pair)
     if first and second and first.group(1) == second.group(1):
         before = lines[index].strip() + "\n" + lines[index + 1]
         after = lines[index + 1].strip() + "\n" + lines[index]
