@@ -82,6 +82,8 @@ class WhatIsChanged(unittest.TestCase):
         orders = lambda source: [kind for kind, _, _ in changes(source) if kind == "order"]
         self.assertEqual(orders("    a.setB(1);\n    a.setC(2);"), [])
         self.assertEqual(orders("    a->setB(1);\n    a->setC(2);"), [])
+        self.assertEqual(orders("    a.b = c();\n    a.d = e();"), [])
+        self.assertEqual(orders("    a.b = 1;\n    a.b = 2;"), ["order"])
         for pair in ("    a.setB(1);\n    a.setB(2);", "    a.setB(1);\n    b.setC(2);", "    a.setB(1);\n    a.add(2);"):
             with self.subTest(pair=pair):
                 self.assertEqual(orders(pair), ["order"])

@@ -248,6 +248,17 @@ TEST_F(StickerChoice, ATableOfAsManyCellsAsAreQuickIsComputed)
     EXPECT_FALSE(stickers::choose(offers, 10, limits).isBest);
 }
 
+TEST_F(StickerChoice, TheLimitsKeepMemorySmall)
+{
+    constexpr std::size_t bitsPerByte = 8;
+    constexpr std::size_t mebibyte = 1024 * 1024;
+    const stickers::ChoiceLimits limits;
+    EXPECT_EQ(limits.steps * (sizeof(qint64) + sizeof(double)), 8 * mebibyte);
+    EXPECT_EQ(static_cast<std::size_t>(limits.tableCells), 16 * mebibyte * bitsPerByte);
+    EXPECT_EQ(static_cast<std::size_t>(limits.tableStickers) * sizeof(double), 32 * mebibyte);
+    EXPECT_EQ(limits.smallTable, 256 * 1024);
+}
+
 TEST_F(StickerChoice, BeyondEveryLimitTheLastStickerIsStillSpent)
 {
     thenInOrder(stickers::choose({{1, 1.0}}, 1, noLimits()), {true});

@@ -64,7 +64,7 @@ _OPERATORS = [
 _NUMBER = re.compile(r"(?<![\w.'])(\d[\d']*(?:\.\d+)?)(?![\w.'])")
 _TEXT = re.compile(r'"((?:[^"\\]|\\.)*)"')
 _CALL = re.compile(r"^(\s*)([\w:.>()-]+\(.*\);)$")
-_SETTER = re.compile(r"^\s*(\w+(?:\.|->))(set\w+)\(")
+_SETTER = re.compile(r"^\s*(\w+(?:\.|->))(set\w+(?=\()|\w+(?= = ))")
 _DECLARATION = re.compile(r"^\s*(?!delete\b)[\w:<>,]+(?: [\w:<>,]+)* [*&]?\w+(?: = (?:[\d.']+|true|false))?;$")
 _FUNCTION = re.compile(r"^\s*(?!delete\b|else\b|throw\b|co_)[\w:<>,]+(?: [\w:<>,*&]+)* [*&]?\w+\(.*\)(?: const)?;$")
 _STATEMENT = re.compile(r"^(\s+)(?!return\b|throw\b|break\b|case\b|using\b|else\b|const\b|auto\b|static\b)[\w*].*;$")
