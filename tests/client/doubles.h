@@ -6,6 +6,8 @@
 #include <QList>
 #include <QSharedPointer>
 
+#include <utility>
+
 /// What the client gave its HTTP client for one exchange.
 struct Exchange
 {
@@ -87,8 +89,8 @@ public:
 class ClockDouble : public CurrentTime
 {
 public:
-    explicit ClockDouble(const QDateTime &time)
-        : m_time(time)
+    explicit ClockDouble(QDateTime time)
+        : m_time(std::move(time))
     { }
     [[nodiscard]] QDateTime currentDateTime() const override { return m_time; }
 

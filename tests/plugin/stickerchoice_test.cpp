@@ -49,7 +49,7 @@ class StickerWays : public testing::TestWithParam<Way>
 protected:
     static Chosen whenChosen(const Offers &offers, int capacity)
     {
-        const Chosen chosen = GetParam().choose(offers, capacity);
+        Chosen chosen = GetParam().choose(offers, capacity);
         EXPECT_EQ(chosen, chooseByLiteralTable(offers, capacity));
         return chosen;
     }
@@ -227,7 +227,7 @@ TEST_F(StickerChoice, AsManyStepsAsTheLimitAreHeld)
 TEST_F(StickerChoice, TooManyStepsAreATableWhereOneFits)
 {
     auto limits = noLimits();
-    limits.tableCells = 2 * (10 + 1);
+    limits.tableCells = qint64{2} * (10 + 1);
     limits.tableStickers = 10;
     const Offers offers{{10, 10.0}, {5, 9.0}};
     EXPECT_TRUE(stickers::choose(offers, 10, limits).isBest);
@@ -241,7 +241,7 @@ TEST_F(StickerChoice, TooManyStepsAreATableWhereOneFits)
 TEST_F(StickerChoice, ATableOfAsManyCellsAsAreQuickIsComputed)
 {
     auto limits = noLimits();
-    limits.smallTable = 2 * (10 + 1);
+    limits.smallTable = qint64{2} * (10 + 1);
     const Offers offers{{10, 10.0}, {5, 9.0}};
     EXPECT_TRUE(stickers::choose(offers, 10, limits).isBest);
     limits.smallTable -= 1;
@@ -251,7 +251,7 @@ TEST_F(StickerChoice, ATableOfAsManyCellsAsAreQuickIsComputed)
 TEST_F(StickerChoice, TheLimitsKeepMemorySmall)
 {
     constexpr std::size_t bitsPerByte = 8;
-    constexpr std::size_t mebibyte = 1024 * 1024;
+    constexpr std::size_t mebibyte = std::size_t{1024} * 1024;
     const stickers::ChoiceLimits limits;
     EXPECT_EQ(limits.steps * (sizeof(qint64) + sizeof(double)), 8 * mebibyte);
     EXPECT_EQ(static_cast<std::size_t>(limits.tableCells), 16 * mebibyte * bitsPerByte);

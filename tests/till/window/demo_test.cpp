@@ -34,7 +34,7 @@ public:
     }
     QString givenProgram(const QByteArray &script) const
     {
-        const QString name = stateFolder() + u"/service"_s;
+        QString name = stateFolder() + u"/service"_s;
         QFile file(name);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("#!/bin/sh\n" + script + '\n');
@@ -50,7 +50,7 @@ TEST_F(DemoTest, AServiceListensOnAFreePortAndEndsWithItsOwner)
     auto service = std::make_unique<DemoService>(QStringLiteral(SERVICE_PROGRAM));
     EXPECT_EQ(service->url().host(), u"127.0.0.1");
     EXPECT_GT(service->url().port(), 0);
-    const pid_t process = static_cast<pid_t>(service->processId());
+    const auto process = static_cast<pid_t>(service->processId());
     EXPECT_EQ(kill(process, 0), 0);
     service.reset();
     EXPECT_EQ(kill(process, 0), -1);
