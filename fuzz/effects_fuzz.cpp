@@ -69,10 +69,7 @@ bool calculate(fuzz::Desk &desk)
     attempt([&] { return till.addCoupon(u"9900000000018"_s, {}); });
     attempt([&] { return till.calculate(); });
     const auto document = till.document();
-    if (!document)
-        return false;
-    requireKept(*document);
-    return isCalculated(*document);
+    return document && isCalculated(*document);
 }
 
 void payAndClose(fuzz::Desk &desk)

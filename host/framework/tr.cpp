@@ -1,8 +1,8 @@
 #include "host/framework/tr.h"
 
+#include <QList>
 #include <QLocale>
 #include <QMap>
-#include <QRegularExpression>
 #include <QStringList>
 #include <QtGlobal>
 
@@ -16,18 +16,46 @@ namespace {
 
 constexpr int kopeckDigits = 2;
 
-const QRegularExpression &placeholder()
+constexpr int decimalBase = 10;
+
+/// "%1" to "%99" in a text.
+struct Placeholder
 {
-    static const QRegularExpression expression(QStringLiteral("%([1-9]\\d?)"));
-    return expression;
+    qsizetype begin = 0;
+    qsizetype end = 0;
+    int number = 0;
+};
+
+int digitAt(QStringView text, qsizetype at)
+{
+    constexpr int none = -1;
+    return at < text.size() && text[at] >= u'0' && text[at] <= u'9' ? text[at].unicode() - u'0'
+                                                                    : none;
+}
+
+// By hand, since every line that a till shows, prints and journals comes through here: a regular
+// expression was a third of the time of reading settings.
+QList<Placeholder> placeholdersIn(QStringView text)
+{
+    QList<Placeholder> result;
+    for (qsizetype at = text.indexOf(u'%'); at >= 0; at = text.indexOf(u'%', at + 1)) {
+        const int first = digitAt(text, at + 1);
+        if (first < 1)
+            continue;
+        const int second = digitAt(text, at + 2);
+        result.append(second < 0 ? Placeholder{at, at + 2, first}
+                                 : Placeholder{at, at + 3, first * decimalBase + second});
+    }
+    return result;
 }
 
 // The argument of each number that occurs: the lowest number takes the first argument.
-QMap<int, QString> argumentsByNumber(const QString &text, const QStringList &arguments)
+QMap<int, QString> argumentsByNumber(
+    const QList<Placeholder> &placeholders, const QStringList &arguments)
 {
     QMap<int, QString> result;
-    for (const auto &match : placeholder().globalMatch(text))
-        result.insert(match.capturedView(1).toInt(), match.captured());
+    for (const Placeholder &placeholder : placeholders)
+        result.insert(placeholder.number, u'%' + QString::number(placeholder.number));
     auto argument = arguments.cbegin();
     for (auto number = result.begin(); number != result.end() && argument != arguments.cend();
          ++number)
@@ -38,13 +66,16 @@ QMap<int, QString> argumentsByNumber(const QString &text, const QStringList &arg
 // In one pass, so that an argument that holds a placeholder itself stays as it is.
 QString filled(const QString &text, const QStringList &arguments)
 {
-    const QMap<int, QString> values = argumentsByNumber(text, arguments);
+    if (arguments.isEmpty())
+        return text;
+    const QList<Placeholder> placeholders = placeholdersIn(text);
+    const QMap<int, QString> values = argumentsByNumber(placeholders, arguments);
     QString result;
     qsizetype end = 0;
-    for (const auto &match : placeholder().globalMatch(text)) {
-        result += QStringView(text).mid(end, match.capturedStart() - end);
-        result += values.value(match.capturedView(1).toInt());
-        end = match.capturedEnd();
+    for (const Placeholder &placeholder : placeholders) {
+        result += QStringView(text).mid(end, placeholder.begin - end);
+        result += values.value(placeholder.number);
+        end = placeholder.end;
     }
     return result + QStringView(text).mid(end);
 }

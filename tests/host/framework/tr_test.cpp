@@ -63,6 +63,22 @@ TEST_F(TrTest, LeavesPlaceholdersWithoutAnArgumentAndPercentSignsAlone)
     EXPECT_EQ(tr::Tr(u"id"_s, u"%1 %2 50% %"_s).arg(u"а"_s).ru(), u"а %2 50% %"_s);
 }
 
+TEST_F(TrTest, TakesNumbersFromOneToNinetyNine)
+{
+    const tr::Tr message = tr::Tr(u"id"_s, u"%0 %01 %123 %9 %99 %%1 %٣ %:"_s)
+                               .arg(u"а"_s)
+                               .arg(u"б"_s)
+                               .arg(u"в"_s)
+                               .arg(u"г"_s);
+
+    EXPECT_EQ(message.ru(), u"%0 %01 в3 б г %а %٣ %:"_s);
+}
+
+TEST_F(TrTest, LeavesANumberWithoutAnArgumentAsItIsWritten)
+{
+    EXPECT_EQ(tr::Tr(u"id"_s, u"%1 %10"_s).arg(u"а"_s).ru(), u"а %10"_s);
+}
+
 TEST_F(TrTest, LeavesOutArgumentsWithoutAPlaceholder)
 {
     EXPECT_EQ(tr::Tr(u"id"_s, u"текст"_s).arg(u"а"_s).ru(), u"текст"_s);
