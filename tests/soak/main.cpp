@@ -45,8 +45,10 @@ int main(int count, char **words)
     program.add_option("--seed", plan.seed, "the same seed, the same cheques and faults")
         ->capture_default_str();
     CLI11_PARSE(program, count, words);
-    if (plan.cheques < plan.settling + soak::fewestBlocks * soak::chequesOfBlock) {
-        std::cerr << "soak: too few cheques behind the first ones to see a slope\n";
+    const int timed = plan.cheques - plan.settling;
+    if (timed < soak::fewestBlocks * soak::chequesOfBlock || timed % soak::chequesOfBlock != 0) {
+        std::cerr << "soak: behind the first cheques whole blocks of " << soak::chequesOfBlock
+                  << " are sold, at least " << soak::fewestBlocks << " of them, to see a slope\n";
         return cannotRun;
     }
     try {

@@ -9,7 +9,8 @@ namespace soak {
 namespace {
 
 constexpr double bytesPerKibibyte = 1024.0;
-constexpr int decimals = 2;
+constexpr double percent = 100.0;
+constexpr int decimals = 4;
 
 QString row(const QString &what, const QString &wanted, const QString &measured)
 {
@@ -23,14 +24,14 @@ QString kibibytes(qint64 bytes)
 
 QString interval(const Slope &slope)
 {
-    return u"%1 to %2 µs"_s.arg(slope.value - slope.halfWidth, 0, 'f', decimals)
-        .arg(slope.value + slope.halfWidth, 0, 'f', decimals);
+    return u"%1 to %2 %"_s.arg((slope.value - slope.halfWidth) * percent, 0, 'f', decimals)
+        .arg((slope.value + slope.halfWidth) * percent, 0, 'f', decimals);
 }
 
-QString firstAndLast(const std::vector<double> &microseconds)
+QString firstAndLast(const Report &report, double ChequeTimes::*which)
 {
-    return u"%1 µs; %2 µs"_s.arg(microseconds.front(), 0, 'f', 0)
-        .arg(microseconds.back(), 0, 'f', 0);
+    return u"%1 µs; %2 µs"_s.arg(report.times.front().*which, 0, 'f', 0)
+        .arg(report.times.back().*which, 0, 'f', 0);
 }
 
 } // namespace
@@ -47,9 +48,11 @@ QString markdown(const Report &report)
         + row(u"open descriptors then; at the end"_s, u"no more"_s,
             u"%1; %2"_s.arg(report.settled.descriptors).arg(report.ended.descriptors))
         + row(u"processor for a cheque, first and last %1"_s.arg(chequesOfBlock), u""_s,
-            firstAndLast(report.microseconds))
-        + row(
-            u"growth of that from each %1 cheques to the next, 95 % interval"_s.arg(chequesOfBlock),
+            firstAndLast(report, &ChequeTimes::old))
+        + row(u"the same in a fresh till meanwhile"_s, u""_s,
+            firstAndLast(report, &ChequeTimes::fresh))
+        + row(u"growth of the one divided by the other from each %1 cheques to the next, "
+              "95 % interval"_s.arg(chequesOfBlock),
             u"holds 0"_s, interval(report.slope()))
         + row(u"duration"_s, u""_s, u"%1 s"_s.arg(report.duration.count()));
 }
