@@ -392,8 +392,8 @@
         <translation>name a file in a folder that can be written</translation>
     </message>
     <message id="catalogueSyntax">
-        <source>%1:%2: %3; исправьте строку</source>
-        <translation>%1:%2: %3; correct the line</translation>
+        <source>%1: %2; исправьте строку</source>
+        <translation>%1: %2; correct the line</translation>
     </message>
     <message id="catalogueUnreadable">
         <source>%1: не читается: %2; проверьте настройку Till:catalogue</source>
@@ -2250,6 +2250,10 @@
     <message id="jsonText">
         <source>текст</source>
         <translation>a text</translation>
+    </message>
+    <message id="jsonTooDeep">
+        <source>вложено глубже %1 уровней</source>
+        <translation>nested deeper than %1 levels</translation>
     </message>
     <message id="jsonValue">
         <source>значение</source>

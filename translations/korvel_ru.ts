@@ -392,8 +392,8 @@
         <translation>укажите файл в папке, доступной для записи</translation>
     </message>
     <message id="catalogueSyntax">
-        <source>%1:%2: %3; исправьте строку</source>
-        <translation>%1:%2: %3; исправьте строку</translation>
+        <source>%1: %2; исправьте строку</source>
+        <translation>%1: %2; исправьте строку</translation>
     </message>
     <message id="catalogueUnreadable">
         <source>%1: не читается: %2; проверьте настройку Till:catalogue</source>
@@ -2250,6 +2250,10 @@
     <message id="jsonText">
         <source>текст</source>
         <translation>текст</translation>
+    </message>
+    <message id="jsonTooDeep">
+        <source>вложено глубже %1 уровней</source>
+        <translation>вложено глубже %1 уровней</translation>
     </message>
     <message id="jsonValue">
         <source>значение</source>

@@ -32,6 +32,18 @@ std::size_t byteOfNumber(const QByteArray &json, const QByteArray &message)
     return static_cast<std::size_t>(json.indexOf(number) + 1);
 }
 
+/// More than any data has; a value is copied by recursion.
+constexpr int mostLevels = 100;
+
+bool boundLevels(int levelsAround, nlohmann::json::parse_event_t event, const nlohmann::json &)
+{
+    const bool isBeginning = event == nlohmann::json::parse_event_t::array_start
+        || event == nlohmann::json::parse_event_t::object_start;
+    if (isBeginning && levelsAround >= mostLevels)
+        throw DataError("nested deeper than " + std::to_string(mostLevels) + " levels");
+    return true;
+}
+
 } // namespace
 
 nlohmann::json parseJson(const QByteArray &json)
@@ -40,7 +52,7 @@ nlohmann::json parseJson(const QByteArray &json)
     constexpr bool ignoreComments = true;
     try {
         return nlohmann::json::parse(
-            json.begin(), json.end(), nullptr, allowExceptions, ignoreComments);
+            json.begin(), json.end(), boundLevels, allowExceptions, ignoreComments);
     } catch (const nlohmann::json::parse_error &error) {
         throw DataError(placeOf(json, error.byte) + ": " + syntaxMessage(error.what()));
     } catch (const nlohmann::json::out_of_range &error) {

@@ -1,13 +1,10 @@
 #include "host/documents/catalogue.h"
 
 #include "host/documents/cataloguereader.h"
+#include "host/storage/commentedjson.h"
 #include "host/storage/storageerror.h"
 
 #include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <utility>
@@ -18,34 +15,14 @@ CatalogueError::~CatalogueError() = default;
 
 namespace {
 
-// Line and column, from 1, of the byte that the parser stopped at, which it counts from 1.
-QString placeOf(const QByteArray &contents, std::size_t byte)
-{
-    const QByteArray before = contents.left(static_cast<qsizetype>(byte) - 1);
-    const qsizetype lineStart = before.lastIndexOf('\n') + 1;
-    return u"%1:%2"_s.arg(QString::number(before.count('\n') + 1),
-        QString::number(QString::fromUtf8(before.mid(lineStart)).size() + 1));
-}
-
-// What the parser says behind its own name and its own place.
-QString reasonOf(const nlohmann::json::parse_error &error)
-{
-    return QString::fromUtf8(error.what()).section(u": "_s, 1);
-}
-
-// People comment what they write, so comments are left out before the strict reading.
 QJsonValue parsed(const QByteArray &contents, const QString &fileName)
 {
     try {
-        const auto json
-            = nlohmann::json::parse(contents.begin(), contents.end(), nullptr, true, true);
-        const auto array = QByteArray::fromStdString(nlohmann::json::array({json}).dump());
-        return QJsonDocument::fromJson(array)[0];
-    } catch (const nlohmann::json::parse_error &error) {
-        throw CatalogueError(tr::Tr(u"catalogueSyntax"_s, u"%1:%2: %3; исправьте строку"_s)
-                                 .arg(fileName)
-                                 .arg(placeOf(contents, error.byte))
-                                 .arg(reasonOf(error)));
+        return commentedjson::parse(contents);
+    } catch (const commentedjson::Error &error) {
+        throw CatalogueError(tr::Tr(u"catalogueSyntax"_s, u"%1: %2; исправьте строку"_s)
+                                 .arg(error.placeIn(fileName))
+                                 .arg(error.tr()));
     }
 }
 

@@ -287,5 +287,17 @@ TEST(ServiceDataSyntax, IsToldByLineAndColumn)
     }
 }
 
+TEST(ServiceDataSyntax, OneHundredLevelsAreReadAndNoMore)
+{
+    constexpr int most = 100;
+    constexpr int farTooMany = 300'000;
+    const auto complaint = [](int levels) {
+        return complaintAbout("%", QByteArray(levels, '[') + QByteArray(levels, ']'));
+    };
+    EXPECT_THAT(complaint(most), testing::Not(testing::HasSubstr("nested")));
+    EXPECT_EQ(complaint(most + 1), "nested deeper than 100 levels");
+    EXPECT_EQ(complaint(farTooMany), "nested deeper than 100 levels");
+}
+
 } // namespace
 } // namespace emulator

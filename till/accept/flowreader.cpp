@@ -1,15 +1,13 @@
 #include "till/accept/flowreader.h"
 
+#include "host/storage/commentedjson.h"
 #include "host/storage/jsonfield.h"
 #include "host/storage/storageerror.h"
 #include "till/core/cannotdo.h"
 
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
 #include <QSet>
-
-#include <nlohmann/json.hpp>
 
 using namespace Qt::StringLiterals;
 
@@ -28,20 +26,15 @@ const QString rulesFile = u"rules.json"_s;
             u"исправьте файл; что в нём бывает, описано в docs/acceptance.md"_s});
 }
 
-// People comment what they write.
 QJsonValue parsed(const QString &fileName)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         failOn(fileName, file.errorString());
-    const QByteArray contents = file.readAll();
     try {
-        const auto json
-            = nlohmann::json::parse(contents.begin(), contents.end(), nullptr, true, true);
-        return QJsonDocument::fromJson(
-            QByteArray::fromStdString(nlohmann::json::array({json}).dump()))[0];
-    } catch (const nlohmann::json::exception &error) {
-        failOn(fileName, QString::fromUtf8(error.what()));
+        return commentedjson::parse(file.readAll());
+    } catch (const commentedjson::Error &error) {
+        failOn(error.placeIn(fileName), error.tr().ui());
     }
 }
 
@@ -93,6 +86,18 @@ const QList<QPair<QString, Operator>> relations{{u"is"_s, Operator::Is},
 const QStringList comparisonMembers{u"that"_s, u"is"_s, u"isNot"_s, u"atMost"_s, u"atLeast"_s,
     u"contains"_s, u"within"_s, u"each"_s};
 
+double marginOf(const JsonField &comparison)
+{
+    const auto field = comparison.find(u"within"_s);
+    if (!field)
+        return 0;
+    bool isNumber = false;
+    const double margin = field->text().toDouble(&isNumber);
+    if (!isNumber || !(margin >= 0))
+        failAt(*field, u"\"0.01\""_s);
+    return margin;
+}
+
 Comparison readComparison(const JsonField &field)
 {
     Comparison comparison;
@@ -106,7 +111,7 @@ Comparison readComparison(const JsonField &field)
         }
     if (given != 1)
         failAt(field, u"is, isNot, atMost, atLeast | contains"_s);
-    comparison.within = textOr(field, u"within"_s, u"0"_s).toDouble();
+    comparison.within = marginOf(field);
     comparison.each = textOr(field, u"each"_s, {});
     return comparison;
 }

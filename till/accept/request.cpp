@@ -5,6 +5,7 @@
 #include "host/framework/mockfactory.h"
 #include "till/accept/expression.h"
 #include "till/core/cannotdo.h"
+#include "till/wire/readablemarkup.h"
 
 #include <QFile>
 
@@ -227,7 +228,7 @@ int RequestComposer::articleNumber(const QString &code) const
 QString indented(const QByteArray &xml)
 {
     QDomDocument document;
-    if (!document.setContent(xml, false))
+    if (!isReadableMarkup(xml) || !document.setContent(xml, false))
         return QString::fromUtf8(xml);
     removeComments(document);
     return document.toString(indentation).trimmed();

@@ -48,7 +48,7 @@ private:
     QList<Article> m_articles;
 };
 
-/// Indented, without comments; as it is where it is no XML.
+/// Indented, without comments; as it is where it is no XML, or none that is read in good time.
 [[nodiscard]] QString indented(const QByteArray &xml);
 
 } // namespace till::accept

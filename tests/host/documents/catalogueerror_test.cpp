@@ -43,6 +43,8 @@ const Case cases[]{
     {"SyntaxInTheFirstLine", "{", "shop.json:1:2: ", "unexpected end of input"},
     {"SyntaxInAnotherLine", "{\n \"articles\": [}", "shop.json:2:15: ", "unexpected '}'"},
     {"ColumnsAreCharacters", "{\"till\": {\"shop\": \"Ёж\" 1}}", "shop.json:1:24: ", "unexpected"},
+    {"NumberThatIsTooLarge", R"({"articles": [{"code": "1", "price": 1e999}]})",
+        "shop.json: number overflow", "1e999"},
     {"EmptyFile", "", "shop.json:1:1: ", "unexpected end of input"},
     {"NoObject", "[]", "shop.json: «»: ", "ожидается объект"},
     {"PlainNumber", "5", "shop.json: «»: ", "ожидается объект"},

@@ -92,7 +92,7 @@ TEST_P(WrongFlowTest, IsToldWithFileAndPlace)
 const QByteArray goodCheck = R"("rule": "known", "that": "s.ReturnCode")";
 
 INSTANTIATE_TEST_SUITE_P(Every, WrongFlowTest,
-    testing::Values(Row{"Syntax", "{\"flow\": ", "line 1"},
+    testing::Values(Row{"Syntax", "{\"flow\": ", "10-one.json:1:10: syntax error"},
         Row{"NoSteps", flowWith(R"("writes": true)"), "steps"},
         Row{"UnknownMember", flowWith(R"("steps": [], "step": 1)"), "step"},
         Row{"NoTitleInALanguage", R"({"flow": "one", "title": {"en": "e"}, "steps": []})",
@@ -115,6 +115,14 @@ INSTANTIATE_TEST_SUITE_P(Every, WrongFlowTest,
             stepWith(
                 R"("body": "x", "checks": [{)" + goodCheck + R"(, "is": "1", "atMost": "1"}])"),
             "/steps/0/checks/0"},
+        Row{"MarginThatIsNoNumber",
+            stepWith(
+                R"("body": "x", "checks": [{)" + goodCheck + R"(, "is": "1", "within": "a"}])"),
+            "/steps/0/checks/0/within"},
+        Row{"MarginBelowZero",
+            stepWith(
+                R"("body": "x", "checks": [{)" + goodCheck + R"(, "is": "1", "within": "-1"}])"),
+            "/steps/0/checks/0/within"},
         Row{"ConditionWithoutReason", stepWith(R"("body": "x", "if": {"that": "1", "is": "1"})"),
             "/steps/0/if"},
         Row{"TwoStepsOfOneName",

@@ -1,6 +1,7 @@
 // What a report looks like.
 
 #include "till/accept/reporttext.h"
+#include "till/accept/request.h"
 
 #include <gtest/gtest.h>
 
@@ -33,6 +34,14 @@ TEST(ReportTextTest, ALineForEachRule)
         "  not offered  two                   the second rule (needs a thing)\n\n"
         "nothing was booked\n"
         "passed: 1, failed: 0, not offered: 1, not reached: 0\n");
+}
+
+TEST(ReportTextTest, AMessageThatNobodyCouldReadIsShownAsItCame)
+{
+    constexpr int levels = 100'000;
+    const QByteArray deep
+        = QByteArray("<a>").repeated(levels) + QByteArray("</a>").repeated(levels);
+    EXPECT_EQ(indented(deep), QString::fromUtf8(deep));
 }
 
 TEST(ReportTextTest, AFlowThatWasLeftOutIsOneLine)

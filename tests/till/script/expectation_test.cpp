@@ -76,6 +76,15 @@ INSTANTIATE_TEST_SUITE_P(Claims, ExpectationTest,
         Row{"document.text == 'a b'", true}, Row{"document.state == open", true},
         Row{"document.state != closed", true}));
 
+TEST(ExpectationDepthTest, WhatIsNestedVeryDeepIsATextThatNothingIsEqualTo)
+{
+    constexpr int many = 300'000;
+    const QString deep = QString(many, u'[') + QString(many, u']');
+    EXPECT_TRUE(failure(u"codes == "_s + deep).has_value());
+    EXPECT_FALSE(failure(u"codes != "_s + deep).has_value());
+    EXPECT_TRUE(failure(u"codes contains "_s + deep).has_value());
+}
+
 TEST(ExpectationTextTest, AFailureSaysWhatIsThereInstead)
 {
     EXPECT_EQ(failure(u"document.sum == 90"_s), u"expected document.sum == 90, but it is 100.0"_s);
