@@ -94,9 +94,13 @@ class WhatIsLeftAlone(unittest.TestCase):
         for source in [
             "// a == b, 7", "/* a == b\n 7 true */", '#include "a.h"', "#if A == 7", "Card *card;", "Card &&card",
             "QList<int> list;", "return -a;", 'QStringLiteral', "x1 = y2.z3",
+            'QString prefix; ///< "%1" is the number', '/* "a"\n "b" */',
         ]:
             with self.subTest(source):
                 self.assertEqual(changes(source), [])
+
+    def test_a_text_that_looks_like_a_comment(self):
+        self.assertEqual(changes('return u"http://a"; // "b"'), [("text", '"http://a"', '"http://a~"')])
 
     def test_what_looks_like_code_in_a_text(self):
         self.assertEqual(changes('return "a == 7";'), [("text", '"a == 7"', '"a == 7~"')])

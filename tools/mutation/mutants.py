@@ -70,16 +70,23 @@ _FUNCTION = re.compile(r"^\s*(?!delete\b|else\b|throw\b|co_)[\w:<>,]+(?: [\w:<>,
 _STATEMENT = re.compile(r"^(\s+)(?!return\b|throw\b|break\b|case\b|using\b|else\b|const\b|auto\b|static\b)[\w*].*;$")
 
 
+_COMMENT = r"//[^\n]*|/\*.*?\*/"
+_LITERAL = r'"(?:[^"\\\n]|\\.)*"|\'(?:[^\'\\\n]|\\.)\''
+_NO_CODE = re.compile(rf"{_COMMENT}|^[ \t]*#[^\n]*|{_LITERAL}", re.M | re.S)
+
+
+def _blank(match):
+    return re.sub(r"[^\n]", " ", match.group())
+
+
 def code_of(source):
     """`source` with comments, texts and directives blanked, every other character in its place."""
+    return _NO_CODE.sub(_blank, source)
 
-    def blank(match):
-        return re.sub(r"[^\n]", " ", match.group())
 
-    pattern = re.compile(
-        r'//[^\n]*|/\*.*?\*/|^[ \t]*#[^\n]*|"(?:[^"\\\n]|\\.)*"|\'(?:[^\'\\\n]|\\.)\'', re.M | re.S
-    )
-    return pattern.sub(blank, source)
+def without_comments(source):
+    """`source` with comments and directives blanked, every other character in its place."""
+    return _NO_CODE.sub(lambda match: match.group() if match.group()[0] in "\"'" else _blank(match), source)
 
 
 def _operators(code_line):
@@ -96,10 +103,9 @@ def _numbers(code_line):
         yield "constant", match.start(1), match.group(1), after
 
 
-def _texts(line, code_line):
-    for match in _TEXT.finditer(line):
-        if code_line[match.start() : match.end()].strip() == "" and not line.lstrip().startswith(("#", "//")):
-            yield "text", match.start(), match.group(), f'"{match.group(1)}~"'
+def _texts(uncommented_line):
+    for match in _TEXT.finditer(uncommented_line):
+        yield "text", match.start(), match.group(), f'"{match.group(1)}~"'
 
 
 def _calls(code_line, line):
@@ -131,9 +137,10 @@ def mutants_of(file, source):
     """All mutants of one file, in the order of its text."""
     lines = source.split("\n")
     code_lines = code_of(source).split("\n")
+    uncommented_lines = without_comments(source).split("\n")
     result = []
     seen = collections.Counter()
-    for index, (line, code_line) in enumerate(zip(lines, code_lines)):
+    for index, (line, code_line, uncommented) in enumerate(zip(lines, code_lines, uncommented_lines)):
         # Memory that is taken early, or not, changes no value.
         if ".reserve(" in code_line:
             seen[line] += 1
@@ -141,7 +148,7 @@ def mutants_of(file, source):
         changes = [
             *_operators(code_line),
             *_numbers(code_line),
-            *_texts(line, code_line),
+            *_texts(uncommented),
             *_calls(code_line, line),
             *_orders(lines, code_lines, index),
         ]

@@ -9,8 +9,10 @@ RANDOM = "*LiteralTable*"
 # What tests the two floors: programs and which of their cases. The quick ones first: most mutants end there.
 RUNS = [
     ("client_tests", "-*Corpus*"), ("plugin_tests", f"-{RANDOM}"), ("plugin_tests", RANDOM), ("client_schema_tests", "*"),
-    ("client_exchange_tests", "*"), ("client_tests", "*Corpus*"),
+    ("client_exchange_tests", "*"), ("client_tests", "*Corpus*"), ("plugin_library_tests", "*"),
 ]
+# What a program loads and is not linked to.
+LOADED = {"plugin_library_tests": "bin/korvelloyaltyonline.so"}
 
 
 class Unusable(Exception):
@@ -99,5 +101,5 @@ class Workshop:
         return subprocess.run(command, capture_output=True, timeout=timeout, start_new_session=True)
 
     def _time_of(self, program):
-        place = self.build / "tests" / program
-        return place.stat().st_mtime_ns if place.is_file() else None
+        places = [self.build / "tests" / program, self.build / LOADED.get(program, f"tests/{program}")]
+        return [place.stat().st_mtime_ns if place.is_file() else None for place in places]
