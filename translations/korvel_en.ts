@@ -1359,6 +1359,10 @@
         <source>текст после «]»; комментарии и настройки пишите в отдельных строках</source>
         <translation>text behind "]"; put comments and settings on their own lines</translation>
     </message>
+    <message id="configTooLong">
+        <source>%1: в файле больше %2 МиБ, это не настройки; проверьте его путь</source>
+        <translation>%1: the file holds more than %2 MiB, which are no settings; check its path</translation>
+    </message>
     <message id="configUnreadable">
         <source>%1: файл не читается: %2; проверьте его путь и права доступа</source>
         <translation>%1: the file cannot be read: %2; check its path and its permissions</translation>

@@ -20,6 +20,8 @@ namespace {
 
 const QString fileMark = u"@file:"_s;
 const QString overlayFolderSuffix = u".d"_s;
+constexpr qsizetype mostMebibytes = 1;
+constexpr qsizetype longestFile = mostMebibytes * 1024 * 1024; // bytes
 
 QString sectionPart(const QString &key)
 {
@@ -44,7 +46,18 @@ QByteArray contentsOf(const QString &path)
             u"%1: файл не читается: %2; проверьте его путь и права доступа"_s)
                               .arg(path)
                               .arg(file.errorString()));
-    return file.readAll();
+    // Not all at once: a device never ends, and a pipe gives a part at a time.
+    QByteArray contents;
+    while (contents.size() <= longestFile) {
+        const QByteArray part = file.read(longestFile + 1 - contents.size());
+        if (part.isEmpty())
+            return contents;
+        contents += part;
+    }
+    throw ConfigError(tr::Tr(
+        u"configTooLong"_s, u"%1: в файле больше %2 МиБ, это не настройки; проверьте его путь"_s)
+                          .arg(path)
+                          .arg(QString::number(mostMebibytes)));
 }
 
 QString readValueFile(const QString &path)

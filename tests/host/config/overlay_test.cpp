@@ -87,6 +87,26 @@ TEST_F(OverlayTest, EveryFileThatWasReadIsKnown)
         QStringList({pathOf(mainFile), pathOf(u"secret"_s), pathOf(u"till.ini.d/10-site.ini"_s)}));
 }
 
+TEST_F(OverlayTest, AFileOfAMebibyteIsReadAndNoLongerOne)
+{
+    constexpr qsizetype longest = 1024 * 1024;
+    givenFile(mainFile, "[S]\nkey=@file:value\n");
+    givenFile(u"value"_s, QByteArray(longest, 'x'));
+    whenLoaded();
+    EXPECT_EQ(m_config.getString(u"S:key"_s, {}).size(), longest);
+
+    givenFile(u"value"_s, QByteArray(longest + 1, 'x'));
+    EXPECT_EQ(loadingError(),
+        at(2) + u"5: " + pathOf(u"value"_s)
+            + u": в файле больше 1 МиБ, это не настройки; проверьте его путь");
+}
+
+TEST_F(OverlayTest, AFileThatNeverEndsIsNotRead)
+{
+    givenFile(mainFile, "[S]\nkey=@file:/dev/zero\n");
+    EXPECT_TRUE(loadingError().contains(u"/dev/zero: в файле больше 1 МиБ"_s));
+}
+
 TEST_F(OverlayTest, AValueFileMustBeInUtf8)
 {
     givenFile(u"secret"_s, "\xD5\xEB\n");
