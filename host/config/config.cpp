@@ -20,8 +20,6 @@ namespace {
 
 const QString fileMark = u"@file:"_s;
 const QString overlayFolderSuffix = u".d"_s;
-constexpr qsizetype mostMebibytes = 1;
-constexpr qsizetype longestFile = mostMebibytes * 1024 * 1024; // bytes
 
 QString sectionPart(const QString &key)
 {
@@ -48,8 +46,8 @@ QByteArray contentsOf(const QString &path)
                               .arg(file.errorString()));
     // Not all at once: a device never ends, and a pipe gives a part at a time.
     QByteArray contents;
-    while (contents.size() <= longestFile) {
-        const QByteArray part = file.read(longestFile + 1 - contents.size());
+    while (contents.size() <= ini::longestFile) {
+        const QByteArray part = file.read(ini::longestFile + 1 - contents.size());
         if (part.isEmpty())
             return contents;
         contents += part;
@@ -57,7 +55,7 @@ QByteArray contentsOf(const QString &path)
     throw ConfigError(tr::Tr(
         u"configTooLong"_s, u"%1: в файле больше %2 МиБ, это не настройки; проверьте его путь"_s)
                           .arg(path)
-                          .arg(QString::number(mostMebibytes)));
+                          .arg(QString::number(ini::mostMebibytes)));
 }
 
 QString readValueFile(const QString &path)

@@ -15,6 +15,10 @@
 /// "=", so that backslashes, commas, semicolons and quotes reach whoever reads it.
 namespace ini {
 
+/// What a file of settings, or one that a value is read from, may hold: more is no such file.
+constexpr qsizetype mostMebibytes = 1;
+constexpr qsizetype longestFile = mostMebibytes * 1024 * 1024; ///< bytes
+
 struct Setting
 {
     QString key;

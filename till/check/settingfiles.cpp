@@ -28,7 +28,8 @@ void SettingFiles::read(const QString &fileName)
             {u"checkGiveRights"_s, u"проверьте его путь и права доступа"_s}});
         return;
     }
-    const ini::Reading reading = ini::read(file.readAll());
+    // That a file is too long is said where it is loaded.
+    const ini::Reading reading = ini::read(file.read(ini::longestFile));
     for (const ini::Defect &defect : reading.defects)
         m_unreadable.append({Severity::Error, Area::Configuration, {fileName, defect.line, {}},
             tr::Tr(u"checkLineMalformed"_s, u"строка не читается, столбец %1"_s)

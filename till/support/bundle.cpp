@@ -1,6 +1,7 @@
 #include "till/support/bundle.h"
 
 #include "host/config/config.h"
+#include "host/config/inifile.h"
 #include "host/framework/currenttime.h"
 #include "host/queue/queuelook.h"
 #include "host/storage/atomicfile.h"
@@ -122,7 +123,7 @@ private:
                 continue;
             }
             m_contents.add(layout::settings + relativeToMain(fileName),
-                m_secrets.maskedSettings(file.readAll()));
+                m_secrets.maskedSettings(file.read(ini::longestFile)));
         }
     }
 

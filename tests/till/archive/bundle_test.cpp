@@ -226,6 +226,18 @@ TEST_F(BundleTest, BrokenSettingsAreInIt)
     EXPECT_EQ(object(files.value(u"manifest.json"_s)).at("problems").size(), 1U);
 }
 
+TEST_F(BundleTest, OfSettingsThatNeverEndTheBeginningIsInIt)
+{
+    const qsizetype mebibyte = 1024 * 1024;
+    const QByteArray begun = "[Till]\nname=";
+    givenFile(u"till.ini"_s, begun + QByteArray(2 * mebibyte, 'x'));
+    const auto files = whenBundled();
+    EXPECT_EQ(problems.size(), 1);
+    EXPECT_TRUE(problems.value(0).contains(u"till.ini"_s)) << qPrintable(problems.value(0));
+    EXPECT_EQ(
+        files.value(u"settings/till.ini"_s), begun + QByteArray(mebibyte - begun.size(), 'x'));
+}
+
 TEST_F(BundleTest, WithoutAStateFolderTheRestIsTold)
 {
     request().stateFolder = path(u"nowhere"_s);

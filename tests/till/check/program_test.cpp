@@ -105,6 +105,14 @@ TEST_F(CheckProgramTest, EndsWith3WhereThereIsNoSuchConfiguration)
     EXPECT_EQ(output, "");
 }
 
+TEST_F(CheckProgramTest, TellsOfAConfigurationThatNeverEnds)
+{
+    const auto object = whenCheckedForJson({u"--config"_s, u"/dev/zero"_s});
+
+    EXPECT_EQ(status, 2) << errors.toStdString();
+    EXPECT_TRUE(idsOf(object, "error").count("checkLineMalformed")) << output.toStdString();
+}
+
 TEST_F(CheckProgramTest, EndsWith2WhereItsWordsAreWrong)
 {
     for (const QStringList &words : {QStringList{u"--no-such"_s}, QStringList{u"extra"_s},
