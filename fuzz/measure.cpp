@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
@@ -53,6 +54,19 @@ Tally &counted()
         return inFile;
     }();
     return *where;
+}
+
+// Several processes may count in one file at once.
+void increase(std::uint64_t &count)
+{
+    std::atomic_ref(count).fetch_add(1, std::memory_order_relaxed);
+}
+
+void raiseTo(std::uint64_t value, std::uint64_t &greatest)
+{
+    const std::atomic_ref shared(greatest);
+    std::uint64_t before = shared.load(std::memory_order_relaxed);
+    while (before < value && !shared.compare_exchange_weak(before, value)) { }
 }
 
 /// In microseconds; 0: no limit.
@@ -117,12 +131,12 @@ int measure(const std::uint8_t *data, std::size_t size, Target target)
     for (int again = 0; again < repetitions && course.microseconds > tally.slowestMicroseconds;
          ++again)
         course.microseconds = std::min(course.microseconds, run(input, target).microseconds);
-    ++tally.executions;
+    increase(tally.executions);
     if (course.gotPastParser) {
-        ++tally.pastParser;
+        increase(tally.pastParser);
         accepted().add(input);
     }
-    tally.slowestMicroseconds = std::max(tally.slowestMicroseconds, course.microseconds);
+    raiseTo(course.microseconds, tally.slowestMicroseconds);
     if (most > 0 && course.microseconds > most) {
         std::fprintf(stderr, "fuzz: %llu us of processor time\n",
             static_cast<unsigned long long>(course.microseconds));

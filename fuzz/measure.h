@@ -8,7 +8,8 @@
 /// What a fuzz target's inputs came to.
 ///
 /// With the variable KORVEL_FUZZ_TALLY the numbers stand in the file that it names, where they
-/// outlive a crash and the next run goes on counting; otherwise they are only in memory.
+/// outlive a crash and the next run goes on counting, several at once too; otherwise they are only
+/// in memory.
 namespace fuzz {
 
 /// The file of the variable KORVEL_FUZZ_TALLY, as it stands there.

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <ctime>
@@ -92,6 +94,23 @@ TEST_F(MeasureDeathTest, TheFileOutlivesAnEndAtOnceAndTheNextRunGoesOn)
     EXPECT_EXIT(giveThreeAndEnd(status), testing::ExitedWithCode(status), "");
     EXPECT_EQ(tallyIn(tallyFile()).executions, 6U);
     EXPECT_EQ(tallyIn(tallyFile()).pastParser, 4U);
+}
+
+TEST_F(MeasureDeathTest, ProcessesThatCountAtOnceTakeNothingFromOneAnother)
+{
+    givenTallyFile();
+    constexpr std::uint64_t each = 200'000;
+    const auto countBesideAnother = [] {
+        const bool isParent = fork() != 0;
+        for (std::uint64_t input = 0; input < each; ++input)
+            give(isLong, "ab");
+        if (isParent)
+            wait(nullptr);
+        std::_Exit(0);
+    };
+    EXPECT_EXIT(countBesideAnother(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(tallyIn(tallyFile()).executions, 2 * each);
+    EXPECT_EQ(tallyIn(tallyFile()).pastParser, 2 * each);
 }
 
 TEST_F(MeasureDeathTest, AnInputThatTakesTooLongEndsTheProcess)
