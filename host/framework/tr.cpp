@@ -66,8 +66,9 @@ QMap<int, QString> argumentsByNumber(
 // In one pass, so that an argument that holds a placeholder itself stays as it is.
 QString filled(const QString &text, const QStringList &arguments)
 {
+    // Empty, but never null, which a database takes for no value.
     if (arguments.isEmpty())
-        return text;
+        return text.isNull() ? u""_s : text;
     const QList<Placeholder> placeholders = placeholdersIn(text);
     const QMap<int, QString> values = argumentsByNumber(placeholders, arguments);
     QString result;

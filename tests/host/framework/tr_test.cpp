@@ -41,6 +41,9 @@ TEST_F(TrTest, IsEmptyWithoutAText)
     EXPECT_TRUE(tr::Tr().ru().isEmpty());
     EXPECT_TRUE(tr::Tr().ui().isEmpty());
     EXPECT_FALSE(tr::Tr(tr::undefined, u"текст"_s).isEmpty());
+    // A database takes null for no value.
+    EXPECT_FALSE(tr::Tr().ru().isNull());
+    EXPECT_FALSE(tr::Tr().ui().isNull());
 }
 
 TEST_F(TrTest, FillsPlaceholdersInTheOrderOfTheirNumbers)
