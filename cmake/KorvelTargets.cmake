@@ -66,6 +66,14 @@ function(korvel_program name)
                        VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
 endfunction()
 
+# Seconds that a case may take: a stuck one must end, and one that fills the machine passes beside others.
+# The sanitizers take several times as long.
+if(KORVEL_SANITIZERS)
+  set(korvel_case_timeout 240)
+else()
+  set(korvel_case_timeout 60)
+endif()
+
 # A GoogleTest program; it lands in <build>/tests, every case is a ctest of its own.
 #   korvel_test(NAME client_tests SOURCES ... LIBRARIES ... [DEFINITIONS ...] [LABEL client [threads]])
 function(korvel_test)
@@ -86,7 +94,7 @@ function(korvel_test)
     DISCOVERY_TIMEOUT 60
     DISCOVERY_MODE PRE_TEST
     NO_PRETTY_VALUES
-    PROPERTIES TIMEOUT 60)
+    PROPERTIES TIMEOUT ${korvel_case_timeout})
   # Only here, when the cases are known, are several labels kept apart.
   set(labels_file ${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}_labels.cmake)
   file(GENERATE OUTPUT ${labels_file} CONTENT "foreach(case IN LISTS ${arg_NAME}_TESTS)
