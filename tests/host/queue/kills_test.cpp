@@ -162,7 +162,11 @@ TEST_F(KillsTest, WhatAKilledDelivererHadInHandIsDeliveredAndAllElseOnce)
     const auto survivor = startDelivering();
     for (int round = 0; round < kills; ++round) {
         const auto worker = startDelivering();
-        EXPECT_TRUE(worker->waitForReadyRead(-1));
+        // Where programs start slowly the other one has delivered all of them before the last kill.
+        if (!worker->waitForReadyRead(-1)) {
+            EXPECT_EQ(queue()->waiting(), 0);
+            break;
+        }
         pass(moment(40000));
         end(*worker);
     }
