@@ -44,10 +44,12 @@ QByteArray contentsOf(const QString &path)
             u"%1: файл не читается: %2; проверьте его путь и права доступа"_s)
                               .arg(path)
                               .arg(file.errorString()));
-    // Not all at once: a device never ends, and a pipe gives a part at a time.
+    // Not all at once: a device never ends, a pipe gives a part at a time, and room for the longest
+    // file would be made for each short one.
+    constexpr qsizetype longestPart = 16 * 1024;
     QByteArray contents;
     while (contents.size() <= ini::longestFile) {
-        const QByteArray part = file.read(ini::longestFile + 1 - contents.size());
+        const QByteArray part = file.read(longestPart);
         if (part.isEmpty())
             return contents;
         contents += part;
