@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 
-/// libFuzzer's own mutation, of any bytes; returns the new size.
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *data, std::size_t size, std::size_t greatest);
+/// libFuzzer's own mutation, of any bytes; returns the new size. The program has it, and the
+/// mutators, a library of their own, call it there.
+extern "C" [[gnu::visibility("default")]] std::size_t LLVMFuzzerMutate(
+    std::uint8_t *data, std::size_t size, std::size_t greatest);
 
 namespace fuzz {
 
