@@ -7,9 +7,9 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <iostream>
 #include <random>
 #include <vector>
 
@@ -31,10 +31,10 @@ std::uint64_t processorMicroseconds()
 }
 
 /// A file that is mapped needs no writing: what was counted is there however the process ends.
-Tally *mapped(const char *fileName)
+Tally *mapped(const QByteArray &fileName)
 {
     constexpr mode_t ownerOnly = 0600;
-    const int file = open(fileName, O_RDWR | O_CREAT | O_CLOEXEC, ownerOnly);
+    const int file = open(fileName.constData(), O_RDWR | O_CREAT | O_CLOEXEC, ownerOnly);
     if (file < 0 || ftruncate(file, sizeof(Tally)) != 0)
         return nullptr;
     void *memory = mmap(nullptr, sizeof(Tally), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0);
@@ -46,8 +46,8 @@ Tally &counted()
 {
     static Tally inMemory;
     static Tally *const where = [] {
-        const char *fileName = std::getenv("KORVEL_FUZZ_TALLY");
-        if (!fileName)
+        const QByteArray fileName = qgetenv("KORVEL_FUZZ_TALLY");
+        if (fileName.isEmpty())
             return &inMemory;
         Tally *inFile = mapped(fileName);
         require(inFile, "the tally's file can be written");
@@ -72,8 +72,7 @@ void raiseTo(std::uint64_t value, std::uint64_t &greatest)
 /// In microseconds; 0: no limit.
 std::uint64_t limit()
 {
-    const char *milliseconds = std::getenv("KORVEL_FUZZ_MILLISECONDS");
-    return milliseconds ? std::strtoull(milliseconds, nullptr, 0) * microsecondsPerMillisecond : 0;
+    return qgetenv("KORVEL_FUZZ_MILLISECONDS").toULongLong() * microsecondsPerMillisecond;
 }
 
 /// Inputs that got past the parser, later ones in place of earlier ones by lot.
@@ -138,8 +137,7 @@ int measure(const std::uint8_t *data, std::size_t size, Target target)
     }
     raiseTo(course.microseconds, tally.slowestMicroseconds);
     if (most > 0 && course.microseconds > most) {
-        std::fprintf(stderr, "fuzz: %llu us of processor time\n",
-            static_cast<unsigned long long>(course.microseconds));
+        std::cerr << "fuzz: " << course.microseconds << " us of processor time\n";
         require(false, "no input takes longer than is allowed");
     }
     return 0;
@@ -159,7 +157,7 @@ void require(bool holds, const char *promise)
 {
     if (holds)
         return;
-    std::fprintf(stderr, "fuzz: broken: %s\n", promise);
+    std::cerr << "fuzz: broken: " << promise << '\n';
     std::abort();
 }
 

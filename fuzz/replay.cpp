@@ -2,9 +2,9 @@
 // finding.
 
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <string>
 
@@ -15,7 +15,7 @@ namespace {
 void replay(const std::filesystem::path &file)
 {
     // Before, so that the last one named is the one that a crash is from.
-    std::fprintf(stderr, "%s\n", file.c_str());
+    std::cerr << file.native() << '\n';
     std::ifstream stream(file, std::ios::binary);
     const std::string input(std::istreambuf_iterator<char>(stream), {});
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(input.data()), input.size());
@@ -43,6 +43,6 @@ int main(int argc, char **argv)
     int count = 0;
     for (int argument = 1; argument < argc; ++argument)
         count += replayAll(argv[argument]);
-    std::fprintf(stderr, "%d inputs\n", count);
+    std::cerr << count << " inputs\n";
     return count > 0 ? 0 : 1;
 }

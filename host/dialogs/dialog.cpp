@@ -16,6 +16,8 @@ void say(const tr::Tr &message)
 
 Dialog::~Dialog() = default;
 
+// As they are declared.
+// NOLINTBEGIN(google-default-arguments)
 void Dialog::showMessage(const tr::Tr &message, EDialogKind, EDialogDuration)
 {
     say(message);
@@ -27,6 +29,7 @@ bool Dialog::showChoice(
     say(question);
     return true;
 }
+// NOLINTEND(google-default-arguments)
 
 core::BasicDialog::Result Dialog::showInputTextForm(const InputTextFormParameters &parameters)
 {

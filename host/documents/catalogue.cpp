@@ -34,9 +34,9 @@ bool startsWithAny(const QString &scanned, const QStringList &prefixes)
 
 } // namespace
 
-Catalogue::Catalogue(QList<Article> articles, const ScanRules &scanRules, TillPlace place)
+Catalogue::Catalogue(QList<Article> articles, ScanRules scanRules, TillPlace place)
     : m_articles(std::move(articles))
-    , m_scanRules(scanRules)
+    , m_scanRules(std::move(scanRules))
     , m_place(std::move(place))
 {
     for (qsizetype i = 0; i < m_articles.size(); ++i) {

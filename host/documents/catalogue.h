@@ -58,7 +58,7 @@ class POSHOST_EXPORT Catalogue
 public:
     Catalogue() = default;
     /// Codes and barcodes are expected to be unique; the reader sees to that.
-    Catalogue(QList<Article> articles, const ScanRules &scanRules, TillPlace place);
+    Catalogue(QList<Article> articles, ScanRules scanRules, TillPlace place);
 
     /// @throws CatalogueError when the file cannot be read or is not as it should be.
     [[nodiscard]] static Catalogue load(const QString &fileName);
