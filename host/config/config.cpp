@@ -46,7 +46,7 @@ QByteArray contentsOf(const QString &path)
                               .arg(file.errorString()));
     // Not all at once: a device never ends, a pipe gives a part at a time, and room for the longest
     // file would be made for each short one.
-    constexpr qsizetype longestPart = 16 * 1024;
+    constexpr qsizetype longestPart = 16'384;
     QByteArray contents;
     while (contents.size() <= ini::longestFile) {
         const QByteArray part = file.read(longestPart);
