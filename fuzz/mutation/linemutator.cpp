@@ -3,7 +3,6 @@
 #include "fuzz/mutation/mutate.h"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 #include <random>
 #include <string>
@@ -95,7 +94,7 @@ private:
     void copyWord()
     {
         const Texts others = split(anyLine(), ' ');
-        const std::string other = others[below(others.size())];
+        const std::string &other = others[below(others.size())];
         changeWord([&other](Texts &words, std::size_t at) { words[at] = other; });
     }
 
@@ -169,8 +168,7 @@ std::size_t mutateLine(
     const std::string text = joined(lines, '\n');
     if (text.empty() || text.size() > greatest)
         return 0;
-    std::memcpy(data, text.data(), text.size());
-    return text.size();
+    return text.copy(reinterpret_cast<char *>(data), greatest);
 }
 
 } // namespace fuzz

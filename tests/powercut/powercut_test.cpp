@@ -13,10 +13,10 @@ namespace powercut {
 namespace {
 
 constexpr std::size_t sampleCuts = 100;
-constexpr std::size_t manyCuts = 500;
+constexpr std::size_t manyCuts = 1'000;
 // Each of the first costs a start of the till.
 constexpr std::size_t sampleOfTwo = 4;
-constexpr std::size_t manyOfTwo = 100;
+constexpr std::size_t manyOfTwo = 200;
 constexpr std::size_t secondCuts = 5;
 constexpr quint32 usualSeed = 20'241'121;
 
