@@ -9,8 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <optional>
+#include <utility>
 
 template class Singleton<Config>;
 
@@ -141,14 +141,14 @@ void Config::load(const QString &fileName)
     const QDir overlays(fileName + overlayFolderSuffix);
     for (const QString &name : overlays.entryList({u"*.ini"_s}, QDir::Files, QDir::Name))
         readFile(overlays.filePath(name), contents);
-    for (const Section &section : std::as_const(m_sections))
+    for (const Section &section : m_sections)
         for (const QString &key : section.keys)
             if (const Value &value = section.values[key]; value.fileName.isEmpty())
-                put(contents.sections, section.name, key, value);
+                contents.sections.put(section.name, key, value);
 
     m_fileName = fileName;
     m_fileNames.swap(contents.fileNames);
-    m_sections.swap(contents.sections);
+    m_sections = std::move(contents.sections);
     m_warnings.swap(contents.warnings);
     m_warnedKeys.clear();
     logWarnings();
@@ -165,7 +165,7 @@ void Config::readFile(const QString &fileName, Contents &contents)
     QMap<QString, int> lines;
     contents.fileNames.append(fileName);
     for (const ini::Section &section : ini::parse(contentsOf(fileName), fileName)) {
-        sectionOf(contents.sections, section.name);
+        contents.sections.of(section.name);
         for (const ini::Setting &setting : section.settings) {
             const QString name = section.name + u':' + setting.key;
             if (lines.contains(name))
@@ -178,23 +178,30 @@ void Config::readFile(const QString &fileName, Contents &contents)
             lines.insert(name, setting.line);
             if (const QString path = valueFile(setting, fileName); !path.isEmpty())
                 contents.fileNames.append(path);
-            put(contents.sections, section.name, setting.key,
-                {resolved(setting, fileName), fileName, setting.line});
+            contents.sections.put(
+                section.name, setting.key, {resolved(setting, fileName), fileName, setting.line});
         }
     }
 }
 
-Config::Section &Config::sectionOf(QList<Section> &sections, const QString &name)
+const Config::Section *Config::Sections::find(const QString &name) const
 {
-    const auto found = std::find_if(sections.begin(), sections.end(),
-        [&name](const Section &section) { return section.name == name; });
-    return found != sections.end() ? *found : sections.emplaceBack(Section{name, {}, {}});
+    const auto place = m_places.constFind(name);
+    return place == m_places.cend() ? nullptr : &m_sections.at(*place);
 }
 
-void Config::put(
-    QList<Section> &sections, const QString &name, const QString &key, const Value &value)
+Config::Section &Config::Sections::of(const QString &name)
 {
-    Section &section = sectionOf(sections, name);
+    const auto place = m_places.constFind(name);
+    if (place != m_places.cend())
+        return m_sections[*place];
+    m_places.insert(name, m_sections.size());
+    return m_sections.emplaceBack(Section{name, {}, {}});
+}
+
+void Config::Sections::put(const QString &name, const QString &key, const Value &value)
+{
+    Section &section = of(name);
     if (!section.values.contains(key))
         section.keys.append(key);
     section.values.insert(key, value);
@@ -202,16 +209,14 @@ void Config::put(
 
 void Config::set(const QString &key, const QString &value)
 {
-    put(m_sections, sectionPart(key), keyPart(key), {value, {}, 0});
+    m_sections.put(sectionPart(key), keyPart(key), {value, {}, 0});
     m_warnedKeys.remove(key);
 }
 
 const Config::Value *Config::find(const QString &key) const
 {
-    const QString name = sectionPart(key);
-    const auto section = std::find_if(m_sections.cbegin(), m_sections.cend(),
-        [&name](const Section &other) { return other.name == name; });
-    if (section == m_sections.cend())
+    const Section *section = m_sections.find(sectionPart(key));
+    if (!section)
         return nullptr;
     const auto value = section->values.constFind(keyPart(key));
     return value == section->values.cend() ? nullptr : &*value;
@@ -303,10 +308,8 @@ QStringList Config::getSections(const QString &pattern) const
 
 QStringList Config::getKeys(const QString &section) const
 {
-    for (const Section &known : m_sections)
-        if (known.name == section)
-            return known.keys;
-    return {};
+    const Section *found = m_sections.find(section);
+    return found ? found->keys : QStringList();
 }
 
 QString Config::placeOf(const QString &key) const

@@ -4,6 +4,7 @@
 #include "host/export.h"
 #include "host/framework/singleton.h"
 
+#include <QHash>
 #include <QList>
 #include <QMap>
 #include <QSet>
@@ -84,17 +85,30 @@ private:
         QStringList keys;
         QMap<QString, Value> values;
     };
-    /// Everything that one `load` reads; swapped in when it has read all of it.
+    /// In the order of the files; they are found by name however many there are.
+    class Sections
+    {
+    public:
+        [[nodiscard]] const Section *find(const QString &name) const;
+        /// Adds it where there is none.
+        Section &of(const QString &name);
+        void put(const QString &name, const QString &key, const Value &value);
+
+        [[nodiscard]] auto begin() const { return m_sections.cbegin(); }
+        [[nodiscard]] auto end() const { return m_sections.cend(); }
+
+    private:
+        QList<Section> m_sections;
+        QHash<QString, qsizetype> m_places;
+    };
+    /// Everything that one `load` reads; put in place when it has read all of it.
     struct Contents
     {
-        QList<Section> sections;
+        Sections sections;
         QList<tr::Tr> warnings;
         QStringList fileNames;
     };
 
-    static Section &sectionOf(QList<Section> &sections, const QString &name);
-    static void put(
-        QList<Section> &sections, const QString &name, const QString &key, const Value &value);
     static void readFile(const QString &fileName, Contents &contents);
     [[nodiscard]] const Value *find(const QString &key) const;
     void warn(const QString &key, const tr::Tr &problem) const;
@@ -104,7 +118,7 @@ private:
 
     QString m_fileName;
     QStringList m_fileNames;
-    QList<Section> m_sections;
+    Sections m_sections;
     mutable QList<tr::Tr> m_warnings;
     mutable QSet<QString> m_warnedKeys;
 };

@@ -9,6 +9,22 @@ namespace config {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+constexpr QChar anyText = u'*';
+constexpr QChar anyCharacter = u'?';
+
+/// How many units of a text that is not empty the pattern's first character stands for, if not any
+/// text; 0 where it does not match.
+qsizetype matchedLength(QStringView text, QStringView pattern)
+{
+    if (pattern.startsWith(anyCharacter))
+        return text.front().isHighSurrogate() && text.size() > 1 ? 2 : 1;
+    return pattern.startsWith(text.front()) ? 1 : 0;
+}
+
+} // namespace
+
 std::optional<QString> decoded(const QByteArray &bytes)
 {
     // Stateless: a sequence that the end of the text cuts is an error too.
@@ -52,20 +68,27 @@ QStringList items(const QString &text)
 
 bool matchesWildcard(QStringView text, QStringView pattern)
 {
-    constexpr QChar anyText = u'*';
-    constexpr QChar anyCharacter = u'?';
-    if (pattern.isEmpty() || text.isEmpty())
-        return text.isEmpty() && std::all_of(pattern.begin(), pattern.end(), [anyText](QChar rest) {
-            return rest == anyText;
-        });
-    const QStringView rest = pattern.sliced(1);
-    if (pattern.front() == anyText)
-        return matchesWildcard(text, rest) || matchesWildcard(text.sliced(1), pattern);
-    if (pattern.front() == anyCharacter) {
-        const bool isPair = text.front().isHighSurrogate() && text.size() > 1;
-        return matchesWildcard(text.sliced(isPair ? 2 : 1), rest);
+    // Behind the last "*" and what it stands for so far; it stands for one more character when what
+    // follows it does not match.
+    std::optional<QStringView> behindAny;
+    QStringView retried;
+    while (!text.isEmpty()) {
+        if (pattern.startsWith(anyText)) {
+            pattern = pattern.sliced(1);
+            behindAny = pattern;
+            retried = text;
+        } else if (const qsizetype length = matchedLength(text, pattern); length > 0) {
+            text = text.sliced(length);
+            pattern = pattern.sliced(1);
+        } else if (behindAny) {
+            retried = retried.sliced(1);
+            text = retried;
+            pattern = *behindAny;
+        } else {
+            return false;
+        }
     }
-    return pattern.front() == text.front() && matchesWildcard(text.sliced(1), rest);
+    return std::all_of(pattern.begin(), pattern.end(), [](QChar rest) { return rest == anyText; });
 }
 
 } // namespace config

@@ -3,8 +3,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace till::check {
@@ -37,16 +35,17 @@ void SettingFiles::read(const QString &fileName)
             defect.text});
     for (const ini::Section &section : reading.sections) {
         m_sections.append({fileName, section.line, section.name});
-        for (const ini::Setting &setting : section.settings)
+        for (const ini::Setting &setting : section.settings) {
             m_lines.append({fileName, setting.line, section.name, setting.key, setting.value});
+            m_counting.insert(m_lines.constLast().name(), m_lines.size() - 1);
+        }
     }
 }
 
 const Written *SettingFiles::find(const QString &name) const
 {
-    const auto found = std::find_if(m_lines.crbegin(), m_lines.crend(),
-        [&name](const Written &line) { return line.name() == name; });
-    return found == m_lines.crend() ? nullptr : &*found;
+    const auto place = m_counting.constFind(name);
+    return place == m_counting.cend() ? nullptr : &m_lines.at(*place);
 }
 
 } // namespace till::check

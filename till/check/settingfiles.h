@@ -3,6 +3,7 @@
 #include "host/config/inifile.h"
 #include "till/check/finding.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -49,6 +50,7 @@ private:
     void read(const QString &fileName);
 
     QList<Written> m_lines;
+    QHash<QString, qsizetype> m_counting; ///< the last of each name
     QList<Section> m_sections;
     Findings m_unreadable;
 };

@@ -183,6 +183,17 @@ TEST_F(ConfigTest, ListsSectionsThatMatchInFileOrder)
     EXPECT_EQ(m_config.getSections(u"*"_s).size(), 6);
 }
 
+TEST_F(ConfigTest, AWildcardTriesEachPlaceInALongName)
+{
+    const QString name = u"P."_s + QString(500'000, u'a') + u'b';
+    givenLoaded('[' + name.toUtf8() + "]\n");
+
+    EXPECT_EQ(m_config.getSections(u"*"_s).size(), 1);
+    EXPECT_EQ(m_config.getSections(u"P.*b"_s).size(), 1);
+    EXPECT_EQ(m_config.getSections(u"P.*ab*"_s).size(), 1);
+    EXPECT_EQ(m_config.getSections(u"*a*a*a*a*a*a*a*a*a*a*c"_s), QStringList());
+}
+
 TEST_F(ConfigTest, ACharacterOfTwoUnitsIsOneToAWildcard)
 {
     givenLoaded(u"[P.\U0001F600]\n"_s.toUtf8());
