@@ -73,6 +73,8 @@ if(KORVEL_SANITIZERS)
 else()
   set(korvel_case_timeout 60)
 endif()
+# Of what is labelled long.
+set(korvel_long_case_timeout 900)
 
 # A GoogleTest program; it lands in <build>/tests, every case is a ctest of its own.
 #   korvel_test(NAME client_tests SOURCES ... LIBRARIES ... [DEFINITIONS ...] [LABEL client [threads]])
@@ -88,13 +90,17 @@ function(korvel_test)
   if(NOT arg_LABEL)
     set(arg_LABEL unit)
   endif()
+  set(timeout ${korvel_case_timeout})
+  if(long IN_LIST arg_LABEL)
+    set(timeout ${korvel_long_case_timeout})
+  endif()
   gtest_discover_tests(
     ${arg_NAME}
     TEST_PREFIX ${arg_NAME}.
     DISCOVERY_TIMEOUT 60
     DISCOVERY_MODE PRE_TEST
     NO_PRETTY_VALUES
-    PROPERTIES TIMEOUT ${korvel_case_timeout})
+    PROPERTIES TIMEOUT ${timeout})
   # Only here, when the cases are known, are several labels kept apart.
   set(labels_file ${CMAKE_CURRENT_BINARY_DIR}/${arg_NAME}_labels.cmake)
   file(GENERATE OUTPUT ${labels_file} CONTENT "foreach(case IN LISTS ${arg_NAME}_TESTS)
