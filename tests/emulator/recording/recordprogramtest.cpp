@@ -94,8 +94,13 @@ TEST_F(RecordProgramTest, GivesTheServicesAnswerBackByteForByte)
     const ServiceProcess service;
     const RecorderProcess recorder(service.url());
     for (const char *name : {"balance-request.xml", "sale-soft-request.xml", "fault.xml"}) {
-        const HttpOutcome direct = httpPost(service.url(), sample(name), xml);
-        const HttpOutcome through = httpPost(recorder.url(), sample(name), xml);
+        HttpOutcome direct;
+        HttpOutcome through;
+        // An answer names its second: all of them must be of the same.
+        do {
+            direct = httpPost(service.url(), sample(name), xml);
+            through = httpPost(recorder.url(), sample(name), xml);
+        } while (httpPost(service.url(), sample(name), xml).body != direct.body);
         EXPECT_EQ(through.status, direct.status);
         EXPECT_EQ(withoutDate(through.headers), withoutDate(direct.headers));
         EXPECT_EQ(through.body, direct.body);
