@@ -164,7 +164,7 @@ TEST_F(KillsTest, WhatAKilledDelivererHadInHandIsDeliveredAndAllElseOnce)
         const auto worker = startDelivering();
         // Where programs start slowly the other one has delivered all of them before the last kill.
         if (!worker->waitForReadyRead(-1)) {
-            EXPECT_EQ(queue()->waiting(), 0);
+            EXPECT_EQ(queue()->waiting(), 0) << worker->readAllStandardError().toStdString();
             break;
         }
         pass(moment(40000));

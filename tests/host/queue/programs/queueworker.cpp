@@ -12,6 +12,7 @@
 #include "host/queue/dbqueuebroker.h"
 #include "host/queue/queueoffice.h"
 #include "host/storage/statefolder.h"
+#include "host/storage/storageerror.h"
 
 #include <QCoreApplication>
 #include <QSqlDatabase>
@@ -67,10 +68,26 @@ void sayThatWorkBegins()
     std::fflush(stdout);
 }
 
+/// A file that several deliver from without a pause may pass over the one who opens it for longer
+/// than the file is waited for.
+void openBesideOthers(DBQueueBroker &queue)
+{
+    constexpr int triesAgain = 20;
+    for (int tries = 0;; ++tries) {
+        try {
+            queue.open();
+            return;
+        } catch (const StorageError &) {
+            if (tries == triesAgain)
+                throw;
+        }
+    }
+}
+
 int deliver()
 {
     auto *const queue = Singleton<DBQueueBroker>::instance();
-    queue->open();
+    openBesideOthers(*queue);
     sayThatWorkBegins();
     while (queue->waiting() > 0)
         queue->deliver();
