@@ -17,6 +17,16 @@ function(install_manual component)
   endforeach()
 endfunction()
 
+# Puts a setting in the place of one that the sample has commented out.
+function(replace_setting sample_setting setting)
+  string(FIND "${settings}" "\n#${sample_setting}\n" place)
+  if(place EQUAL -1)
+    message(FATAL_ERROR "config/till.ini has no line #${sample_setting}")
+  endif()
+  string(REPLACE "\n#${sample_setting}\n" "\n${setting}\n" replaced "${settings}")
+  set(settings "${replaced}" PARENT_SCOPE)
+endfunction()
+
 # --- host, development
 set(host_libraries poshost)
 set(KORVEL_SYSTEM_LOG4QT TRUE)
@@ -41,8 +51,13 @@ install(FILES ${installed_files}/PosHostConfig.cmake ${installed_files}/PosHostC
 # --- till
 install(TARGETS korvel-till korvel-till-window RUNTIME COMPONENT till)
 install(DIRECTORY templates DESTINATION ${korvel_data_folder} COMPONENT till)
+# An installed till's settings are the sample's but for these: its state belongs to the machine, and a service that is away
+# does not hold up one cheque after the other.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS config/till.ini)
 file(READ config/till.ini settings)
-string(REPLACE "#state=/var/lib/korvel/till" "state=${korvel_state_folder}/till" settings "${settings}")
+replace_setting("state=/var/lib/korvel/till" "state=${korvel_state_folder}/till")
+replace_setting("breakerFailures=0" "breakerFailures=3")
+replace_setting("breakerSeconds=0" "breakerSeconds=30")
 file(CONFIGURE OUTPUT ${installed_files}/till.ini CONTENT "${settings}" @ONLY)
 install(FILES ${installed_files}/till.ini config/catalogue.json DESTINATION ${korvel_settings_folder} COMPONENT till)
 install(FILES packaging/settings/10-site.ini packaging/settings/20-till.ini
