@@ -52,11 +52,11 @@ void Breakers::noteFailure(
         return;
     former.swap(entry.probe);
     entry.probe = std::make_unique<ServerProbe>(ProbeSchedule{probePause, now() + rule.period},
-        attempt, [this, server] { noteReachable(server); });
+        attempt, [this, server] { noteBack(server); });
 }
 
-void Breakers::noteReachable(const QString &server)
+void Breakers::noteBack(const QString &server)
 {
     const std::lock_guard lock(m_mutex);
-    m_entries[server].breaker.noteReachable();
+    m_entries[server].breaker.noteBack();
 }

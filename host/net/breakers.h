@@ -12,7 +12,8 @@
 /// The breakers of all servers that this process talks to, by address.
 ///
 /// While one is open a probe connects to its server now and then, and lets exchanges through again
-/// as soon as that succeeds. May be used from any thread.
+/// as soon as that succeeds. A server that accepts connections all the time, and does not answer,
+/// is not tried before the rule's period has passed. May be used from any thread.
 class Breakers
 {
 public:
@@ -34,7 +35,7 @@ private:
         std::unique_ptr<ServerProbe> probe;
     };
 
-    void noteReachable(const QString &server);
+    void noteBack(const QString &server);
 
     std::mutex m_mutex; ///< guards the entries; never held while a probe is released
     std::map<QString, Entry> m_entries;

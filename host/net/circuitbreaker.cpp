@@ -21,7 +21,7 @@ bool CircuitBreaker::noteFailure(TimePoint now, const BreakerRule &rule)
     return true;
 }
 
-void CircuitBreaker::noteReachable()
+void CircuitBreaker::noteBack()
 {
     m_openUntil = TimePoint::min();
 }

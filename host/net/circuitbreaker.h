@@ -9,7 +9,7 @@
 /// cheque after cheque.
 ///
 /// Closed: everything is tried. Open, after as many failures in a row as the rule says: nothing is
-/// tried until the rule's period has passed or `noteReachable` was called. From then on exchanges
+/// tried until the rule's period has passed or `noteBack` was called. From then on exchanges
 /// are tried again, but one more failure opens it at once; a success closes it for good.
 /// Time is given, never asked for. Not synchronised.
 class POSHOST_EXPORT CircuitBreaker
@@ -22,8 +22,8 @@ public:
     void noteSuccess();
     /// @returns whether this failure opened the breaker.
     bool noteFailure(TimePoint now, const BreakerRule &rule);
-    /// The server accepts connections again, which does not say that it answers.
-    void noteReachable();
+    /// The server was lost and accepts connections again, which does not say that it answers.
+    void noteBack();
 
 private:
     int m_failures = 0;

@@ -17,15 +17,15 @@ bool waited(const std::stop_token &stop, std::chrono::milliseconds pause)
 
 } // namespace
 
-ServerProbe::ServerProbe(
-    const ProbeSchedule &schedule, Attempt attempt, std::function<void()> reached)
-    : m_thread([schedule, attempt = std::move(attempt), reached = std::move(reached)](
+ServerProbe::ServerProbe(const ProbeSchedule &schedule, Attempt attempt, std::function<void()> back)
+    : m_thread([schedule, attempt = std::move(attempt), back = std::move(back)](
                    const std::stop_token &stop) {
-        while (waited(stop, schedule.pause) && std::chrono::steady_clock::now() < schedule.end) {
-            if (attempt(stop)) {
-                reached();
-                return;
-            }
+        bool isLost = !attempt(stop);
+        while (isLost && waited(stop, schedule.pause)
+            && std::chrono::steady_clock::now() < schedule.end) {
+            isLost = !attempt(stop);
+            if (!isLost)
+                back();
         }
     })
 { }

@@ -1,4 +1,5 @@
-// Fifty cheques while the service cannot be reached: with the breaker set few of them wait for it.
+// Fifty cheques while the service cannot be reached, or does not answer: with the breaker set few
+// of them wait for it.
 
 #include "tests/faults/sale.h"
 #include "tests/faults/stage.h"
@@ -32,17 +33,29 @@ QString violationsBehind(Stage &stage)
     return restart::laws::violations(stage.books()).join(u'\n');
 }
 
-TEST(OutageTest, FewChequesWaitAndAllAreBookedOnceAfterwards)
+class OutageWithBreaker : public testing::TestWithParam<Kind>
+{ };
+
+TEST_P(OutageWithBreaker, FewChequesWaitAndAllAreBookedOnceAfterwards)
 {
     Stage stage(false);
     stage.configure(breaker);
     stage.startTill();
-    stage.strike(Kind::Unreachable);
+    stage.strike(GetParam());
     sell(stage, cheques);
     EXPECT_EQ(stage.machine().control().exchanges, failures);
     EXPECT_EQ(stage.undelivered().size(), cheques);
     EXPECT_EQ(violationsBehind(stage).toStdString(), "");
 }
+
+// The silent one accepts connections all the time: that alone says nothing of it.
+INSTANTIATE_TEST_SUITE_P(Outages, OutageWithBreaker,
+    testing::Values(Kind::Unreachable, Kind::Silent, Kind::Unavailable),
+    [](const testing::TestParamInfo<Kind> &kind) {
+        return kind.param == Kind::Unreachable ? "unreachable"
+            : kind.param == Kind::Silent       ? "silent"
+                                               : "unavailable";
+    });
 
 TEST(OutageTest, WithoutTheBreakerEachOfThemAsks)
 {

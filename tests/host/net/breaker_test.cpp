@@ -1,3 +1,4 @@
+#include "tests/host/net/nameservers.h"
 #include "tests/host/net/refusedport.h"
 #include "tests/host/net/restclientfixture.h"
 
@@ -98,19 +99,44 @@ TEST_F(BreakerTest, IsOffWithoutASetting)
     thenFailedWith(RestClient::ConnectionRefused);
 }
 
-TEST_F(BreakerTest, TheProbeLetsExchangesThroughAgain)
+TEST_F(BreakerTest, AServerThatIsBackIsTriedAgain)
 {
+    // Nothing is kept of a name behind which nobody answers: each attempt looks it up.
+    const CountingNameServer names;
+    RefusedPort port;
+    const QUrl url = CountingNameServer::named(port.url());
+    whenPostedTimes(2, url);
+    const int lookupsOfExchanges = names.lookups();
+    do
+        whenPosted(url);
+    while (names.lookups() < lookupsOfExchanges + 2);
+    thenFailedWith(RestClient::BreakerOpen);
+
+    // The probe has missed the server once, and looks again.
+    port.startAccepting();
+    m_limitSeconds = shortLimitSeconds;
+    do
+        whenPosted(url);
+    while (m_client->errorCode() == RestClient::BreakerOpen);
+    thenLimitHeld();
+}
+
+TEST_F(BreakerTest, AServerThatAcceptsConnectionsAndFailsIsNotTriedBeforeThePeriodHasPassed)
+{
+    givenSetting(u"RestClient:breakerSeconds"_s, u"2"_s);
     m_server.answerRaw({});
     m_server.answerRaw({});
     m_server.answer("ok");
-    whenPostedTimes(2, m_server.url());
-    // The server has accepted connections all the time, so the probe's first one succeeds.
+    whenPosted();
+    QElapsedTimer sinceLastFailure;
+    sinceLastFailure.start();
+    whenPosted();
     do
         whenPosted();
     while (m_client->errorCode() == RestClient::BreakerOpen);
 
     thenSucceeded();
-    EXPECT_EQ(m_server.requests().size(), 3);
+    EXPECT_GE(sinceLastFailure.elapsed(), 2000);
 }
 
 } // namespace

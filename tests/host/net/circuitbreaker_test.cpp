@@ -60,10 +60,10 @@ TEST_F(CircuitBreakerTest, OpensAtOnceWhenTheFirstExchangeAfterThePeriodFails)
     EXPECT_FALSE(admits());
 }
 
-TEST_F(CircuitBreakerTest, AdmitsAtOnceWhenTheServerCanBeReached)
+TEST_F(CircuitBreakerTest, AdmitsAtOnceWhenTheServerIsBack)
 {
     failed(3);
-    m_breaker.noteReachable();
+    m_breaker.noteBack();
 
     EXPECT_TRUE(admits());
     EXPECT_TRUE(failed(1));

@@ -24,6 +24,12 @@ RefusedPort::~RefusedPort()
     ::close(m_socket);
 }
 
+void RefusedPort::startAccepting()
+{
+    if (::listen(m_socket, SOMAXCONN) != 0)
+        throw std::runtime_error("a loopback port accepts no connections");
+}
+
 QUrl RefusedPort::url() const
 {
     return QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(m_port));

@@ -3,6 +3,7 @@
 #include <QUrl>
 
 /// A loopback port that refuses connections: nobody listens on it, and nobody else can take it.
+/// Later it may accept them; nobody answers there.
 class RefusedPort
 {
 public:
@@ -10,6 +11,7 @@ public:
     ~RefusedPort();
     Q_DISABLE_COPY_MOVE(RefusedPort)
 
+    void startAccepting();
     [[nodiscard]] QUrl url() const;
 
 private:

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <future>
 #include <memory>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -17,30 +18,57 @@ ProbeSchedule withoutPauses()
     return {0ms, std::chrono::steady_clock::now() + longEnough};
 }
 
-TEST(ServerProbe, TriesUntilTheServerIsReached)
+/// Tells of the end of a probe's thread: what an attempt holds is released then.
+class Ending
+{
+public:
+    std::shared_ptr<void> held() { return std::exchange(m_held, nullptr); }
+    void wait() { m_ended.get_future().wait(); }
+
+private:
+    std::promise<void> m_ended;
+    std::shared_ptr<void> m_held{nullptr, [this](void *) { m_ended.set_value(); }};
+};
+
+TEST(ServerProbe, TriesUntilTheServerIsBack)
 {
     std::atomic<int> attempts = 0;
-    std::promise<int> reached;
+    std::atomic<int> told = 0;
+    Ending ending;
     const ServerProbe probe(
-        withoutPauses(), [&](const std::stop_token &) { return ++attempts == 3; },
-        [&] { reached.set_value(attempts); });
+        withoutPauses(),
+        [&attempts, held = ending.held()](const std::stop_token &) { return ++attempts == 3; },
+        [&told] { ++told; });
 
-    EXPECT_EQ(reached.get_future().get(), 3);
+    ending.wait();
+    EXPECT_EQ(attempts, 3);
+    EXPECT_EQ(told, 1);
+}
+
+TEST(ServerProbe, LeavesAServerAloneThatCanBeReachedAllTheTime)
+{
+    std::atomic<int> attempts = 0;
+    Ending ending;
+    const ServerProbe probe(
+        withoutPauses(),
+        [&attempts, held = ending.held()](const std::stop_token &) { return ++attempts > 0; },
+        [] { FAIL(); });
+
+    ending.wait();
+    EXPECT_EQ(attempts, 1);
 }
 
 TEST(ServerProbe, EndsWithItsSchedule)
 {
     std::atomic<int> attempts = 0;
-    std::promise<void> ended;
-    // What an attempt holds is released when the thread that would make it has ended.
-    std::shared_ptr<void> held(nullptr, [&ended](void *) { ended.set_value(); });
+    Ending ending;
     const ServerProbe probe(
         {0ms, std::chrono::steady_clock::now()},
-        [&attempts, held = std::move(held)](const std::stop_token &) { return ++attempts > 0; },
-        [] {});
+        [&attempts, held = ending.held()](const std::stop_token &) { return ++attempts > 1; },
+        [] { FAIL(); });
 
-    ended.get_future().wait();
-    EXPECT_EQ(attempts, 0);
+    ending.wait();
+    EXPECT_EQ(attempts, 1);
 }
 
 TEST(ServerProbe, StopsAnAttemptThatIsOnItsWay)
