@@ -13,6 +13,7 @@ enum class Call : std::int32_t
     Write, ///< into the state folder
     Flush, ///< of a file or folder of the state folder
     Rename, ///< within the state folder
+    UnseenRename, ///< the same, and the till is told that it was done
     Database, ///< a step of a statement
     Exchange ///< of the library that exchanges with the service
 };
