@@ -19,8 +19,9 @@ TranscriptFile::TranscriptFile(const QString &fileName)
     : m_name(isStandardOutput(fileName) ? u"on standard output"_s : fileName)
     , m_file(fileName)
 {
+    constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
     const bool opened = isStandardOutput(fileName) ? m_file.open(stdout, QIODevice::WriteOnly)
-                                                   : m_file.open(QIODevice::WriteOnly);
+                                                   : m_file.open(QIODevice::WriteOnly, ownerOnly);
     if (!opened)
         throw CannotDo(tr::Tr(u"cannotWriteTranscript"_s, u"не удаётся записать протокол %1: %2"_s)
                            .arg(m_name)

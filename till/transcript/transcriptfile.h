@@ -11,7 +11,8 @@ namespace till {
 class TranscriptFile
 {
 public:
-    /// @param fileName "-": standard output. An existing file is emptied.
+    /// @param fileName "-": standard output. An existing file is emptied and keeps its rights; a
+    /// new one, which will hold card numbers and customers' codes, is the owner's alone.
     /// @throws CannotDo when it cannot be written.
     explicit TranscriptFile(const QString &fileName);
 

@@ -43,6 +43,18 @@ TEST_F(TranscriptFileTest, AnOldFileIsEmptied)
     EXPECT_EQ(contents(), "");
 }
 
+TEST_F(TranscriptFileTest, ANewFileIsItsOwnersAloneAndAnOldOneKeepsItsRights)
+{
+    constexpr auto others
+        = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    till::TranscriptFile(name()).write(1);
+    EXPECT_EQ(QFile::permissions(name()) & others, QFile::Permissions());
+
+    QFile::setPermissions(name(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+    till::TranscriptFile(name()).write(1);
+    EXPECT_EQ(QFile::permissions(name()) & others, QFile::ReadGroup);
+}
+
 TEST_F(TranscriptFileTest, AFileThatCannotBeMadeIsAnError)
 {
     EXPECT_THROW(till::TranscriptFile(name() + u"/x"_s), till::CannotDo);
