@@ -109,3 +109,21 @@ endforeach()
 ")
   set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${labels_file})
 endfunction()
+
+# korvel_selected_cases(name program filter LABEL label TIMEOUT seconds [PROCESSORS count] [LONG])
+# Some cases of a test program as one test; a LONG one runs only on demand. A filter that selects nothing is a failure.
+function(korvel_selected_cases name program filter)
+  cmake_parse_arguments(PARSE_ARGV 3 arg LONG "LABEL;TIMEOUT;PROCESSORS" "")
+  set(configurations "")
+  if(arg_LONG)
+    set(configurations CONFIGURATIONS long)
+    list(APPEND arg_LABEL long)
+  endif()
+  if(NOT arg_PROCESSORS)
+    set(arg_PROCESSORS 1)
+  endif()
+  add_test(NAME ${name} COMMAND ${program} --gtest_filter=${filter} ${configurations})
+  set_tests_properties(
+    ${name} PROPERTIES LABELS "${arg_LABEL}" TIMEOUT ${arg_TIMEOUT} PROCESSORS ${arg_PROCESSORS}
+                       FAIL_REGULAR_EXPRESSION "Running 0 tests")
+endfunction()
