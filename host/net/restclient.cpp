@@ -56,9 +56,10 @@ ExchangeOutcome guardedExchange(const ExchangeRequest &request)
             RestClient::BreakerOpen, {}, u"not tried, the exchanges before it had failed"_s, {}};
     ExchangeOutcome outcome = exchange(request, settings);
     if (speaksAgainstServer(outcome.error))
-        breakers.noteFailure(
-            server, settings.breaker, [url = request.url, settings](const std::stop_token &stop) {
-                return canConnect(url, settings, stop);
+        // The probe's thread may be the last to hold the address: it gets one of its own.
+        breakers.noteFailure(server, settings.breaker,
+            [address = request.url.toEncoded(), settings](const std::stop_token &stop) {
+                return canConnect(QUrl::fromEncoded(address), settings, stop);
             });
     else
         breakers.noteSuccess(server);
