@@ -11,7 +11,7 @@
 struct ProbeSchedule
 {
     std::chrono::milliseconds pause; ///< before each attempt behind the first
-    std::chrono::steady_clock::time_point end; ///< no attempt begins later
+    std::chrono::steady_clock::time_point end; ///< no attempt behind the first begins later
 };
 
 /// Looks whether a server that was lost is back, on a thread of its own: attempts with pauses
